@@ -1,0 +1,39 @@
+# Pentalink: the everyday commands. Each one installs what is missing, configures once and
+# builds incrementally, so repeating a command with nothing changed does almost nothing.
+.PHONY: all setup configure build run test test-sanitize bench fuzz format install package clean
+
+BUILD_DIR := build
+SAN_DIR := build-sanitize
+BENCH_DIR := build-bench
+
+all: build
+
+setup:
+	@bash scripts/setup-deps.sh
+
+$(BUILD_DIR)/build.ninja: | setup
+	cmake --preset default
+
+configure: setup $(BUILD_DIR)/build.ninja
+
+build: configure
+	cmake --build --preset default
+
+run: build
+	@bash scripts/run.sh $(BUILD_DIR)/bin/pentalink
+
+test: build
+	ctest --preset default
+
+$(SAN_DIR)/build.ninja: | setup
+	cmake --preset sanitize
+
+test-sanitize: setup $(SAN_DIR)/build.ninja
+	cmake --build --preset sanitize --target nodisplay-tests
+	ctest --preset sanitize
+
+format:
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD_DIR) $(SAN_DIR) $(BENCH_DIR)

@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Starts the game, or says in one line what to do when there is no display to show it on.
+set -u
+exe=$1
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+    echo "make run: no display found (DISPLAY is not set); start it under a virtual screen with: xvfb-run make run" >&2
+    exit 1
+fi
+exec "$exe"

@@ -1,0 +1,33 @@
+// A Notifier for tests: records every message and answers from a queue of scripted answers
+// (AnswerOk when the queue is empty), so code that asks the player runs without a modal loop.
+#pragma once
+
+#include "core/notifier.h"
+
+#include <QList>
+#include <QString>
+
+struct RecordedMessage {
+    QString text;
+    QString style;
+    QString title; // empty for MsgboxA
+    bool standard = false;
+};
+
+class RecordingNotifier : public Notifier {
+public:
+    int MsgboxA(const QString& s, const QString& typ) override;
+    int standardBox(const QString& text, const QString& typ, const QString& title) override;
+
+    // Answers handed out in order to the following calls.
+    void queueAnswer(int answer) { m_answers.append(answer); }
+
+    const QList<RecordedMessage>& messages() const { return m_messages; }
+    void clear() { m_messages.clear(); }
+
+private:
+    int nextAnswer();
+
+    QList<RecordedMessage> m_messages;
+    QList<int> m_answers;
+};

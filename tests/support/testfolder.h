@@ -1,0 +1,36 @@
+// A throw-away program folder for one test: a temporary directory that $PENTALINK_HOME points
+// at while the object lives, optionally seeded with the shipped data files.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+class TestFolder {
+public:
+    // Creates the folder and points $PENTALINK_HOME (and AppFolder()) at it.
+    TestFolder();
+    // Restores the previous $PENTALINK_HOME and forgets the cached AppFolder().
+    ~TestFolder();
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+
+    // The folder, ending in "/".
+    QString path() const;
+    // path() + name.
+    QString file(const QString& name) const;
+    // Writes `bytes` to path() + name, replacing any file of that name.
+    void write(const QString& name, const QByteArray& bytes) const;
+    // The whole content of path() + name ("" when missing).
+    QByteArray read(const QString& name) const;
+    // Copies a file of the repository's data/ folder into the folder.
+    void copyShipped(const QString& name) const;
+
+private:
+    QTemporaryDir m_dir;
+    QByteArray m_previousHome;
+    bool m_hadHome = false;
+};
+
+// The repository's data/ folder, ending in "/".
+QString shippedDataDir();
