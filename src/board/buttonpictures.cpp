@@ -1,0 +1,163 @@
+// Drawing the button pictures and the window icon; see buttonpictures.h.
+#include "board/buttonpictures.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QPolygon>
+#include <QTransform>
+#include <QtMath>
+
+#include <array>
+
+namespace {
+
+constexpr int kPictureSize = 16;
+
+// A page with its top-right corner folded over, filling the picture's middle.
+void drawPage(QPainter& p) {
+    p.drawPolyline(QPolygon({QPoint(9, 0), QPoint(2, 0), QPoint(2, 15), QPoint(13, 15),
+                             QPoint(13, 4), QPoint(9, 0), QPoint(9, 4), QPoint(13, 4)}));
+}
+
+void drawTick(QPainter& p) {
+    for (int dy = 0; dy < 2; ++dy)
+        p.drawPolyline(QPolygon({QPoint(4, 9 + dy), QPoint(6, 11 + dy), QPoint(11, 6 + dy)}));
+}
+
+// Two arrows chasing each other round a circle (the "start again" sign): the upper one runs
+// clockwise over the top and points down at the right, the lower one runs under the bottom
+// and points up at the left. The second is the first turned half round.
+void drawArrows(QPainter& p) {
+    const QPolygon arc({QPoint(5, 7), QPoint(6, 6), QPoint(8, 6), QPoint(10, 8)});
+    const QPolygon head({QPoint(9, 9), QPoint(11, 9), QPoint(10, 10)});
+    QTransform halfTurn;
+    halfTurn.translate(15, 19);
+    halfTurn.rotate(180);
+    for (const QTransform& t : {QTransform(), halfTurn}) {
+        p.drawPolyline(t.map(arc));
+        p.drawPolygon(t.map(head));
+    }
+}
+
+void drawStar(QPainter& p) {
+    p.drawLine(8, 7, 8, 13);
+    p.drawLine(5, 10, 11, 10);
+    p.drawLine(6, 8, 10, 12);
+    p.drawLine(10, 8, 6, 12);
+}
+
+void drawOpenFolder(QPainter& p) {
+    // The back of the folder with its tab.
+    p.drawPolyline(QPolygon({QPoint(11, 6), QPoint(11, 3), QPoint(6, 3), QPoint(5, 2), QPoint(1, 2),
+                             QPoint(0, 3), QPoint(0, 13)}));
+    // The front flap, swung open towards the viewer.
+    p.drawPolygon(QPolygon({QPoint(4, 6), QPoint(15, 6), QPoint(11, 13), QPoint(0, 13)}));
+}
+
+QImage blankPicture(int size) {
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+} // namespace
+
+QImage buttonPictureImage(ButtonPicture picture) {
+    QImage image = blankPicture(kPictureSize);
+    QPainter p(&image);
+    // Crisp one-pixel strokes: at 16 x 16 antialiased lines turn grey and blurred.
+    p.setRenderHint(QPainter::Antialiasing, false);
+    p.setPen(QPen(Qt::black, 0));
+    p.setBrush(Qt::NoBrush);
+    switch (picture) {
+    case ButtonPicture::OpenFolder:
+        drawOpenFolder(p);
+        break;
+    case ButtonPicture::PageTick:
+        drawPage(p);
+        drawTick(p);
+        break;
+    case ButtonPicture::PageArrows:
+        drawPage(p);
+        drawArrows(p);
+        break;
+    case ButtonPicture::PageStar:
+        drawPage(p);
+        drawStar(p);
+        break;
+    }
+    return image;
+}
+
+QPixmap buttonPicture(ButtonPicture picture) {
+    return QPixmap::fromImage(buttonPictureImage(picture));
+}
+
+QImage windowIconImage(int size) {
+    QImage image = blankPicture(size);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing, true);
+    p.setRenderHint(QPainter::TextAntialiasing, true);
+    const qreal s = size;
+
+    // The tile.
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0x1d, 0x4e, 0x89));
+    p.drawRoundedRect(QRectF(0, 0, s, s), s * 0.18, s * 0.18);
+
+    // Five tips on a circle and the five crossings of the lines between them.
+    const QPointF centre(s / 2, s * 0.54);
+    const qreal outer = size < 32 ? s * 0.46 : s * 0.42;
+    const qreal inner = outer * 0.381966; // where the pentagram's lines cross
+    std::array<QPointF, 5> tips;
+    std::array<QPointF, 5> crossings;
+    for (int k = 0; k < 5; ++k) {
+        const qreal a = qDegreesToRadians(-90.0 + 72.0 * k);
+        const qreal b = qDegreesToRadians(-90.0 + 36.0 + 72.0 * k);
+        tips[k] = centre + QPointF(std::cos(a), std::sin(a)) * outer;
+        crossings[k] = centre + QPointF(std::cos(b), std::sin(b)) * inner;
+    }
+
+    if (size < 32) {
+        // Too small for lines and cells: a plain filled star.
+        QPolygonF star;
+        for (int k = 0; k < 5; ++k)
+            star << tips[k] << crossings[k];
+        p.setPen(QPen(QColor(0x1c, 0x1c, 0x1c), 1));
+        p.setBrush(QColor(0xff, 0xd8, 0x4a));
+        p.drawPolygon(star);
+        return image;
+    }
+
+    p.setPen(QPen(QColor(0xf4, 0xf1, 0xe6), s / 24, Qt::SolidLine, Qt::RoundCap));
+    for (int k = 0; k < 5; ++k)
+        p.drawLine(tips[k], tips[(k + 2) % 5]);
+
+    const qreal cell = s * 0.17;
+    p.setPen(QPen(QColor(0x1c, 0x1c, 0x1c), qMax(1.0, s / 48)));
+    p.setBrush(QColor(0xff, 0xd8, 0x4a));
+    for (const QPointF& c : crossings)
+        p.drawRect(QRectF(c.x() - cell / 2.6, c.y() - cell / 2.6, cell / 1.3, cell / 1.3));
+    for (const QPointF& c : tips)
+        p.drawRect(QRectF(c.x() - cell / 2, c.y() - cell / 2, cell, cell));
+
+    if (size >= 48) {
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setBold(true);
+        font.setPixelSize(qRound(cell * 0.8));
+        p.setFont(font);
+        const QString letters = QStringLiteral("PENTA");
+        for (int k = 0; k < 5; ++k) {
+            const QRectF box(tips[k].x() - cell / 2, tips[k].y() - cell / 2, cell, cell);
+            p.drawText(box, Qt::AlignCenter, letters.mid(k, 1));
+        }
+    }
+    return image;
+}
+
+QIcon windowIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addPixmap(QPixmap::fromImage(windowIconImage(size)));
+    return icon;
+}

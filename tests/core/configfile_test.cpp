@@ -1,0 +1,281 @@
+// The configuration file: its exact five lines, how each line is read, the fallback to the
+// defaults for a missing or damaged file, and the message when it cannot be saved.
+#include "core/configfile.h"
+
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+const QDateTime kNow(QDate(2010, 1, 31), QTime(17, 5, 9));
+const QByteArray kDefaultFile =
+    "01-31-2010 17:05:09\r\nxp.col\r\nENGLISH1.TXT\r\nArial\r\n 18 \r\n";
+
+class ConfigFileTest : public testing::Test {
+protected:
+    ConfigFile config() {
+        return ConfigFile(settings, notifier, [] { return kNow; });
+    }
+    QByteArray cfgBytes() const { return folder.read(QStringLiteral("pentalink.cfg")); }
+    void writeCfg(const QByteArray& bytes) const {
+        folder.write(QStringLiteral("pentalink.cfg"), bytes);
+    }
+
+    TestFolder folder;
+    Settings settings = Settings::forFolder(folder.path());
+    RecordingNotifier notifier;
+};
+
+// Makes every file write of this process fail past `bytes`, as on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit = m_old;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit m_old{};
+    void (*m_oldHandler)(int) = nullptr;
+};
+
+} // namespace
+
+TEST_F(ConfigFileTest, FileLivesInTheProgramFolder) {
+    EXPECT_EQ(config().path(), folder.file(QStringLiteral("pentalink.cfg")));
+}
+
+TEST_F(ConfigFileTest, NoFileCreatesTheDefaultFile) {
+    EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::DefaultsWritten);
+    EXPECT_EQ(cfgBytes(), kDefaultFile);
+    EXPECT_EQ(settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+    EXPECT_EQ(settings.DictionaryPath, QStringLiteral("english1.txt"));
+    EXPECT_EQ(settings.BoardFontName, QStringLiteral("Arial"));
+    EXPECT_EQ(settings.BoardFontSize, 18);
+    EXPECT_TRUE(notifier.messages().isEmpty());
+}
+
+TEST_F(ConfigFileTest, DefaultFileReadBackFallsBackToTheFoldersEnglish1) {
+    folder.write(QStringLiteral("english1.txt"), "word\r\n");
+    writeCfg(kDefaultFile);
+    EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::Read);
+    // "ENGLISH1.TXT" is not "english1.txt" on a case-sensitive file system.
+    EXPECT_EQ(settings.DictionaryPath, folder.file(QStringLiteral("english1.txt")));
+    EXPECT_EQ(settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+    EXPECT_EQ(cfgBytes(), kDefaultFile);
+}
+
+TEST_F(ConfigFileTest, DamagedFilesAreRewrittenWithTheDefaults) {
+    const struct {
+        const char* why;
+        QByteArray bytes;
+    } rows[] = {
+        {"empty", ""},
+        {"three lines", "01-01-2020 10:00:00\r\nblue.col\r\n/x/words.txt\r\n"},
+        {"four lines", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n"},
+        {"size not a number", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n big \r\n"},
+        {"size empty", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n\r\n"},
+        {"size blank", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n   \r\n"},
+        {"size with letters", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12pt\r\n"},
+        {"size too large", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 4294967296 \r\n"},
+        {"size decimal", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12.5 \r\n"},
+        {"binary", QByteArray("\x00\x01\x02\xff\xfe", 5)},
+        {"huge", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12 \r\n" + QByteArray(70000, 'x')},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        settings = Settings::forFolder(folder.path());
+        writeCfg(row.bytes);
+        EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::DefaultsWritten);
+        EXPECT_EQ(cfgBytes(), kDefaultFile);
+        EXPECT_EQ(settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+        EXPECT_EQ(settings.DictionaryPath, QStringLiteral("english1.txt"));
+        EXPECT_EQ(settings.BoardFontName, QStringLiteral("Arial"));
+        EXPECT_EQ(settings.BoardFontSize, 18);
+    }
+    EXPECT_TRUE(notifier.messages().isEmpty());
+}
+
+TEST_F(ConfigFileTest, DamagedFileLeavesTheFontSizeAsItWas) {
+    settings.BoardFontSize = 24;
+    writeCfg("d\r\nblue.col\r\n");
+    config().ReadcfgFile();
+    EXPECT_EQ(settings.BoardFontSize, 24);
+    EXPECT_EQ(settings.BoardFontName, QStringLiteral("Arial"));
+}
+
+TEST_F(ConfigFileTest, FontLineIsOneDelimitedField) {
+    const struct {
+        QByteArray line;
+        const char* font;
+    } rows[] = {
+        {"Times New Roman, Bold", "Times New Roman"},
+        {"\"Times New Roman, Bold\"", "Times New Roman, Bold"},
+        {"\"Courier New\"", "Courier New"},
+        {"   Liberation Sans", "Liberation Sans"},
+        {"Verdana  ,x", "Verdana"},
+        {"\t\"Open Quote", "Open Quote"},
+        {"\"DejaVu Sans\" trailing", "DejaVu Sans"},
+        {"", ""},
+    };
+    for (const auto& row : rows) {
+        writeCfg("d\r\nxp.col\r\nx\r\n" + row.line + "\r\n 18 \r\n");
+        EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::Read);
+        EXPECT_EQ(settings.BoardFontName, QString::fromLatin1(row.font)) << row.line.data();
+    }
+}
+
+TEST_F(ConfigFileTest, SizeLineIsOneNumericField) {
+    const struct {
+        QByteArray line;
+        qint32 size;
+    } rows[] = {
+        {" 18 ", 18},   {"24", 24},   {"-3 ", -3}, {" 12,13", 12},
+        {"\t14\t", 14}, {" 9 10", 9}, {"+11", 11}, {" 2147483647 ", 2147483647},
+    };
+    for (const auto& row : rows) {
+        writeCfg("d\r\nxp.col\r\nx\r\nArial\r\n" + row.line + "\r\n");
+        EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::Read) << row.line.data();
+        EXPECT_EQ(settings.BoardFontSize, row.size) << row.line.data();
+    }
+}
+
+TEST_F(ConfigFileTest, DictionaryLineIsKeptWhenTheFileExists) {
+    folder.write(QStringLiteral("english1.txt"), "word\r\n");
+    folder.write(QStringLiteral("Big Words.TXT"), "abcd\r\n");
+    folder.write(QStringLiteral("blank.txt"), "");
+    const QString fallback = folder.file(QStringLiteral("english1.txt"));
+    const struct {
+        QString line;
+        QString path;
+    } rows[] = {
+        {folder.file(QStringLiteral("Big Words.TXT")),
+         folder.file(QStringLiteral("Big Words.TXT"))},
+        {QStringLiteral("Big Words.TXT"), folder.file(QStringLiteral("Big Words.TXT"))},
+        {folder.file(QStringLiteral("big words.txt")), fallback},
+        {folder.file(QStringLiteral("blank.txt")), fallback},
+        {QStringLiteral("C:\\Games\\ENGLISH1.TXT"), fallback},
+        {QString(), fallback},
+    };
+    for (const auto& row : rows) {
+        writeCfg("d\r\nxp.col\r\n" + row.line.toUtf8() + "\r\nArial\r\n 18 \r\n");
+        EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::Read);
+        EXPECT_EQ(settings.DictionaryPath, row.path) << row.line.toStdString();
+    }
+}
+
+TEST_F(ConfigFileTest, ReadsAnyLineEndAndBothEncodings) {
+    const struct {
+        const char* why;
+        QByteArray bytes;
+        const char* scheme;
+    } rows[] = {
+        {"LF", "d\nblue.col\nx\nArial\n 18 \n", "blue.col"},
+        {"CR", "d\rblue.col\rx\rArial\r 18 ", "blue.col"},
+        {"extra lines", "d\r\nblue.col\r\nx\r\nArial\r\n 18 \r\nmore\r\n", "blue.col"},
+        {"UTF-8", "d\r\ncaf\xc3\xa9.col\r\nx\r\nArial\r\n 18 \r\n", "caf\xc3\xa9.col"},
+        {"Windows-1252", "d\r\ncaf\xe9.col\r\nx\r\nArial\r\n 18 \r\n", "caf\xc3\xa9.col"},
+        {"blank scheme", "d\r\n\r\nx\r\nArial\r\n 18 \r\n", ""},
+    };
+    for (const auto& row : rows) {
+        writeCfg(row.bytes);
+        EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::Read) << row.why;
+        EXPECT_EQ(settings.ActiveSchemeFile, QString::fromUtf8(row.scheme)) << row.why;
+    }
+}
+
+TEST_F(ConfigFileTest, SaveWritesTheFiveLines) {
+    folder.write(QStringLiteral("mine.txt"), "abcd\r\n");
+    settings.ActiveSchemeFile = QStringLiteral("Ocean.col");
+    settings.DictionaryPath = folder.file(QStringLiteral("mine.txt"));
+    settings.BoardFontName = QStringLiteral("Fran\u00e7ais Sans");
+    settings.BoardFontSize = 9;
+    ASSERT_TRUE(config().SavecfgFile());
+    EXPECT_EQ(cfgBytes(), "01-31-2010 17:05:09\r\nOcean.col\r\n" +
+                              folder.file(QStringLiteral("mine.txt")).toUtf8() +
+                              "\r\nFran\xc3\xa7"
+                              "ais Sans\r\n 9 \r\n");
+    EXPECT_TRUE(notifier.messages().isEmpty());
+
+    Settings reread = Settings::forFolder(folder.path());
+    EXPECT_EQ(ConfigFile(reread, notifier).ReadcfgFile(), ConfigFile::ReadResult::Read);
+    EXPECT_EQ(reread.ActiveSchemeFile, settings.ActiveSchemeFile);
+    EXPECT_EQ(reread.DictionaryPath, settings.DictionaryPath);
+    EXPECT_EQ(reread.BoardFontName, settings.BoardFontName);
+    EXPECT_EQ(reread.BoardFontSize, 9);
+}
+
+TEST_F(ConfigFileTest, SaveFormatsTimeAndSignPosition) {
+    const QDateTime morning(QDate(2024, 12, 5), QTime(7, 3, 0));
+    EXPECT_EQ(ConfigFile::formatFile(morning, QStringLiteral("a"), QStringLiteral("b"),
+                                     QStringLiteral("c"), -12),
+              QStringLiteral("12-05-2024 07:03:00\r\na\r\nb\r\nc\r\n-12 \r\n"));
+    const QDateTime evening(QDate(2024, 1, 9), QTime(23, 59, 58));
+    EXPECT_EQ(ConfigFile::formatFile(evening, QStringLiteral("a\r\nb"), QString(), QString(), 0),
+              QStringLiteral("01-09-2024 23:59:58\r\na  b\r\n\r\n\r\n 0 \r\n"));
+}
+
+TEST_F(ConfigFileTest, SaveFailureShowsTheMessageAndKeepsTheOldFile) {
+    writeCfg(kDefaultFile);
+    settings.ActiveSchemeFile = QStringLiteral("changed.col");
+    {
+        const FileSizeLimit diskFull(8);
+        EXPECT_FALSE(config().SavecfgFile());
+    }
+    EXPECT_EQ(cfgBytes(), kDefaultFile);
+    ASSERT_EQ(notifier.messages().size(), 1);
+    EXPECT_EQ(notifier.messages().at(0).text,
+              QStringLiteral("Configuration file:\n") +
+                  folder.file(QStringLiteral("pentalink.cfg")) +
+                  QStringLiteral("\ncould not be accessed, options not saved"));
+    EXPECT_EQ(notifier.messages().at(0).style, QStringLiteral("vbcritical+vbok"));
+    EXPECT_FALSE(notifier.messages().at(0).standard);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"pentalink.cfg"});
+}
+
+TEST_F(ConfigFileTest, SaveIntoAReadOnlyFolderFails) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "permissions do not stop root from writing";
+    writeCfg(kDefaultFile);
+    QFile::setPermissions(folder.path(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    settings.BoardFontName = QStringLiteral("Changed");
+    EXPECT_FALSE(config().SavecfgFile());
+    QFile::setPermissions(folder.path(),
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    EXPECT_EQ(cfgBytes(), kDefaultFile);
+    EXPECT_EQ(notifier.messages().size(), 1);
+}
+
+TEST_F(ConfigFileTest, SaveIntoAMissingFolderFails) {
+    settings.AppFolder = folder.path() + QStringLiteral("gone/");
+    EXPECT_FALSE(config().SavecfgFile());
+    ASSERT_EQ(notifier.messages().size(), 1);
+    EXPECT_TRUE(notifier.messages().at(0).text.contains(settings.AppFolder + "pentalink.cfg"));
+}
+
+TEST_F(ConfigFileTest, UnwritableDefaultsAreStillTaken) {
+    settings.AppFolder = folder.path() + QStringLiteral("gone/");
+    EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::DefaultsNotWritten);
+    EXPECT_EQ(settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+    EXPECT_EQ(settings.DictionaryPath, QStringLiteral("english1.txt"));
+    EXPECT_EQ(settings.BoardFontName, QStringLiteral("Arial"));
+    EXPECT_TRUE(notifier.messages().isEmpty());
+}
