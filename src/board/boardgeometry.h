@@ -1,0 +1,96 @@
+// The fixed layout of the main window in twips (15 twips to the logical pixel). The star's
+// parts are relative to the star area; everything else to the window's client area. The same
+// numbers serve the screen, the printed page and the clipboard picture.
+#pragma once
+
+#include "core/stargrid.h"
+
+#include <QLine>
+#include <QRect>
+
+#include <array>
+
+namespace BoardGeometry {
+
+constexpr int TwipsPerPixel = 15;
+
+constexpr int toPixels(int twips) { return twips / TwipsPerPixel; }
+constexpr QRect toPixels(const QRect& twips)
+{
+    return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
+            toPixels(twips.height())};
+}
+
+// The client area of the main window.
+constexpr int ClientWidth = 5340;
+constexpr int ClientHeight = 6135;
+
+// The star area (`Picture2`) in client coordinates.
+constexpr QRect StarArea{30, 60, 5265, 4755};
+
+// `Linex(0..4)`, star-area coordinates, in drawing order (the cells of each line as
+// StarGrid::lineCells gives them). Drawn 2 pixels wide.
+constexpr std::array<QLine, StarGrid::LineCount> Lines{{
+    {2550, 720, 1350, 4050},
+    {2670, 720, 3840, 4020},
+    {810, 1980, 4320, 1980},
+    {810, 2160, 3540, 4170},
+    {4320, 2160, 1560, 4170},
+}};
+constexpr int LineWidthPixels = 2;
+
+// `Lts(0..9)`: the letter cells, star-area coordinates.
+constexpr int CellSize = 465;
+constexpr std::array<QRect, StarGrid::CellCount> Cells{{
+    {2370, 240, CellSize, CellSize},
+    {360, 1770, CellSize, CellSize},
+    {1800, 1770, CellSize, CellSize},
+    {2940, 1770, CellSize, CellSize},
+    {4320, 1770, CellSize, CellSize},
+    {1500, 2730, CellSize, CellSize},
+    {3180, 2700, CellSize, CellSize},
+    {2340, 3240, CellSize, CellSize},
+    {1080, 4020, CellSize, CellSize},
+    {3540, 4020, CellSize, CellSize},
+}};
+
+// `wn(1..10)`: the word-number markers, star-area coordinates; index 0 is unused.
+constexpr int MarkerWidth = 345;
+constexpr int MarkerHeight = 375;
+constexpr std::array<QRect, StarGrid::DirectionCount + 1> Markers{{
+    {},
+    {2280, 930, MarkerWidth, MarkerHeight},
+    {2640, 930, MarkerWidth, MarkerHeight},
+    {900, 1860, MarkerWidth, MarkerHeight},
+    {3900, 1860, MarkerWidth, MarkerHeight},
+    {900, 2220, MarkerWidth, MarkerHeight},
+    {3900, 2220, MarkerWidth, MarkerHeight},
+    {1290, 3660, MarkerWidth, MarkerHeight},
+    {3600, 3660, MarkerWidth, MarkerHeight},
+    {1590, 3900, MarkerWidth, MarkerHeight},
+    {3180, 3900, MarkerWidth, MarkerHeight},
+}};
+
+// `pw(1..8)`: the word tiles, client coordinates; index 0 is unused.
+constexpr int TileWidth = 1200;
+constexpr int TileHeight = 375;
+constexpr std::array<QRect, StarGrid::CandidateCount + 1> Tiles{{
+    {},
+    {30, 4890, TileWidth, TileHeight},
+    {1385, 4890, TileWidth, TileHeight},
+    {2740, 4890, TileWidth, TileHeight},
+    {4095, 4890, TileWidth, TileHeight},
+    {30, 5310, TileWidth, TileHeight},
+    {1380, 5310, TileWidth, TileHeight},
+    {2745, 5310, TileWidth, TileHeight},
+    {4095, 5310, TileWidth, TileHeight},
+}};
+
+// The status line `Label2` and the four picture buttons, client coordinates.
+constexpr QRect StatusLine{30, 5730, 3885, 345};
+constexpr QRect DictButton{3960, 5730, 330, 330};
+constexpr QRect ShowSolButton{4290, 5730, 330, 330};
+constexpr QRect ResetButton{4620, 5730, 330, 330};
+constexpr QRect CreateButton{4950, 5730, 330, 330};
+
+} // namespace BoardGeometry
