@@ -17,11 +17,6 @@ constexpr qint64 kLowestKey = 1;
 constexpr qint64 kHighestKey = 99998;
 constexpr int kPollEvery = 4096; // entries filled between two polls of the event pump
 
-struct ShuffleKey {
-    qint64 number;
-    QString entry;
-};
-
 // The order of "five digits + entry" texts compared without regard to case: the fixed-width
 // number first, then the entry.
 bool keyLess(const ShuffleKey& a, const ShuffleKey& b) {
@@ -31,6 +26,10 @@ bool keyLess(const ShuffleKey& a, const ShuffleKey& b) {
 }
 
 } // namespace
+
+void sortShuffleKeys(std::vector<ShuffleKey>& keys) {
+    std::stable_sort(keys.begin(), keys.end(), keyLess);
+}
 
 DictionaryLoader::DictionaryLoader(clsSimpleArray& wordList, RandomSource& random,
                                    Notifier* notifier)
@@ -72,7 +71,7 @@ void DictionaryLoader::fill(const QStringList& words) {
         keys.push_back({number, reversedCodePoints(word) + u'*'});
     }
     if (m_shuffled)
-        std::stable_sort(keys.begin(), keys.end(), keyLess);
+        sortShuffleKeys(keys);
 
     m_wordList.Clear();
     int sinceLastPoll = 0;

@@ -14,10 +14,22 @@
 
 #include <QString>
 
+#include <vector>
+
 class clsSimpleArray;
 class EventPump;
 class Notifier;
 class RandomSource;
+
+// One entry of the shuffle: its random number (the five-digit key prefix) and its text.
+struct ShuffleKey {
+    qint64 number;
+    QString entry;
+};
+
+// Orders keys ascending as the texts "number as five digits" + entry compared without regard
+// to case; keys that compare equal keep their relative order.
+void sortShuffleKeys(std::vector<ShuffleKey>& keys);
 
 class DictionaryLoader {
 public:
