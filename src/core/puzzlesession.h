@@ -62,8 +62,9 @@ public:
     bool LoadDictionary(const QString& path);
 
     // The dictionary command once the player has picked `path`: "" (cancelled) changes
-    // nothing. On a successful load DictionaryPath() becomes `path` and boardCleared() is
-    // emitted; on failure everything keeps its previous value. Ignored while busy.
+    // nothing. On a successful load DictionaryPath() becomes `path`, and boardCleared() and
+    // completionCheckStopped() are emitted; on failure everything keeps its previous value.
+    // Ignored (false) while busy.
     bool openDictionary(const QString& path);
 
     // The create command.
