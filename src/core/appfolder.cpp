@@ -12,27 +12,23 @@
 
 namespace {
 
-std::optional<QString>& cachedFolder()
-{
+std::optional<QString>& cachedFolder() {
     static std::optional<QString> folder;
     return folder;
 }
 
-QString withSlash(const QString& path)
-{
+QString withSlash(const QString& path) {
     const QString clean = QDir::cleanPath(path);
     return clean.endsWith(u'/') ? clean : clean + u'/';
 }
 
-bool isWritableDir(const QString& dir)
-{
+bool isWritableDir(const QString& dir) {
     const QFileInfo info(dir);
     return info.isDir() && info.isWritable();
 }
 
 // Copies every shipped file that the per-user folder lacks from the installed data folder.
-void seedUserFolder(const QString& folder)
-{
+void seedUserFolder(const QString& folder) {
     const QString source = QStringLiteral(PENTALINK_DATADIR);
     for (const QString& name : shippedDataFiles()) {
         const QString target = folder + name;
@@ -44,15 +40,14 @@ void seedUserFolder(const QString& folder)
     }
 }
 
-QString resolve()
-{
+QString resolve() {
     const QString home = qEnvironmentVariable("PENTALINK_HOME");
     if (!home.isEmpty()) {
         QDir().mkpath(home);
         return withSlash(QDir(home).absolutePath());
     }
-    const QString exeDir = QCoreApplication::instance() ? QCoreApplication::applicationDirPath()
-                                                        : QDir::currentPath();
+    const QString exeDir =
+        QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
     if (QFileInfo::exists(exeDir + QStringLiteral("/all.col")) && isWritableDir(exeDir))
         return withSlash(exeDir);
 
@@ -67,18 +62,18 @@ QString resolve()
 
 } // namespace
 
-QStringList shippedDataFiles()
-{
+QStringList shippedDataFiles() {
     return {QStringLiteral("english1.txt"), QStringLiteral("all.col"),
             QStringLiteral("pentalink.htm")};
 }
 
-QString AppFolder()
-{
+QString AppFolder() {
     std::optional<QString>& folder = cachedFolder();
     if (!folder)
         folder = resolve();
     return *folder;
 }
 
-void resetAppFolderForTests() { cachedFolder().reset(); }
+void resetAppFolderForTests() {
+    cachedFolder().reset();
+}

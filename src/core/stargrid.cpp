@@ -16,18 +16,18 @@ constexpr std::array<std::array<int, 4>, StarGrid::LineCount> kLines = {{
     {4, 6, 7, 8},
 }};
 
-bool validDirection(int k) { return k >= 1 && k <= StarGrid::DirectionCount; }
+bool validDirection(int k) {
+    return k >= 1 && k <= StarGrid::DirectionCount;
+}
 
 } // namespace
 
-StarGrid::StarGrid()
-{
+StarGrid::StarGrid() {
     for (int k = 1; k <= DirectionCount; ++k)
         LineTable[k] = QString::fromLatin1(kLineTable[k - 1]);
 }
 
-std::array<int, 4> StarGrid::cellsOf(int direction) const
-{
+std::array<int, 4> StarGrid::cellsOf(int direction) const {
     std::array<int, 4> cells{-1, -1, -1, -1};
     if (!validDirection(direction))
         return cells;
@@ -37,8 +37,7 @@ std::array<int, 4> StarGrid::cellsOf(int direction) const
     return cells;
 }
 
-int StarGrid::reverseOf(int direction) const
-{
+int StarGrid::reverseOf(int direction) const {
     if (!validDirection(direction))
         return -1;
     QString reversed = LineTable[direction];
@@ -50,8 +49,7 @@ int StarGrid::reverseOf(int direction) const
     return -1;
 }
 
-std::array<int, 2> StarGrid::directionsStartingAt(int cell) const
-{
+std::array<int, 2> StarGrid::directionsStartingAt(int cell) const {
     std::array<int, 2> found{-1, -1};
     int n = 0;
     for (int k = 1; k <= DirectionCount && n < 2; ++k) {
@@ -61,15 +59,13 @@ std::array<int, 2> StarGrid::directionsStartingAt(int cell) const
     return found;
 }
 
-std::array<int, 4> StarGrid::lineCells(int line)
-{
+std::array<int, 4> StarGrid::lineCells(int line) {
     if (line < 0 || line >= LineCount)
         return {-1, -1, -1, -1};
     return kLines[line];
 }
 
-std::array<int, 2> StarGrid::linesThrough(int cell)
-{
+std::array<int, 2> StarGrid::linesThrough(int cell) {
     std::array<int, 2> found{-1, -1};
     int n = 0;
     for (int line = 0; line < LineCount && n < 2; ++line) {
@@ -83,8 +79,7 @@ std::array<int, 2> StarGrid::linesThrough(int cell)
     return found;
 }
 
-QString StarGrid::solutionWord(int direction) const
-{
+QString StarGrid::solutionWord(int direction) const {
     QString word;
     if (!validDirection(direction))
         return word;
@@ -93,14 +88,12 @@ QString StarGrid::solutionWord(int direction) const
     return word;
 }
 
-void StarGrid::clearSolution()
-{
+void StarGrid::clearSolution() {
     for (QString& letter : SolutionLetters)
         letter.clear();
 }
 
-bool StarGrid::hasSolution() const
-{
+bool StarGrid::hasSolution() const {
     for (int p = 1; p <= CellCount; ++p) {
         if (SolutionLetters[p].isEmpty())
             return false;

@@ -8,14 +8,12 @@
 
 #include <gtest/gtest.h>
 
-TEST(AppFolder, FollowsPentalinkHomeAndEndsInSlash)
-{
+TEST(AppFolder, FollowsPentalinkHomeAndEndsInSlash) {
     const TestFolder folder;
     EXPECT_EQ(AppFolder(), folder.path());
 }
 
-TEST(AppFolder, CreatesAMissingHomeFolder)
-{
+TEST(AppFolder, CreatesAMissingHomeFolder) {
     const TestFolder folder;
     const QString nested = folder.path() + QStringLiteral("a/b");
     qputenv("PENTALINK_HOME", nested.toLocal8Bit());

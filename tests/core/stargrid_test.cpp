@@ -5,8 +5,7 @@
 
 #include <set>
 
-TEST(StarGridTables, EveryCellDigitAppearsInExactlyFourDirections)
-{
+TEST(StarGridTables, EveryCellDigitAppearsInExactlyFourDirections) {
     const StarGrid grid;
     for (int cell = 0; cell < StarGrid::CellCount; ++cell) {
         int count = 0;
@@ -16,8 +15,7 @@ TEST(StarGridTables, EveryCellDigitAppearsInExactlyFourDirections)
     }
 }
 
-TEST(StarGridTables, EveryDirectionHasAReverseThatIsNotItself)
-{
+TEST(StarGridTables, EveryDirectionHasAReverseThatIsNotItself) {
     const StarGrid grid;
     const int expected[] = {0, 7, 8, 4, 3, 10, 9, 1, 2, 6, 5};
     for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
@@ -30,8 +28,7 @@ TEST(StarGridTables, EveryDirectionHasAReverseThatIsNotItself)
     EXPECT_EQ(grid.reverseOf(11), -1);
 }
 
-TEST(StarGridTables, DirectionsAreTheFiveLinesEachWay)
-{
+TEST(StarGridTables, DirectionsAreTheFiveLinesEachWay) {
     const StarGrid grid;
     std::set<std::set<int>> lines;
     for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
@@ -47,8 +44,7 @@ TEST(StarGridTables, DirectionsAreTheFiveLinesEachWay)
     EXPECT_EQ(lines.size(), 5u);
 }
 
-TEST(StarGridTables, OnlyTipsStartDirections)
-{
+TEST(StarGridTables, OnlyTipsStartDirections) {
     const StarGrid grid;
     for (int cell : {0, 1, 4, 8, 9}) {
         const auto dirs = grid.directionsStartingAt(cell);
@@ -59,8 +55,7 @@ TEST(StarGridTables, OnlyTipsStartDirections)
         EXPECT_EQ(grid.directionsStartingAt(cell)[0], -1) << cell;
 }
 
-TEST(StarGridTables, LinesThroughACellMatchTheStar)
-{
+TEST(StarGridTables, LinesThroughACellMatchTheStar) {
     using Pair = std::array<int, 2>;
     EXPECT_EQ(StarGrid::linesThrough(0), (Pair{0, 1}));
     EXPECT_EQ(StarGrid::linesThrough(2), (Pair{0, 2}));
@@ -69,8 +64,7 @@ TEST(StarGridTables, LinesThroughACellMatchTheStar)
     EXPECT_EQ(StarGrid::linesThrough(10), (Pair{-1, -1}));
 }
 
-TEST(StarGridRecord, StartsWithoutAPuzzle)
-{
+TEST(StarGridRecord, StartsWithoutAPuzzle) {
     const StarGrid grid;
     EXPECT_FALSE(grid.hasSolution());
     EXPECT_EQ(grid.SelectedWord, -1);
@@ -81,8 +75,7 @@ TEST(StarGridRecord, StartsWithoutAPuzzle)
     EXPECT_EQ(grid.solutionWord(1), QString());
 }
 
-TEST(StarGridRecord, SolutionWordReadsTheCellsInDirectionOrder)
-{
+TEST(StarGridRecord, SolutionWordReadsTheCellsInDirectionOrder) {
     StarGrid grid;
     const QString letters = QStringLiteral("abcdefghij"); // cell n holds letter n
     for (int p = 1; p <= 10; ++p)

@@ -1,0 +1,27 @@
+// Command-line options of pentalink-gen.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+struct GenOptions {
+    enum class Format { Text, Json };
+
+    QString dictionary; // "" -> the program folder's english1.txt
+    int count = 1;      // create requests to make, >= 1
+    std::optional<quint64> seed;
+    bool shuffle = true;
+    Format format = Format::Text;
+};
+
+struct GenParseResult {
+    enum class Status { Run, Help, Error };
+    Status status = Status::Run;
+    GenOptions options;
+    QString message; // the help text, or what is wrong with the arguments
+};
+
+// Parses the arguments (argv[0] first).
+GenParseResult parseGenOptions(const QStringList& arguments);

@@ -1,0 +1,212 @@
+// Reading a dictionary file: decoding, line ends and the four-character rule; see
+// dictionaryfile.h.
+#include "core/dictionaryfile.h"
+
+#include "core/eventpump.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+
+namespace {
+
+constexpr qint64 kChunkSize = 64 * 1024;
+constexpr int kWordLength = 4;
+
+// Windows-1252 for the bytes 0x80..0x9F; the five unassigned bytes map to the C1 controls of
+// the same value, as the platform's own conversion does. All other bytes equal Latin-1.
+constexpr std::array<char16_t, 32> kWindows1252High = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+// Splits characters into lines and keeps the lines of exactly four characters. Only the first
+// characters of a line are stored, so a line of any length costs nothing.
+class LineCollector {
+public:
+    LineCollector(QStringList& words, EventPump* pump)
+        : m_words(words)
+        , m_pump(pump) {}
+
+    void put(char32_t c) {
+        if (c == U'\r') {
+            endLine();
+            m_afterCr = true;
+            return;
+        }
+        if (c == U'\n') {
+            if (!m_afterCr)
+                endLine();
+            m_afterCr = false;
+            return;
+        }
+        m_afterCr = false;
+        if (m_length < kWordLength + 1) {
+            if (m_length < kWordLength)
+                appendCodePoint(c);
+            ++m_length;
+        }
+    }
+
+    // Ends the last line when it has no line end of its own.
+    void finish() {
+        if (m_length > 0)
+            endLine();
+    }
+
+private:
+    void appendCodePoint(char32_t c) {
+        if (QChar::requiresSurrogates(c)) {
+            m_line.append(QChar(QChar::highSurrogate(c)));
+            m_line.append(QChar(QChar::lowSurrogate(c)));
+        } else {
+            m_line.append(QChar(static_cast<char16_t>(c)));
+        }
+    }
+
+    void endLine() {
+        if (m_length == kWordLength)
+            m_words.append(m_line);
+        m_line.clear();
+        m_length = 0;
+        if (m_pump)
+            m_pump->poll();
+    }
+
+    QStringList& m_words;
+    EventPump* m_pump;
+    QString m_line;
+    int m_length = 0; // characters of the current line, saturating at 5
+    bool m_afterCr = false;
+};
+
+// A strict UTF-8 decoder fed in chunks: rejects stray continuation bytes, overlong forms,
+// surrogates, values above U+10FFFF and a sequence cut off by the end of the file.
+class Utf8Decoder {
+public:
+    // Decodes `bytes`, passing each character to `emit`. Returns false at the first error.
+    template <typename Emit> bool feed(const char* bytes, qint64 size, Emit emit) {
+        for (qint64 k = 0; k < size; ++k) {
+            const auto b = static_cast<unsigned char>(bytes[k]);
+            if (m_needed == 0) {
+                if (b < 0x80) {
+                    emitCharacter(b, emit);
+                } else if ((b & 0xE0) == 0xC0) {
+                    start(b & 0x1F, 1, 0x80);
+                } else if ((b & 0xF0) == 0xE0) {
+                    start(b & 0x0F, 2, 0x800);
+                } else if ((b & 0xF8) == 0xF0) {
+                    start(b & 0x07, 3, 0x10000);
+                } else {
+                    return false;
+                }
+                continue;
+            }
+            if ((b & 0xC0) != 0x80)
+                return false;
+            m_value = (m_value << 6) | (b & 0x3F);
+            if (--m_needed == 0) {
+                if (m_value < m_minimum || m_value > 0x10FFFF ||
+                    (m_value >= 0xD800 && m_value <= 0xDFFF))
+                    return false;
+                emitCharacter(m_value, emit);
+            }
+        }
+        return true;
+    }
+
+    bool complete() const { return m_needed == 0; }
+
+private:
+    void start(char32_t bits, int needed, char32_t minimum) {
+        m_value = bits;
+        m_needed = needed;
+        m_minimum = minimum;
+    }
+
+    template <typename Emit> void emitCharacter(char32_t c, Emit emit) {
+        const bool byteOrderMark = m_first && c == 0xFEFF;
+        m_first = false;
+        if (!byteOrderMark)
+            emit(c);
+    }
+
+    char32_t m_value = 0;
+    char32_t m_minimum = 0;
+    int m_needed = 0;
+    bool m_first = true;
+};
+
+char32_t windows1252(unsigned char b) {
+    return (b >= 0x80 && b <= 0x9F) ? kWindows1252High[b - 0x80] : b;
+}
+
+// Reads the whole file through `decode(chunk) -> bool`; false from decode stops early.
+// Returns false with `error` set when the file cannot be read.
+template <typename Decode>
+bool readChunks(QFile& file, EventPump* pump, QString& error, Decode decode) {
+    if (!file.seek(0)) {
+        error = file.errorString();
+        return false;
+    }
+    QByteArray chunk(kChunkSize, Qt::Uninitialized);
+    for (;;) {
+        const qint64 got = file.read(chunk.data(), kChunkSize);
+        if (got < 0) {
+            error = file.errorString();
+            return false;
+        }
+        if (got == 0)
+            return true;
+        if (!decode(chunk.constData(), got))
+            return true;
+        if (pump)
+            pump->poll();
+    }
+}
+
+} // namespace
+
+DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump) {
+    DictionaryFileContents result;
+    if (QFileInfo(path).isDir()) {
+        result.error = QStringLiteral("It is a folder, not a file.");
+        return result;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        result.error = file.errorString();
+        return result;
+    }
+
+    // First as UTF-8; at the first invalid byte start again as Windows-1252.
+    {
+        LineCollector lines(result.words, pump);
+        Utf8Decoder decoder;
+        bool valid = true;
+        if (!readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
+                valid = decoder.feed(bytes, size, [&](char32_t c) { lines.put(c); });
+                return valid;
+            }))
+            return result;
+        if (valid && decoder.complete()) {
+            lines.finish();
+            result.ok = true;
+            return result;
+        }
+    }
+
+    result.words.clear();
+    result.windows1252 = true;
+    LineCollector lines(result.words, pump);
+    if (!readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
+            for (qint64 k = 0; k < size; ++k)
+                lines.put(windows1252(static_cast<unsigned char>(bytes[k])));
+            return true;
+        }))
+        return result;
+    lines.finish();
+    result.ok = true;
+    return result;
+}

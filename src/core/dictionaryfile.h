@@ -1,0 +1,22 @@
+// Reads the usable words of a dictionary file: one entry per line, a line ending at CR LF,
+// LF or CR (a last line without an end counts too). A line is accepted when it is exactly four
+// characters (code points) long as read: no trimming, no change of case, no check of the
+// characters. The bytes are read as UTF-8 when the whole file is valid UTF-8 (a leading byte
+// order mark is skipped), otherwise as Windows-1252. Memory stays bounded by the accepted
+// words however long a line is, so binary and huge files are harmless.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class EventPump;
+
+struct DictionaryFileContents {
+    bool ok = false;          // false: the file could not be opened or read
+    QString error;            // the reason, when !ok
+    QStringList words;        // the accepted lines, in file order (duplicates kept)
+    bool windows1252 = false; // the bytes were not valid UTF-8
+};
+
+// Reads `path`. `pump` (may be null) is polled while reading so the window stays responsive.
+DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump);

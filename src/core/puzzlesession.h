@@ -1,0 +1,107 @@
+// The puzzle side of the main window: owns the word list, the puzzle record, the random
+// generator and the current dictionary path, and carries out the create command and the
+// dictionary command. The window listens to the signals to update its widgets (tiles, board,
+// status label, wait pointer) and asks the player through the Notifier.
+//
+// Long work lets pending window events run, so a click can arrive while a create request or a
+// load is still running: such requests (create, or choosing a dictionary) are ignored until
+// the running one has finished (isBusy()).
+#pragma once
+
+#include "core/clssimplearray.h"
+#include "core/dictionary.h"
+#include "core/eventpump.h"
+#include "core/puzzlegenerator.h"
+#include "core/randomsource.h"
+#include "core/stargrid.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class Notifier;
+
+class PuzzleSession : public QObject {
+    Q_OBJECT
+
+public:
+    enum class CreateOutcome {
+        Ignored,      // another request was still running
+        NoDictionary, // the word list was empty: "No Dictioary Loaded"
+        Failed,       // no puzzle: the four-line message, then the dictionary was reloaded
+        Created,      // a puzzle is in grid()
+    };
+
+    // notifier: where messages go (null: nowhere). The event pump lets
+    // QCoreApplication::processEvents() run at most every few milliseconds; the generator is
+    // the literal one and the random source is seeded from the system.
+    explicit PuzzleSession(Notifier* notifier, QObject* parent = nullptr);
+    ~PuzzleSession() override;
+
+    clsSimpleArray& WordList() { return m_wordList; }
+    const clsSimpleArray& WordList() const { return m_wordList; }
+    StarGrid& grid() { return m_grid; }
+    const StarGrid& grid() const { return m_grid; }
+    RandomSource& random() { return m_random; }
+    EventPump& eventPump() { return m_pump; }
+    DictionaryLoader& dictionary() { return m_loader; }
+    const DictionaryLoader& dictionary() const { return m_loader; }
+
+    // Replaces the generator (for example by a faster one giving the same results).
+    void setGenerator(std::unique_ptr<PuzzleGenerator> generator);
+
+    // The dictionary that reloads read. Setting it loads nothing.
+    QString DictionaryPath() const { return m_dictionaryPath; }
+    void setDictionaryPath(const QString& path) { m_dictionaryPath = path; }
+
+    bool isBusy() const { return m_busy; }
+
+    // Loads `path` into the word list (start-up, reloads). On failure the notifier names the
+    // file and the word list and status keep their previous values. Returns success.
+    bool LoadDictionary(const QString& path);
+
+    // The dictionary command once the player has picked `path`: "" (cancelled) changes
+    // nothing. On a successful load DictionaryPath() becomes `path`, and boardCleared() and
+    // completionCheckStopped() are emitted; on failure everything keeps its previous value.
+    // Ignored (false) while busy.
+    bool openDictionary(const QString& path);
+
+    // The create command.
+    CreateOutcome createPuzzle();
+
+    // The last generator run of createPuzzle().
+    const GenerationResult& lastGeneration() const { return m_lastGeneration; }
+
+Q_SIGNALS:
+    // Show (true) or restore (false) the wait pointer.
+    void waitPointerChanged(bool waiting);
+    // Stop the completion check timer.
+    void completionCheckStopped();
+    // Every word tile: caption "", tag "", disabled.
+    void tilesCleared();
+    // The star board is disabled during the search and enabled afterwards.
+    void boardEnabledChanged(bool enabled);
+    // A new puzzle is in grid(): tiles from CandidateWords (enabled, sunken, colours of the
+    // scheme, empty tags); every cell entry and word-number tag emptied; no word selected.
+    void puzzleCreated();
+    // Status label text and tooltip after a successful load.
+    void dictionaryStatusChanged(const QString& text, const QString& toolTip);
+    // A dictionary chosen by the player was loaded: clear the board and the tiles.
+    void boardCleared();
+
+private:
+    class BusyScope;
+    bool loadQuietly(const QString& path);
+
+    Notifier* m_notifier;
+    clsSimpleArray m_wordList;
+    StarGrid m_grid;
+    RandomSource m_random;
+    EventPump m_pump;
+    DictionaryLoader m_loader;
+    std::unique_ptr<PuzzleGenerator> m_generator;
+    QString m_dictionaryPath;
+    GenerationResult m_lastGeneration;
+    bool m_busy = false;
+};

@@ -1,0 +1,183 @@
+// pentalink-gen run as a user runs it: JSON lines parsed back, the text drawing, the default
+// dictionary of the program folder, and bad arguments.
+#include "puzzlecheck.h"
+#include "support/testfolder.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+const QStringList kKnownWords = {"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"};
+
+struct GenRun {
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+GenRun runGen(const QStringList& arguments) {
+    QProcess process;
+    process.start(QStringLiteral(PENTALINK_GEN_PATH), arguments);
+    EXPECT_TRUE(process.waitForFinished(60000));
+    GenRun run;
+    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    run.out = QString::fromUtf8(process.readAllStandardOutput());
+    run.err = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+QStringList lines(const QString& text) {
+    QStringList all = text.split(u'\n');
+    EXPECT_EQ(all.takeLast(), QString()) << "output ends with a line end";
+    return all;
+}
+
+// Fills a StarGrid from one JSON puzzle line so the puzzle rules can be checked.
+StarGrid gridFrom(const QJsonObject& o) {
+    StarGrid grid;
+    const QJsonArray cells = o.value(QStringLiteral("cells")).toArray();
+    const QJsonArray words = o.value(QStringLiteral("candidates")).toArray();
+    const QJsonArray decoys = o.value(QStringLiteral("decoys")).toArray();
+    EXPECT_EQ(cells.size(), 10);
+    EXPECT_EQ(words.size(), 8);
+    EXPECT_EQ(decoys.size(), 8);
+    for (int p = 1; p <= 10 && p <= cells.size(); ++p)
+        grid.SolutionLetters[p] = cells[p - 1].toString();
+    for (int i = 1; i <= 8 && i <= words.size() && i <= decoys.size(); ++i) {
+        grid.CandidateWords[i] = words[i - 1].toString();
+        grid.DecoyFlags[i] = decoys[i - 1].toInt(-1);
+    }
+    return grid;
+}
+
+class PentalinkGenTest : public ::testing::Test {
+protected:
+    QString writeDictionary(const QString& name, const QStringList& words) {
+        m_folder.write(name, words.join(u'\n').toUtf8());
+        return m_folder.file(name);
+    }
+
+    TestFolder m_folder;
+};
+
+} // namespace
+
+TEST_F(PentalinkGenTest, JsonOfAKnownDictionaryInFileOrder) {
+    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const GenRun run = runGen({"--dictionary", path, "--no-shuffle", "--format", "json"});
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(
+        run.out,
+        QStringLiteral("{\"ok\": true, \"root\": \"sect\", \"cells\": [\"k\", \"s\", \"e\", "
+                       "\"c\", \"t\", \"e\", \"e\", \"o\", \"p\", \"h\"], \"candidates\": "
+                       "[\"hawk\", \"heck\", \"hoes\", \"keep\", \"peek\", \"poet\", \"sect\", "
+                       "\"smut\"], \"decoys\": [1, 0, 0, 1, 0, 0, 0, 1], \"list_count\": 15}\n"));
+}
+
+TEST_F(PentalinkGenTest, JsonLinesParseBackIntoValidPuzzlesInKeyOrder) {
+    QStringList words;
+    std::mt19937 random(5);
+    for (int n = 0; n < 150; ++n) {
+        QString w;
+        for (int k = 0; k < 4; ++k)
+            w += QChar(char16_t(u'a' + random() % 5));
+        words << w;
+    }
+    const QString path = writeDictionary(QStringLiteral("many.txt"), words);
+    const QStringList args = {"--dictionary", path, "--count",  "6",
+                              "--seed",       "11", "--format", "json"};
+    const GenRun run = runGen(args);
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(runGen(args).out, run.out) << "the same seed gives the same puzzles";
+    const QStringList output = lines(run.out);
+    ASSERT_EQ(output.size(), 6);
+    int expectedCount = 2 * int(words.size());
+    int puzzles = 0;
+    for (const QString& line : output) {
+        QJsonParseError error;
+        const QJsonObject o = QJsonDocument::fromJson(line.toUtf8(), &error).object();
+        ASSERT_EQ(error.error, QJsonParseError::NoError) << line.toStdString();
+        if (!o.value(QStringLiteral("ok")).toBool()) {
+            EXPECT_EQ(o.keys(), QStringList({"list_count", "ok"}));
+            expectedCount = 2 * int(words.size());
+            EXPECT_EQ(o.value(QStringLiteral("list_count")).toInt(), expectedCount);
+            continue;
+        }
+        ++puzzles;
+        qsizetype at = -1;
+        for (const char* key : {"\"ok\"", "\"root\"", "\"cells\"", "\"candidates\"", "\"decoys\"",
+                                "\"list_count\""}) {
+            const qsizetype next = line.indexOf(QLatin1String(key));
+            EXPECT_GT(next, at) << key << " out of order in " << line.toStdString();
+            at = next;
+        }
+        --expectedCount;
+        EXPECT_EQ(o.value(QStringLiteral("list_count")).toInt(), expectedCount);
+        const StarGrid grid = gridFrom(o);
+        expectValidPuzzle(grid, QSet<QString>(words.begin(), words.end()));
+        EXPECT_EQ(grid.solutionWord(3), o.value(QStringLiteral("root")).toString().left(4));
+    }
+    EXPECT_GE(puzzles, 4);
+}
+
+TEST_F(PentalinkGenTest, FailedRequestsReportTheReloadedCount) {
+    const QString path = writeDictionary(QStringLiteral("few.txt"),
+                                         {"aaaa", "aaab", "abaa", "abab", "baba", "bbbb", "abba"});
+    const GenRun run = runGen({"--dictionary", path, "--count", "2", "--format", "json"});
+    ASSERT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out, QStringLiteral("{\"ok\": false, \"list_count\": 14}\n"
+                                      "{\"ok\": false, \"list_count\": 14}\n"));
+}
+
+TEST_F(PentalinkGenTest, TextDrawsTheStarAndMarksTheDecoys) {
+    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const GenRun run = runGen({"--dictionary", path, "--no-shuffle"});
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_TRUE(
+        run.out.startsWith(QStringLiteral("Puzzle 1 (root entry \"sect\", 15 entries left)")));
+    EXPECT_EQ(run.out.count(QStringLiteral("(decoy)")), 3);
+    for (const QString& word : kKnownWords)
+        EXPECT_TRUE(run.out.contains(word)) << word.toStdString();
+    // The bar: left tip s, crossings e and c, right tip t, on one line joined by dashes.
+    EXPECT_TRUE(run.out.contains(QRegularExpression(QStringLiteral("s-+e-+c-+t"))));
+}
+
+TEST_F(PentalinkGenTest, DefaultDictionaryIsTheProgramFoldersEnglish1) {
+    writeDictionary(QStringLiteral("english1.txt"), kKnownWords);
+    const GenRun run = runGen({"--no-shuffle", "--format", "json"});
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.startsWith(QStringLiteral("{\"ok\": true, \"root\": \"sect\"")));
+}
+
+TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
+    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString empty = writeDictionary(QStringLiteral("empty.txt"), {"toolong", "abc"});
+    const QList<QStringList> cases = {
+        {"--count", "0", "--dictionary", path},
+        {"--count", "many", "--dictionary", path},
+        {"--seed", "-1", "--dictionary", path},
+        {"--format", "xml", "--dictionary", path},
+        {"--frobnicate"},
+        {"--dictionary", path, "extra"},
+        {"--dictionary", m_folder.file(QStringLiteral("missing.txt"))},
+        {"--dictionary", m_folder.path()},
+        {"--dictionary", empty},
+    };
+    for (const QStringList& args : cases) {
+        const GenRun run = runGen(args);
+        EXPECT_EQ(run.exitCode, 2) << args.join(u' ').toStdString();
+        EXPECT_TRUE(run.err.startsWith(QStringLiteral("pentalink-gen: "))) << run.err.toStdString();
+        EXPECT_TRUE(run.out.isEmpty()) << args.join(u' ').toStdString();
+    }
+    const GenRun help = runGen({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_TRUE(help.out.contains(QStringLiteral("--no-shuffle")));
+}

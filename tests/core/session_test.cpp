@@ -1,0 +1,156 @@
+// The create and dictionary commands: messages, what the window is told and in which order,
+// the reload after a failure, and requests that arrive while one is running.
+#include "core/puzzlesession.h"
+
+#include "puzzlecheck.h"
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QStringList kKnownWords = {"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"};
+const QStringList kTooFewWords = {"aaaa", "aaab", "abaa", "abab", "baba", "bbbb", "abba"};
+
+class SessionTest : public ::testing::Test {
+protected:
+    SessionTest() {
+        m_session.eventPump().setAction({});
+        m_session.dictionary().setShuffled(false);
+        QObject::connect(&m_session, &PuzzleSession::waitPointerChanged,
+                         [this](bool on) { m_events << (on ? "wait" : "arrow"); });
+        QObject::connect(&m_session, &PuzzleSession::completionCheckStopped,
+                         [this] { m_events << "stop-check"; });
+        QObject::connect(&m_session, &PuzzleSession::tilesCleared,
+                         [this] { m_events << "tiles-cleared"; });
+        QObject::connect(&m_session, &PuzzleSession::boardEnabledChanged,
+                         [this](bool on) { m_events << (on ? "board-on" : "board-off"); });
+        QObject::connect(&m_session, &PuzzleSession::puzzleCreated,
+                         [this] { m_events << "created"; });
+        QObject::connect(&m_session, &PuzzleSession::boardCleared,
+                         [this] { m_events << "board-cleared"; });
+        QObject::connect(&m_session, &PuzzleSession::dictionaryStatusChanged,
+                         [this](const QString& text, const QString&) { m_events << text; });
+    }
+
+    QString writeDictionary(const QString& name, const QStringList& words) {
+        m_folder.write(name, words.join(QStringLiteral("\r\n")).toUtf8());
+        return m_folder.file(name);
+    }
+
+    TestFolder m_folder;
+    RecordingNotifier m_notifier;
+    PuzzleSession m_session{&m_notifier};
+    QStringList m_events;
+};
+
+} // namespace
+
+TEST_F(SessionTest, CreateWithoutDictionaryReportsItAndChangesNothing) {
+    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::NoDictionary);
+    ASSERT_EQ(m_notifier.messages().size(), 1);
+    EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("No Dictioary Loaded"));
+    EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbcritical+vbok"));
+    EXPECT_FALSE(m_notifier.messages()[0].standard);
+    EXPECT_TRUE(m_events.isEmpty());
+}
+
+TEST_F(SessionTest, SuccessfulCreateTellsTheWindowInOrder) {
+    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    ASSERT_TRUE(m_session.openDictionary(path));
+    m_events.clear();
+    m_session.grid().SelectedWord = 3;
+    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Created);
+    EXPECT_EQ(m_events, QStringList({"wait", "stop-check", "tiles-cleared", "board-off", "board-on",
+                                     "created", "arrow"}));
+    EXPECT_EQ(m_session.grid().SelectedWord, -1);
+    EXPECT_EQ(m_session.lastGeneration().root, QStringLiteral("sect"));
+    expectValidPuzzle(m_session.grid(), QSet<QString>(kKnownWords.begin(), kKnownWords.end()));
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
+}
+
+TEST_F(SessionTest, FailedCreateShowsTheFourLinesAndReloadsTheDictionary) {
+    const QString path = writeDictionary(QStringLiteral("few.txt"), kTooFewWords);
+    ASSERT_TRUE(m_session.openDictionary(path));
+    m_events.clear();
+    m_session.WordList().RemoveItem(0); // a reload must bring it back
+    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Failed);
+    ASSERT_EQ(m_notifier.messages().size(), 1);
+    EXPECT_EQ(m_notifier.messages()[0].text,
+              QStringLiteral("Unable to create a puzzle\r\n"
+                             "The Dictionary may not have enough words for this puzzle\r\n"
+                             "Will reinstate the words used already ...\r\n"
+                             "Please try again"));
+    EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbcritical+vbok"));
+    EXPECT_EQ(m_events, QStringList({"wait", "stop-check", "tiles-cleared", "board-off", "board-on",
+                                     "arrow", "wait", "arrow", "Dictionary: few.txt (7 words)"}));
+    EXPECT_EQ(m_session.WordList().ListCount(), 14);
+    EXPECT_EQ(m_session.WordList().List(0), QStringLiteral("aaaa"));
+    EXPECT_FALSE(m_session.grid().hasSolution());
+}
+
+TEST_F(SessionTest, SuccessesUseUpRootsUntilAFailureReloadsThem) {
+    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    ASSERT_TRUE(m_session.openDictionary(path));
+    QStringList roots;
+    PuzzleSession::CreateOutcome outcome;
+    while ((outcome = m_session.createPuzzle()) == PuzzleSession::CreateOutcome::Created) {
+        EXPECT_FALSE(roots.contains(m_session.lastGeneration().root));
+        roots << m_session.lastGeneration().root;
+        ASSERT_EQ(m_session.WordList().ListCount(), 16 - roots.size());
+    }
+    EXPECT_EQ(outcome, PuzzleSession::CreateOutcome::Failed);
+    EXPECT_GE(roots.size(), 1);
+    EXPECT_EQ(m_session.WordList().ListCount(), 16);
+}
+
+TEST_F(SessionTest, RequestsWhileCreatingAreIgnored) {
+    const QString known = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString other = writeDictionary(QStringLiteral("other.txt"), kTooFewWords);
+    ASSERT_TRUE(m_session.openDictionary(known));
+    qint64 now = 0;
+    m_session.eventPump().setClock([&now] { return now += 100; }); // every poll runs
+    QList<PuzzleSession::CreateOutcome> nested;
+    bool openedDuringRun = false;
+    m_session.eventPump().setAction([&] {
+        nested << m_session.createPuzzle();
+        openedDuringRun = openedDuringRun || m_session.openDictionary(other);
+    });
+    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Created);
+    ASSERT_FALSE(nested.isEmpty());
+    for (PuzzleSession::CreateOutcome o : nested)
+        EXPECT_EQ(o, PuzzleSession::CreateOutcome::Ignored);
+    EXPECT_FALSE(openedDuringRun);
+    EXPECT_EQ(m_session.DictionaryPath(), known);
+    EXPECT_FALSE(m_session.isBusy());
+}
+
+TEST_F(SessionTest, DictionaryCommandKeepsEverythingOnCancelOrFailure) {
+    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    EXPECT_TRUE(m_session.openDictionary(path));
+    EXPECT_EQ(m_session.DictionaryPath(), path);
+    EXPECT_EQ(m_events, QStringList({"wait", "arrow", "Dictionary: known.txt (8 words)",
+                                     "board-cleared", "stop-check"}));
+    m_events.clear();
+
+    EXPECT_FALSE(m_session.openDictionary(QString())); // cancelled picker
+    EXPECT_FALSE(m_session.openDictionary(m_folder.file(QStringLiteral("nope.txt"))));
+    EXPECT_EQ(m_session.DictionaryPath(), path);
+    EXPECT_EQ(m_session.WordList().ListCount(), 16);
+    EXPECT_EQ(m_session.dictionary().statusText(),
+              QStringLiteral("Dictionary: known.txt (8 words)"));
+    EXPECT_EQ(m_events, QStringList({"wait", "arrow"}));
+    ASSERT_EQ(m_notifier.messages().size(), 1);
+    EXPECT_TRUE(m_notifier.messages()[0].text.contains(QStringLiteral("nope.txt")));
+}
+
+TEST_F(SessionTest, FailedReloadKeepsTheUsedUpList) {
+    const QString path = writeDictionary(QStringLiteral("few.txt"), kTooFewWords);
+    ASSERT_TRUE(m_session.openDictionary(path));
+    ASSERT_TRUE(QFile::remove(path));
+    m_session.WordList().RemoveItem(0);
+    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Failed);
+    EXPECT_EQ(m_notifier.messages().size(), 2); // the four lines, then the unreadable file
+    EXPECT_EQ(m_session.WordList().ListCount(), 13);
+}

@@ -1,0 +1,42 @@
+// The program's random source and the throttled event pump.
+#include "core/eventpump.h"
+#include "core/randomsource.h"
+
+#include <gtest/gtest.h>
+
+TEST(RandomSource, SameSeedSameSequenceWithinBounds) {
+    RandomSource a(99);
+    RandomSource b(99);
+    bool sawLow = false;
+    bool sawHigh = false;
+    for (int n = 0; n < 2000; ++n) {
+        const qint64 x = a.between(1, 6);
+        EXPECT_EQ(x, b.between(1, 6));
+        ASSERT_GE(x, 1);
+        ASSERT_LE(x, 6);
+        sawLow = sawLow || x == 1;
+        sawHigh = sawHigh || x == 6;
+    }
+    EXPECT_TRUE(sawLow && sawHigh);
+    EXPECT_EQ(a.between(5, 5), 5);
+}
+
+TEST(EventPump, RunsOnlyWhenTheIntervalHasPassed) {
+    qint64 now = 1000;
+    int runs = 0;
+    EventPump pump([&runs] { ++runs; }, 5, [&now] { return now; });
+    pump.poll();
+    now += 4;
+    pump.poll();
+    EXPECT_EQ(runs, 0);
+    now += 1;
+    pump.poll();
+    EXPECT_EQ(runs, 1);
+    pump.poll();
+    EXPECT_EQ(runs, 1);
+    pump.runNow();
+    EXPECT_EQ(runs, 2);
+    now += 5;
+    pump.poll();
+    EXPECT_EQ(runs, 3);
+}

@@ -1,0 +1,156 @@
+// The wildcard test: a table of cases, a differential check against std::regex on random
+// patterns and texts over a small alphabet, and patterns that would explode a naive matcher.
+#include "core/wildcard.h"
+
+#include <QString>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <regex>
+#include <string>
+
+namespace {
+
+struct Case {
+    const char* text;
+    const char* pattern;
+    bool matches;
+};
+
+// A second, independent formulation: the pattern rewritten as an ECMAScript regular
+// expression over single bytes (the random alphabet is ASCII).
+std::string escaped(char c) {
+    const std::string special = "\\^$.|?*+()[]{}-/";
+    return special.find(c) != std::string::npos ? std::string("\\") + c : std::string(1, c);
+}
+
+bool regexMatches(const std::string& text, const std::string& pattern) {
+    std::string re;
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        const char c = pattern[i];
+        if (c == '*') {
+            re += "[\\s\\S]*";
+        } else if (c == '?') {
+            re += "[\\s\\S]";
+        } else if (c == '#') {
+            re += "[0-9]";
+        } else if (c == '[') {
+            const size_t close = pattern.find(']', i + 1);
+            if (close == std::string::npos)
+                return false; // an unclosed list matches nothing
+            std::string body = pattern.substr(i + 1, close - i - 1);
+            const bool negated = !body.empty() && body[0] == '!';
+            if (negated)
+                body.erase(0, 1);
+            std::string members;
+            for (size_t k = 0; k < body.size(); ++k) {
+                if (k + 2 < body.size() && body[k + 1] == '-') {
+                    if (body[k] <= body[k + 2])
+                        members += escaped(body[k]) + "-" + escaped(body[k + 2]);
+                    k += 2;
+                } else {
+                    members += escaped(body[k]);
+                }
+            }
+            if (members.empty())
+                re += negated ? "[\\s\\S]" : "[^\\s\\S]";
+            else
+                re += (negated ? "[^" : "[") + members + "]";
+            i = close;
+        } else {
+            re += escaped(c);
+        }
+    }
+    return std::regex_match(text, std::regex(re));
+}
+
+} // namespace
+
+TEST(Wildcard, TableOfCases) {
+    const Case cases[] = {
+        {"cake", "cake", true},
+        {"cake", "Cake", false},
+        {"cake", "cak", false},
+        {"cake", "?a??*", true},
+        {"ekac*", "?k??*", true},
+        {"cake", "?a??", true},
+        {"cakes", "?a??", false},
+        {"", "*", true},
+        {"", "?", false},
+        {"", "", true},
+        {"a", "", false},
+        {"abc", "a*c", true},
+        {"ac", "a*c", true},
+        {"abcbc", "a*bc", true},
+        {"abcb", "a*bc", false},
+        {"a1", "a#", true},
+        {"ab", "a#", false},
+        {"b", "[abc]", true},
+        {"d", "[abc]", false},
+        {"d", "[!abc]", true},
+        {"a", "[!abc]", false},
+        {"m", "[a-z]", true},
+        {"M", "[a-z]", false},
+        {"-", "[a-]", true},
+        {"-", "[-a]", true},
+        {"b", "[z-a]", false},
+        {"x", "[]", false},
+        {"x", "[!]", true},
+        {"]", "]", true},
+        {"!", "!", true},
+        {"ab", "[a", false},
+        {"[a", "[a", false},
+        {"a[", "a[", false},
+        {"a*", "a[*]", true},
+        {"a?", "a[?]", true},
+        {"ab", "a[?]", false},
+        {"\u00fcber", "?ber", true},
+        {"\u00fcber", "\u00fc*", true},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(matchesWildcard(QString::fromUtf8(c.text), QString::fromUtf8(c.pattern)),
+                  c.matches)
+            << '"' << c.text << "\" like \"" << c.pattern << '"';
+    }
+}
+
+TEST(Wildcard, QuestionMarkTakesAWholeSurrogatePair) {
+    const QString emoji = QString::fromUtf8("a\xF0\x9F\x98\x80"
+                                            "b");
+    EXPECT_TRUE(matchesWildcard(emoji, QStringLiteral("a?b")));
+    EXPECT_FALSE(matchesWildcard(emoji, QStringLiteral("a??b")));
+    EXPECT_TRUE(matchesWildcard(emoji, QString::fromUtf8("*[\xF0\x9F\x98\x80]*")));
+}
+
+TEST(Wildcard, AgreesWithARegularExpressionFormulation) {
+    const std::string alphabet = "ab1?*#[]!-";
+    const std::string textAlphabet = "ab1[]!-*";
+    std::mt19937 random(20240611);
+    auto pick = [&](const std::string& from, int maxLength) {
+        std::string s(std::uniform_int_distribution<int>(0, maxLength)(random), ' ');
+        for (char& c : s)
+            c = from[std::uniform_int_distribution<size_t>(0, from.size() - 1)(random)];
+        return s;
+    };
+    int matched = 0;
+    for (int n = 0; n < 20000; ++n) {
+        const std::string pattern = pick(alphabet, 7);
+        const std::string text = pick(textAlphabet, 6);
+        const bool expected = regexMatches(text, pattern);
+        matched += expected;
+        ASSERT_EQ(matchesWildcard(QString::fromStdString(text), QString::fromStdString(pattern)),
+                  expected)
+            << '"' << text << "\" like \"" << pattern << '"';
+    }
+    EXPECT_GT(matched, 500) << "the random cases should include many matches";
+}
+
+TEST(Wildcard, ManyStarsAgainstALongTextStayLinear) {
+    const QString text(5000, u'a');
+    QString pattern;
+    for (int n = 0; n < 40; ++n)
+        pattern += QStringLiteral("*a");
+    EXPECT_FALSE(matchesWildcard(text, pattern + QStringLiteral("*b")));
+    EXPECT_TRUE(matchesWildcard(text, pattern + u'*'));
+}
