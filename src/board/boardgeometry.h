@@ -14,7 +14,12 @@ namespace BoardGeometry {
 
 constexpr int TwipsPerPixel = 15;
 
-constexpr int toPixels(int twips) { return twips / TwipsPerPixel; }
+// Twips to the nearest logical pixel (halves round up), as the layout places controls.
+constexpr int toPixels(int twips)
+{
+    return twips >= 0 ? (twips + TwipsPerPixel / 2) / TwipsPerPixel
+                      : -((-twips + TwipsPerPixel / 2) / TwipsPerPixel);
+}
 constexpr QRect toPixels(const QRect& twips)
 {
     return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
@@ -26,7 +31,7 @@ constexpr int ClientWidth = 5340;
 constexpr int ClientHeight = 6135;
 
 // The star area (`Picture2`) in client coordinates.
-constexpr QRect StarArea{30, 60, 5265, 4755};
+constexpr QRect StarAreaRect{30, 60, 5265, 4755};
 
 // `Linex(0..4)`, star-area coordinates, in drawing order (the cells of each line as
 // StarGrid::lineCells gives them). Drawn 2 pixels wide.

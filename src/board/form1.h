@@ -1,0 +1,105 @@
+// The main window `Form1`: the star board, the eight word tiles, the status line, the four
+// picture buttons and the menu bar, on a fixed layout. It owns the puzzle session (word list,
+// puzzle record, generator) for the whole run, runs the start-up sequence, applies the colour
+// scheme (SetCol) and turns menu choices and clicks into commands. It holds no game rules:
+// the puzzle session and the play model decide, the window renders their state.
+#pragma once
+
+#include "core/configfile.h"
+#include "core/puzzlesession.h"
+#include "core/settings.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <array>
+#include <memory>
+
+class BoxControl;
+class ClickLabel;
+class ColourScheme;
+class FNDialog;
+class MsgForm;
+class Notifier;
+class QLabel;
+class StarArea;
+struct MainMenu;
+
+class Form1 : public QMainWindow {
+    Q_OBJECT
+public:
+    // The window works on the program-wide `settings` and `scheme` and asks the player through
+    // `notifier`; all three must outlive it. `msgForm` (may be null) is the message window whose
+    // colours SetCol keeps in step with the scheme. The constructor runs the start-up sequence
+    // up to arming Timer1; the dictionary loads on Timer1's first tick once the window shows.
+    Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgForm* msgForm,
+          QWidget* parent = nullptr);
+    ~Form1() override;
+
+    // Applies the active scheme and the board font to the window, its menus and the message
+    // window.
+    void SetCol();
+    // The hidden button "Trigger SetCol": reloads the active scheme from the collection, then
+    // SetCol. The Options window's Apply calls it.
+    void Command2Click();
+    // Reads the configuration file into the settings (start-up), and writes it (Exit).
+    void ReadcfgFile();
+    void SavecfgFile();
+
+    // The commands of the menus and buttons.
+    void createCommand();
+    void dictionaryCommand();
+    void exitCommand();
+
+    PuzzleSession& session() { return *m_session; }
+    FNDialog& gf1() { return *m_gf1; }
+    QTimer& timer1() { return m_timer1; }
+    MainMenu& menu() { return *m_menu; }
+    StarArea& starArea() { return *m_starArea; }
+    ClickLabel* tile(int i) const { return m_tiles.at(i); }
+    QLabel* statusLine() const { return m_label2; }
+    BoxControl* cmddict() const { return m_cmddict; }
+    BoxControl* cmdshowsol() const { return m_cmdshowsol; }
+    BoxControl* cmdreset() const { return m_cmdreset; }
+    BoxControl* cmdcreate() const { return m_cmdcreate; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    void buildLayout();
+    void buildButtons();
+    void connectCommands();
+    void startUp();
+    void timer1Tick();
+    void notAvailableYet(const QString& what);
+    void letEventsRun();
+    QColor colour(int index) const;
+
+    // Session signals.
+    void showPuzzle();
+    void clearTiles();
+    void ClearBoard();
+
+    Settings& m_settings;
+    ColourScheme& m_scheme;
+    Notifier& m_notifier;
+    MsgForm* m_msgForm;
+    ConfigFile m_config;
+    std::unique_ptr<PuzzleSession> m_session;
+    std::unique_ptr<MainMenu> m_menu;
+
+    QWidget* m_client = nullptr;
+    StarArea* m_starArea = nullptr;
+    std::array<ClickLabel*, StarGrid::CandidateCount + 1> m_tiles{};
+    QLabel* m_label2 = nullptr;
+    BoxControl* m_cmddict = nullptr;
+    BoxControl* m_cmdshowsol = nullptr;
+    BoxControl* m_cmdreset = nullptr;
+    BoxControl* m_cmdcreate = nullptr;
+    FNDialog* m_gf1 = nullptr;
+
+    QTimer m_timer1;
+    bool m_exiting = false;
+};
