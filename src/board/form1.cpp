@@ -83,7 +83,7 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
 {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Pentalink  "));
-    setWindowIcon(windowIcon());
+    setWindowIcon(::windowIcon());
     // A fixed single frame with a minimise button and no maximise button.
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
