@@ -1,6 +1,13 @@
-// Entry point of the game: checks that there is a screen to draw on, then opens the window.
+// Entry point of the game: checks that there is a screen to draw on, builds the program-wide
+// objects (settings, colour scheme, message window) and opens the main window.
+#include "appearance/colourscheme.h"
+#include "board/buttonpictures.h"
+#include "board/form1.h"
+#include "core/settings.h"
+#include "ui/msgform.h"
+#include "ui/msgformnotifier.h"
+
 #include <QApplication>
-#include <QWidget>
 
 #include <cstdio>
 
@@ -26,11 +33,15 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("pentalink"));
     QApplication::setApplicationDisplayName(QStringLiteral("Pentalink"));
+    QApplication::setWindowIcon(windowIcon());
 
-    // The client area is 5340 x 6135 twips (15 twips to the pixel).
-    QWidget window;
-    window.setWindowTitle(QStringLiteral("Pentalink  "));
-    window.setFixedSize(5340 / 15, 6135 / 15);
-    window.show();
+    Settings settings;
+    ColourScheme scheme(settings);
+    MsgForm msgForm;
+    MsgFormNotifier notifier(msgForm);
+    scheme.setNotifier(&notifier);
+
+    Form1 form(settings, scheme, notifier, &msgForm);
+    form.show();
     return app.exec();
 }
