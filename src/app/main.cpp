@@ -14,16 +14,14 @@
 namespace {
 
 // Qt aborts with a long toolkit message when no display is reachable; say it in one line.
-bool displayAvailable()
-{
+bool displayAvailable() {
     return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
            qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
 } // namespace
 
-int main(int argc, char* argv[])
-{
+int main(int argc, char* argv[]) {
     if (!displayAvailable()) {
         std::fputs("pentalink: no display found (DISPLAY is not set); on a machine without a "
                    "screen run it as: xvfb-run make run\n",

@@ -15,13 +15,11 @@ namespace BoardGeometry {
 constexpr int TwipsPerPixel = 15;
 
 // Twips to the nearest logical pixel (halves round up), as the layout places controls.
-constexpr int toPixels(int twips)
-{
+constexpr int toPixels(int twips) {
     return twips >= 0 ? (twips + TwipsPerPixel / 2) / TwipsPerPixel
                       : -((-twips + TwipsPerPixel / 2) / TwipsPerPixel);
 }
-constexpr QRect toPixels(const QRect& twips)
-{
+constexpr QRect toPixels(const QRect& twips) {
     return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
             toPixels(twips.height())};
 }

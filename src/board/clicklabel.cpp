@@ -5,25 +5,21 @@
 
 ClickLabel::ClickLabel(int index, QWidget* parent)
     : QLabel(parent)
-    , m_index(index)
-{
+    , m_index(index) {
     setMouseTracking(true);
 }
 
-void ClickLabel::mousePressEvent(QMouseEvent* event)
-{
+void ClickLabel::mousePressEvent(QMouseEvent* event) {
     // Accept the press so the release comes back to this label.
     event->accept();
 }
 
-void ClickLabel::mouseReleaseEvent(QMouseEvent* event)
-{
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     Q_EMIT released(m_index);
 }
 
-void ClickLabel::mouseMoveEvent(QMouseEvent* event)
-{
+void ClickLabel::mouseMoveEvent(QMouseEvent* event) {
     QLabel::mouseMoveEvent(event);
     Q_EMIT hovered(m_index);
 }

@@ -19,6 +19,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QLabel>
+#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -30,24 +31,21 @@ namespace {
 constexpr int BackgroundColour = 2;
 constexpr int MenuColour = 3;
 
-void setBackground(QWidget* widget, const QColor& colour)
-{
+void setBackground(QWidget* widget, const QColor& colour) {
     QPalette palette = widget->palette();
     palette.setColor(QPalette::Window, colour);
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
 }
 
-void setTextColour(QWidget* widget, const QColor& colour)
-{
+void setTextColour(QWidget* widget, const QColor& colour) {
     QPalette palette = widget->palette();
     palette.setColor(QPalette::WindowText, colour);
     widget->setPalette(palette);
 }
 
 // Gives the menu bar and every menu below it a solid background.
-void setMenuColour(QMenuBar* bar, const QColor& colour)
-{
+void setMenuColour(QMenuBar* bar, const QColor& colour) {
     const auto paint = [&colour](QWidget* widget) {
         QPalette palette = widget->palette();
         for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
@@ -60,8 +58,7 @@ void setMenuColour(QMenuBar* bar, const QColor& colour)
         paint(menu);
 }
 
-QFont boardFont(const QString& family, int pointSize, bool bold)
-{
+QFont boardFont(const QString& family, int pointSize, bool bold) {
     QFont font(family);
     font.setPointSize(pointSize);
     font.setBold(bold);
@@ -79,8 +76,7 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_notifier(notifier)
     , m_msgForm(msgForm)
     , m_config(settings, notifier)
-    , m_session(std::make_unique<PuzzleSession>(&notifier))
-{
+    , m_session(std::make_unique<PuzzleSession>(&notifier)) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(::windowIcon());
@@ -100,8 +96,7 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
 
 Form1::~Form1() = default;
 
-void Form1::buildLayout()
-{
+void Form1::buildLayout() {
     m_client = new QWidget(this);
     m_client->setObjectName(QStringLiteral("client"));
     m_client->setFixedSize(toPixels(ClientWidth), toPixels(ClientHeight));
@@ -135,8 +130,7 @@ void Form1::buildLayout()
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void Form1::buildButtons()
-{
+void Form1::buildButtons() {
     const auto make = [this](const char* name, const QRect& place, ButtonPicture picture,
                              const QString& tip) {
         auto* button = new BoxControl(m_client);
@@ -149,16 +143,15 @@ void Form1::buildButtons()
     };
     m_cmddict = make("cmddict", DictButton, ButtonPicture::OpenFolder,
                      QStringLiteral("Open a Dictionary File"));
-    m_cmdshowsol = make("cmdshowsol", ShowSolButton, ButtonPicture::PageTick,
-                        QStringLiteral("Show Solution"));
+    m_cmdshowsol =
+        make("cmdshowsol", ShowSolButton, ButtonPicture::PageTick, QStringLiteral("Show Solution"));
     m_cmdreset = make("cmdreset", ResetButton, ButtonPicture::PageArrows,
                       QStringLiteral("Clear User Entries"));
     m_cmdcreate = make("cmdcreate", CreateButton, ButtonPicture::PageStar,
                        QStringLiteral("Create a New Puzzle"));
 }
 
-void Form1::connectCommands()
-{
+void Form1::connectCommands() {
     MainMenu& menu = *m_menu;
     connect(menu.mnudict, &QAction::triggered, this, &Form1::dictionaryCommand);
     connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
@@ -201,8 +194,7 @@ void Form1::connectCommands()
     connect(&m_timer1, &QTimer::timeout, this, &Form1::timer1Tick);
 }
 
-void Form1::startUp()
-{
+void Form1::startUp() {
     m_settings.BoardFontName = QStringLiteral("Arial");
     m_settings.BoardFontSize = 18;
     m_settings.AppFolder = AppFolder();
@@ -248,8 +240,7 @@ void Form1::startUp()
         move(screen->availableGeometry().center() - rect().center());
 }
 
-void Form1::timer1Tick()
-{
+void Form1::timer1Tick() {
     for (int i = 1; i <= StarGrid::CandidateCount; ++i)
         m_tiles[i]->clear();
     m_session->LoadDictionary(m_session->DictionaryPath());
@@ -258,13 +249,11 @@ void Form1::timer1Tick()
     QApplication::restoreOverrideCursor();
 }
 
-QColor Form1::colour(int index) const
-{
+QColor Form1::colour(int index) const {
     return OleTranslateColor(m_scheme.SchemeColours[index]);
 }
 
-void Form1::SetCol()
-{
+void Form1::SetCol() {
     m_scheme.ButtonColourIndex = 4;
     const QColor background = colour(BackgroundColour);
     const QColor button = colour(m_scheme.ButtonColourIndex);
@@ -306,24 +295,25 @@ void Form1::SetCol()
     }
 }
 
-void Form1::Command2Click()
-{
+void Form1::Command2Click() {
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
 }
 
-void Form1::ReadcfgFile() { m_config.ReadcfgFile(); }
+void Form1::ReadcfgFile() {
+    m_config.ReadcfgFile();
+}
 
-void Form1::SavecfgFile()
-{
+void Form1::SavecfgFile() {
     m_settings.DictionaryPath = m_session->DictionaryPath();
     m_config.SavecfgFile();
 }
 
-void Form1::createCommand() { m_session->createPuzzle(); }
+void Form1::createCommand() {
+    m_session->createPuzzle();
+}
 
-void Form1::dictionaryCommand()
-{
+void Form1::dictionaryCommand() {
     if (m_session->isBusy())
         return;
     const QString folder = QDir::currentPath();
@@ -338,11 +328,11 @@ void Form1::dictionaryCommand()
     m_session->openDictionary(answer);
 }
 
-void Form1::exitCommand()
-{
+void Form1::exitCommand() {
     if (m_exiting)
         return;
-    const int answer = m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+    const int answer =
+        m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
     if (answer != AnswerYes)
         return;
@@ -356,8 +346,7 @@ void Form1::exitCommand()
     close();
 }
 
-void Form1::closeEvent(QCloseEvent* event)
-{
+void Form1::closeEvent(QCloseEvent* event) {
     // Closing by the frame ends the program without saving; only Exit saves.
     if (m_session->isBusy()) {
         // The search lets events run; let it finish before the session goes away.
@@ -368,23 +357,22 @@ void Form1::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-void Form1::mouseMoveEvent(QMouseEvent* event)
-{
+void Form1::mouseMoveEvent(QMouseEvent* event) {
     QMainWindow::mouseMoveEvent(event);
     setCursor(Qt::ArrowCursor);
 }
 
-void Form1::notAvailableYet(const QString& what)
-{
+void Form1::notAvailableYet(const QString& what) {
     m_notifier.MsgboxA(what + QStringLiteral(" is not available yet."),
                        QStringLiteral("vbok+vbinformation"));
     letEventsRun();
 }
 
-void Form1::letEventsRun() { QCoreApplication::processEvents(); }
+void Form1::letEventsRun() {
+    QCoreApplication::processEvents();
+}
 
-void Form1::showPuzzle()
-{
+void Form1::showPuzzle() {
     const StarGrid& grid = m_session->grid();
     const QColor button = colour(m_scheme.ButtonColourIndex);
     const QColor text = OleTranslateColor(m_settings.TextColour);
@@ -400,16 +388,14 @@ void Form1::showPuzzle()
         m_starArea->cell(c)->clear();
 }
 
-void Form1::clearTiles()
-{
+void Form1::clearTiles() {
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
         m_tiles[i]->clear();
         m_tiles[i]->setEnabled(false);
     }
 }
 
-void Form1::ClearBoard()
-{
+void Form1::ClearBoard() {
     const QColor background = colour(BackgroundColour);
     const QColor button = colour(m_scheme.ButtonColourIndex);
     for (int c = 0; c < StarGrid::CellCount; ++c) {

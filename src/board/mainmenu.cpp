@@ -7,22 +7,19 @@
 
 namespace {
 
-QAction* addEntry(QMenu* menu, const char* name, const QString& caption)
-{
+QAction* addEntry(QMenu* menu, const char* name, const QString& caption) {
     QAction* action = menu->addAction(caption);
     action->setObjectName(QString::fromLatin1(name));
     return action;
 }
 
-QAction* addSeparator(QMenu* menu, const char* name)
-{
+QAction* addSeparator(QMenu* menu, const char* name) {
     QAction* action = menu->addSeparator();
     action->setObjectName(QString::fromLatin1(name));
     return action;
 }
 
-QMenu* addMenu(QMenuBar* bar, const char* name, const QString& caption)
-{
+QMenu* addMenu(QMenuBar* bar, const char* name, const QString& caption) {
     QMenu* menu = bar->addMenu(caption);
     menu->setObjectName(QString::fromLatin1(name));
     return menu;
@@ -30,8 +27,7 @@ QMenu* addMenu(QMenuBar* bar, const char* name, const QString& caption)
 
 } // namespace
 
-MainMenu::MainMenu(QMenuBar* bar)
-{
+MainMenu::MainMenu(QMenuBar* bar) {
     // Captions carry no "&": no entry has a shortcut key.
     mnumain = addMenu(bar, "mnumain", QStringLiteral("File"));
     mnucolsch = addEntry(mnumain, "mnucolsch", QStringLiteral("Options"));

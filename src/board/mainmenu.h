@@ -14,8 +14,8 @@ struct MainMenu {
     // Fills `bar` (which keeps ownership of everything created).
     explicit MainMenu(QMenuBar* bar);
 
-    QMenu* mnumain = nullptr;  // "File"
-    QMenu* mnudictx = nullptr; // "Puzzle"
+    QMenu* mnumain = nullptr;      // "File"
+    QMenu* mnudictx = nullptr;     // "Puzzle"
     QMenu* mnucopy2clip = nullptr; // "Copy to Clipboard"
 
     QAction* mnucolsch = nullptr; // "Options"
@@ -25,8 +25,8 @@ struct MainMenu {
     QAction* cmdexitx = nullptr;  // "Exit"
     QAction* can1 = nullptr;      // "Cancel"
 
-    QAction* mnucreate = nullptr;  // "Create"
-    QAction* mnuprint = nullptr;   // "Print"
-    QAction* mnu2clip[4] = {};     // "Puzzle", "Solution", separator, "Cancel"
-    QAction* can6 = nullptr;       // "Cancel"
+    QAction* mnucreate = nullptr; // "Create"
+    QAction* mnuprint = nullptr;  // "Print"
+    QAction* mnu2clip[4] = {};    // "Puzzle", "Solution", separator, "Cancel"
+    QAction* can6 = nullptr;      // "Cancel"
 };

@@ -10,8 +10,7 @@
 using namespace BoardGeometry;
 
 StarArea::StarArea(QWidget* parent)
-    : QWidget(parent)
-{
+    : QWidget(parent) {
     setObjectName(QStringLiteral("Picture2"));
     setGeometry(toPixels(StarAreaRect));
     setAutoFillBackground(true);
@@ -43,22 +42,19 @@ StarArea::StarArea(QWidget* parent)
     }
 }
 
-void StarArea::setLineColour(const QColor& colour)
-{
+void StarArea::setLineColour(const QColor& colour) {
     m_lineColour = colour;
     update();
 }
 
-void StarArea::paintEvent(QPaintEvent*)
-{
+void StarArea::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(1.0 / TwipsPerPixel, 1.0 / TwipsPerPixel);
     paintStarLines(painter, m_lineColour);
 }
 
-void StarArea::mouseMoveEvent(QMouseEvent* event)
-{
+void StarArea::mouseMoveEvent(QMouseEvent* event) {
     QWidget::mouseMoveEvent(event);
     Q_EMIT hovered();
 }

@@ -6,8 +6,7 @@
 #include <QPainter>
 #include <QPen>
 
-void paintStarLines(QPainter& painter, const QColor& colour)
-{
+void paintStarLines(QPainter& painter, const QColor& colour) {
     painter.save();
     QPen pen(colour);
     pen.setWidthF(BoardGeometry::LineWidthPixels * BoardGeometry::TwipsPerPixel);

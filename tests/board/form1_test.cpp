@@ -1,0 +1,264 @@
+// The main window, headless: its fixed layout, the menu bar, SetCol, start-up with and
+// without a configuration, the create and dictionary commands, and Exit against the close box.
+#include "board/form1.h"
+
+#include "appearance/colourscheme.h"
+#include "board/boardgeometry.h"
+#include "board/clicklabel.h"
+#include "board/mainmenu.h"
+#include "board/stararea.h"
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+#include "ui/boxcontrol.h"
+#include "ui/fndialog.h"
+#include "ui/msgform.h"
+#include "ui/olecolor.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace BoardGeometry;
+
+namespace {
+
+// Five words that cross (sect/peek/heck/poet/hoes, keep, hawk, smut) give one known puzzle.
+const QByteArray SmallDictionary = "sect\npeek\nheck\npoet\nhoes\nkeep\nhawk\nsmut\n";
+
+// A program folder with the shipped schemes and a small dictionary, and a running window.
+class Form1Test : public ::testing::Test {
+protected:
+    void SetUp() override {
+        m_folder.copyShipped(QStringLiteral("all.col"));
+        m_folder.write(QStringLiteral("english1.txt"), SmallDictionary);
+    }
+
+    Form1& start() {
+        m_scheme.setNotifier(&m_notifier);
+        m_form = std::make_unique<Form1>(m_settings, m_scheme, m_notifier, &m_msgForm);
+        m_form->show();
+        // Timer1's only tick loads the dictionary.
+        m_form->timer1().stop();
+        QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
+        return *m_form;
+    }
+
+    static QColor background(const QWidget* w) { return w->palette().color(QPalette::Window); }
+
+    TestFolder m_folder;
+    Settings m_settings;
+    ColourScheme m_scheme{m_settings};
+    RecordingNotifier m_notifier;
+    MsgForm m_msgForm;
+    std::unique_ptr<Form1> m_form;
+};
+
+TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
+    Form1& form = start();
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("Pentalink  "));
+    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409)); // 5340 x 6135 twips
+    EXPECT_EQ(form.starArea().geometry(), QRect(2, 4, 351, 317));
+    EXPECT_EQ(form.starArea().cell(0)->geometry(), QRect(158, 16, 31, 31));
+    EXPECT_EQ(form.starArea().cell(7)->geometry(), QRect(156, 216, 31, 31));
+    EXPECT_EQ(form.starArea().marker(1)->geometry(), QRect(152, 62, 23, 25));
+    EXPECT_EQ(form.starArea().marker(10)->geometry(), QRect(212, 260, 23, 25));
+    EXPECT_EQ(form.tile(2)->geometry(), QRect(92, 326, 80, 25)); // 1385 twips rounds to 92
+    EXPECT_EQ(form.tile(8)->geometry(), QRect(273, 354, 80, 25));
+    EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));
+    EXPECT_EQ(form.cmdcreate()->geometry(), QRect(330, 382, 22, 22));
+    EXPECT_EQ(form.cmddict()->toolTip(), QStringLiteral("Open a Dictionary File"));
+    EXPECT_EQ(form.cmdshowsol()->toolTip(), QStringLiteral("Show Solution"));
+    EXPECT_EQ(form.cmdreset()->toolTip(), QStringLiteral("Clear User Entries"));
+    EXPECT_EQ(form.cmdcreate()->toolTip(), QStringLiteral("Create a New Puzzle"));
+    for (int k = 1; k <= 10; ++k)
+        EXPECT_EQ(form.starArea().marker(k)->text(), QStringLiteral("O"));
+    EXPECT_FALSE(form.windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_TRUE(form.windowFlags() & Qt::WindowMinimizeButtonHint);
+}
+
+TEST_F(Form1Test, MenuBarHasTheEntriesInOrder) {
+    Form1& form = start();
+    const auto captions = [](const QMenu* menu) {
+        QStringList list;
+        for (const QAction* a : menu->actions())
+            list << (a->isSeparator() ? QStringLiteral("-") : a->text());
+        return list;
+    };
+    const QList<QAction*> bar = form.menuBar()->actions();
+    ASSERT_EQ(bar.size(), 2);
+    EXPECT_EQ(bar[0]->text(), QStringLiteral("File"));
+    EXPECT_EQ(bar[1]->text(), QStringLiteral("Puzzle"));
+    EXPECT_EQ(captions(form.menu().mnumain),
+              (QStringList{"Options", "Load a Dictionary", "-", "Help", "About", "-", "Exit", "-",
+                           "Cancel"}));
+    EXPECT_EQ(captions(form.menu().mnudictx),
+              (QStringList{"Create", "Print", "-", "Copy to Clipboard", "-", "Cancel"}));
+    EXPECT_EQ(captions(form.menu().mnucopy2clip),
+              (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
+}
+
+TEST_F(Form1Test, CancelEntriesDoNothingAndUnbuiltOnesSaySo) {
+    Form1& form = start();
+    m_notifier.clear();
+    form.menu().can1->trigger();
+    form.menu().can6->trigger();
+    form.menu().mnu2clip[3]->trigger();
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
+    for (QAction* a : {form.menu().mnuprint, form.menu().mnu2clip[0], form.menu().mnucolsch,
+                       form.menu().mnuhelp, form.menu().mnuabout})
+        a->trigger();
+    ASSERT_EQ(m_notifier.messages().size(), 5);
+    for (const RecordedMessage& m : m_notifier.messages())
+        EXPECT_TRUE(m.text.endsWith(QStringLiteral("is not available yet.")))
+            << m.text.toStdString();
+}
+
+TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
+    Form1& form = start();
+    const QColor colour2 = OleTranslateColor(m_scheme.SchemeColours[2]);
+    const QColor colour4 = OleTranslateColor(m_scheme.SchemeColours[4]);
+    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+    EXPECT_EQ(m_scheme.ButtonColourIndex, 4);
+    EXPECT_EQ(background(form.centralWidget()), colour2);
+    EXPECT_EQ(background(&form.starArea()), colour2);
+    EXPECT_EQ(background(form.starArea().cell(3)), colour2);
+    EXPECT_EQ(background(form.tile(5)), colour4);
+    EXPECT_EQ(form.cmdcreate()->BackColor(), m_scheme.SchemeColours[4]);
+    const QFont cellFont = form.starArea().cell(0)->font();
+    EXPECT_TRUE(cellFont.bold());
+    EXPECT_EQ(cellFont.pointSize(), 18);
+    EXPECT_EQ(cellFont.family(), QStringLiteral("Arial"));
+    EXPECT_EQ(form.tile(1)->font().pointSize(), 12);
+    EXPECT_FALSE(form.tile(1)->font().bold());
+    EXPECT_EQ(form.menuBar()->palette().color(QPalette::Window),
+              OleTranslateColor(m_scheme.SchemeColours[3]));
+    EXPECT_EQ(OleTranslateColor(m_msgForm.ButtonColor()), colour4);
+}
+
+TEST_F(Form1Test, DefaultSchemeLeavesTheMenuBarAlone) {
+    Form1& form = start();
+    const QColor before = form.menuBar()->palette().color(QPalette::Window);
+    m_scheme.SchemeColours[3] = 0x0000FF; // a red that would show
+    m_settings.ActiveSchemeFile = QStringLiteral("My Default.col");
+    form.SetCol();
+    EXPECT_EQ(form.menuBar()->palette().color(QPalette::Window), before);
+    m_settings.ActiveSchemeFile = QStringLiteral("plain.col");
+    form.SetCol();
+    EXPECT_EQ(form.menuBar()->palette().color(QPalette::Window), QColor(255, 0, 0));
+}
+
+TEST_F(Form1Test, FirstStartWritesDefaultConfigurationAndLoadsTheDictionary) {
+    Form1& form = start();
+    const QByteArray cfg = m_folder.read(QStringLiteral("pentalink.cfg"));
+    const QList<QByteArray> lines = cfg.split('\n');
+    ASSERT_GE(lines.size(), 5);
+    EXPECT_EQ(lines[1], "xp.col\r");
+    EXPECT_EQ(lines[2], "ENGLISH1.TXT\r");
+    EXPECT_EQ(lines[3], "Arial\r");
+    EXPECT_EQ(lines[4], " 18 \r");
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: english1.txt (8 words)"));
+    EXPECT_EQ(form.statusLine()->toolTip(), m_folder.file(QStringLiteral("english1.txt")));
+    EXPECT_EQ(form.session().WordList().ListCount(), 16);
+}
+
+TEST_F(Form1Test, MissingSchemeCollectionIsReportedAndStartUpGoesOn) {
+    QFile::remove(m_folder.file(QStringLiteral("all.col")));
+    Form1& form = start();
+    ASSERT_FALSE(m_notifier.messages().isEmpty());
+    EXPECT_EQ(m_notifier.messages().first().text,
+              QStringLiteral("Colour Scheme: xp.col not found"));
+    EXPECT_EQ(form.session().WordList().ListCount(), 16);
+}
+
+TEST_F(Form1Test, CreateButtonPutsAPuzzleOnTheTiles) {
+    Form1& form = start();
+    QTest::mouseClick(form.cmdcreate(), Qt::LeftButton);
+    const StarGrid& grid = form.session().grid();
+    ASSERT_TRUE(grid.hasSolution());
+    for (int i = 1; i <= 8; ++i) {
+        EXPECT_EQ(form.tile(i)->text(), grid.CandidateWords[i]);
+        EXPECT_TRUE(form.tile(i)->isEnabled());
+    }
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
+    form.grab().save(QStringLiteral("/tmp/pentalink-form1.png"));
+}
+
+TEST_F(Form1Test, CreateWithoutADictionarySaysSo) {
+    m_folder.write(QStringLiteral("english1.txt"), "no four letter lines here\n");
+    Form1& form = start();
+    form.menu().mnucreate->trigger();
+    ASSERT_EQ(m_notifier.messages().size(), 1);
+    EXPECT_EQ(m_notifier.messages().first().text, QStringLiteral("No Dictioary Loaded"));
+    EXPECT_EQ(m_notifier.messages().first().style, QStringLiteral("vbcritical+vbok"));
+}
+
+TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
+    Form1& form = start();
+    m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
+    FileNameRequest seen;
+    form.gf1().setRunner([&](const FileNameRequest& r) {
+        seen = r;
+        return m_folder.file(QStringLiteral("other.dic"));
+    });
+    const QString cwd = QDir::currentPath();
+    QTest::mouseClick(form.cmddict(), Qt::LeftButton);
+    EXPECT_EQ(seen.title, QStringLiteral("Select a Dictionary file"));
+    EXPECT_EQ(seen.patterns, (QStringList{"*.txt", "*.dic"}));
+    EXPECT_EQ(seen.startFolder, m_folder.path());
+    EXPECT_FALSE(seen.save);
+    EXPECT_EQ(QDir::currentPath(), cwd);
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: other.dic (2 words)"));
+
+    form.gf1().setRunner([](const FileNameRequest&) { return QString(); });
+    form.menu().mnudict->trigger();
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: other.dic (2 words)"));
+    EXPECT_EQ(form.session().WordList().ListCount(), 4);
+}
+
+TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndCloses) {
+    Form1& form = start();
+    m_folder.write(QStringLiteral("other.dic"), "abcd\n");
+    form.gf1().setRunner([&](const FileNameRequest&) { return m_folder.file("other.dic"); });
+    form.dictionaryCommand();
+
+    m_notifier.queueAnswer(AnswerNo);
+    form.menu().cmdexitx->trigger();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
+    EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbQuestion + vbYesNo"));
+    EXPECT_FALSE(m_folder.read("pentalink.cfg").contains("other.dic"));
+
+    m_notifier.queueAnswer(AnswerYes);
+    form.menu().cmdexitx->trigger();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()));
+}
+
+TEST_F(Form1Test, CloseBoxEndsWithoutSaving) {
+    Form1& form = start();
+    const QByteArray before = m_folder.read("pentalink.cfg");
+    m_folder.write(QStringLiteral("other.dic"), "abcd\n");
+    form.gf1().setRunner([&](const FileNameRequest&) { return m_folder.file("other.dic"); });
+    form.dictionaryCommand();
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
+}
+
+TEST_F(Form1Test, ConfiguredDictionaryIsLoadedAtStartUp) {
+    m_folder.write(QStringLiteral("mine.txt"), "wxyz\n");
+    m_folder.write(QStringLiteral("pentalink.cfg"), "01-31-2010 17:05:09\r\nxp.col\r\n" +
+                                                        m_folder.file("mine.txt").toUtf8() +
+                                                        "\r\nArial\r\n 18 \r\n");
+    Form1& form = start();
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: mine.txt (1 words)"));
+}
+
+} // namespace
