@@ -1,0 +1,67 @@
+// The common set-up of the play tests: the reference puzzle on a board whose messages go to a
+// recording notifier. A hook can run while a message "is open" (inside MsgboxA), standing in
+// for the timer events a modal message loop delivers.
+#pragma once
+
+#include "board/messagegate.h"
+#include "board/playboard.h"
+#include "boardtext.h"
+#include "core/eventpump.h"
+#include "support/recordingnotifier.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+class HookedNotifier : public RecordingNotifier {
+public:
+    int MsgboxA(const QString& s, const QString& typ) override {
+        const int answer = RecordingNotifier::MsgboxA(s, typ);
+        if (duringMessage)
+            duringMessage();
+        return answer;
+    }
+
+    std::function<void()> duringMessage;
+};
+
+class PlayTest : public ::testing::Test {
+protected:
+    explicit PlayTest(StarGrid grid = referenceStar())
+        : m_grid(std::move(grid)) {
+        QObject::connect(&m_board, &PlayBoard::changed, [this] { ++m_changes; });
+        QObject::connect(&m_board, &PlayBoard::completionCheckChanged,
+                         [this](bool on) { m_checkSignals.push_back(on); });
+    }
+
+    // A new puzzle on the board, as after a successful create.
+    void newPuzzle() { m_board.puzzleCreated(); }
+
+    // Selects tile `i` and clicks marker `k`.
+    void place(int i, int k) {
+        m_board.apply(Move::tile(i));
+        m_board.apply(Move::marker(k));
+    }
+
+    // Press and release of the solution button.
+    void showSolutionOnce() {
+        m_board.apply(Move::solutionPress());
+        m_board.apply(Move::solutionRelease());
+    }
+
+    // The message texts shown so far.
+    QStringList shownTexts() const {
+        QStringList texts;
+        for (const RecordedMessage& m : m_notifier.messages())
+            texts << m.text;
+        return texts;
+    }
+
+    StarGrid m_grid;
+    HookedNotifier m_notifier;
+    MessageGate m_gate{m_notifier};
+    EventPump m_pump; // its action stands in for "let pending window events run"
+    PlayBoard m_board{m_grid, m_gate, &m_pump};
+    int m_changes = 0;
+    std::vector<bool> m_checkSignals;
+};
