@@ -20,6 +20,7 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ClickLabel::mouseMoveEvent(QMouseEvent* event) {
-    QLabel::mouseMoveEvent(event);
+    // Handled here: the star area beneath must not see it and reset the pointer.
+    event->accept();
     Q_EMIT hovered(m_index);
 }

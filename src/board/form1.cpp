@@ -6,6 +6,8 @@
 #include "board/buttonpictures.h"
 #include "board/clicklabel.h"
 #include "board/mainmenu.h"
+#include "board/playboard.h"
+#include "board/sessionwiring.h"
 #include "board/stararea.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
@@ -75,8 +77,10 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_scheme(scheme)
     , m_notifier(notifier)
     , m_msgForm(msgForm)
-    , m_config(settings, notifier)
-    , m_session(std::make_unique<PuzzleSession>(&notifier)) {
+    , m_gate(notifier)
+    , m_config(settings, m_gate)
+    , m_session(std::make_unique<PuzzleSession>(&m_gate))
+    , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(::windowIcon());
@@ -171,6 +175,19 @@ void Form1::connectCommands() {
 
     connect(m_cmdcreate, &BoxControl::MouseUp, this, [this] { createCommand(); });
     connect(m_cmddict, &BoxControl::MouseUp, this, [this] { dictionaryCommand(); });
+    connect(m_cmdshowsol, &BoxControl::MouseDown, this, [this] { play(Move::solutionPress()); });
+    connect(m_cmdshowsol, &BoxControl::MouseUp, this, [this] { play(Move::solutionRelease()); });
+    connect(m_cmdreset, &BoxControl::MouseUp, this, [this] { play(Move::clearEntries()); });
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        connect(m_tiles[i], &ClickLabel::released, this, [this](int t) { play(Move::tile(t)); });
+        connect(m_tiles[i], &ClickLabel::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
+    }
+    for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
+        ClickLabel* marker = m_starArea->marker(k);
+        connect(marker, &ClickLabel::released, this, [this](int m) { play(Move::marker(m)); });
+        connect(marker, &ClickLabel::hovered, this, &Form1::markerHovered);
+    }
+    connect(m_starArea, &StarArea::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
 
     PuzzleSession& session = *m_session;
     connect(&session, &PuzzleSession::waitPointerChanged, this, [this](bool waiting) {
@@ -179,10 +196,18 @@ void Form1::connectCommands() {
         else
             QApplication::restoreOverrideCursor();
     });
-    connect(&session, &PuzzleSession::tilesCleared, this, &Form1::clearTiles);
+    connectToSession(session, *m_board);
     connect(&session, &PuzzleSession::boardEnabledChanged, m_starArea, &QWidget::setEnabled);
-    connect(&session, &PuzzleSession::puzzleCreated, this, &Form1::showPuzzle);
-    connect(&session, &PuzzleSession::boardCleared, this, &Form1::ClearBoard);
+    connect(m_board.get(), &PlayBoard::changed, this, &Form1::renderPlay);
+    // The completion check runs exactly while the rules say so.
+    m_timer2.setInterval(500);
+    connect(m_board.get(), &PlayBoard::completionCheckChanged, this, [this](bool running) {
+        if (running)
+            m_timer2.start();
+        else
+            m_timer2.stop();
+    });
+    connect(&m_timer2, &QTimer::timeout, m_board.get(), &PlayBoard::completionTick);
     connect(&session, &PuzzleSession::dictionaryStatusChanged, this,
             [this](const QString& text, const QString& toolTip) {
                 m_label2->setText(text);
@@ -241,8 +266,7 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i)
-        m_tiles[i]->clear();
+    renderPlay(); // no puzzle yet: empty tiles
     m_session->LoadDictionary(m_session->DictionaryPath());
     m_session->grid().SelectedWord = -1;
     m_timer1.stop();
@@ -372,39 +396,35 @@ void Form1::letEventsRun() {
     QCoreApplication::processEvents();
 }
 
-void Form1::showPuzzle() {
-    const StarGrid& grid = m_session->grid();
+void Form1::play(const Move& move) {
+    m_board->apply(move);
+}
+
+void Form1::markerHovered() {
+    // A crosshair over a marker says "a click places the selected word here".
+    if (m_session->grid().SelectedWord != -1)
+        setCursor(Qt::CrossCursor);
+}
+
+void Form1::renderPlay() {
+    const PlayState& state = m_board->state();
+    for (int c = 0; c < StarGrid::CellCount; ++c)
+        m_starArea->cell(c)->setText(state.Entries[c]);
+
+    const QColor background = colour(BackgroundColour);
     const QColor button = colour(m_scheme.ButtonColourIndex);
     const QColor text = OleTranslateColor(m_settings.TextColour);
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        const Tile& t = state.tiles[i];
         ClickLabel* tile = m_tiles[i];
-        tile->setText(grid.CandidateWords[i]);
-        tile->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        tile->setText(t.caption);
+        tile->setFrameStyle(t.look.border == TileBorder::Flat ? QFrame::Box | QFrame::Plain
+                                                              : QFrame::Panel | QFrame::Sunken);
         setBackground(tile, button);
-        setTextColour(tile, text);
-        tile->setEnabled(true);
-    }
-    for (int c = 0; c < StarGrid::CellCount; ++c)
-        m_starArea->cell(c)->clear();
-}
-
-void Form1::clearTiles() {
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        m_tiles[i]->clear();
-        m_tiles[i]->setEnabled(false);
-    }
-}
-
-void Form1::ClearBoard() {
-    const QColor background = colour(BackgroundColour);
-    const QColor button = colour(m_scheme.ButtonColourIndex);
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        m_starArea->cell(c)->clear();
-        setBackground(m_starArea->cell(c), background);
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        m_tiles[i]->clear();
-        m_tiles[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        setBackground(m_tiles[i], button);
+        setTextColour(tile, t.look.text == TileText::Faded ? background : text);
+        QFont font = tile->font();
+        font.setStrikeOut(t.look.struckOut);
+        tile->setFont(font);
+        tile->setEnabled(t.look.enabled);
     }
 }

@@ -5,6 +5,8 @@
 // the puzzle session and the play model decide, the window renders their state.
 #pragma once
 
+#include "board/messagegate.h"
+#include "board/playmove.h"
 #include "core/configfile.h"
 #include "core/puzzlesession.h"
 #include "core/settings.h"
@@ -21,6 +23,7 @@ class ColourScheme;
 class FNDialog;
 class MsgForm;
 class Notifier;
+class PlayBoard;
 class QLabel;
 class StarArea;
 struct MainMenu;
@@ -52,6 +55,8 @@ public:
     void exitCommand();
 
     PuzzleSession& session() { return *m_session; }
+    PlayBoard& board() { return *m_board; }
+    QTimer& timer2() { return m_timer2; }
     FNDialog& gf1() { return *m_gf1; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
@@ -77,17 +82,22 @@ private:
     void letEventsRun();
     QColor colour(int index) const;
 
-    // Session signals.
-    void showPuzzle();
-    void clearTiles();
-    void ClearBoard();
+    // Hands a player's action to the play rules.
+    void play(const Move& move);
+    // Shows the play state: cell letters, tile captions and looks.
+    void renderPlay();
+    void markerHovered();
 
     Settings& m_settings;
     ColourScheme& m_scheme;
     Notifier& m_notifier;
     MsgForm* m_msgForm;
+    // Every message of the window and its rules passes this gate, so the completion check
+    // can tell when a message is already open.
+    MessageGate m_gate;
     ConfigFile m_config;
     std::unique_ptr<PuzzleSession> m_session;
+    std::unique_ptr<PlayBoard> m_board;
     std::unique_ptr<MainMenu> m_menu;
 
     QWidget* m_client = nullptr;
@@ -101,5 +111,6 @@ private:
     FNDialog* m_gf1 = nullptr;
 
     QTimer m_timer1;
+    QTimer m_timer2;
     bool m_exiting = false;
 };
