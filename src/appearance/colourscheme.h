@@ -12,8 +12,29 @@
 #include <QString>
 
 #include <array>
+#include <stdexcept>
 
 class Notifier;
+
+// A packed colour that cannot be split into bytes (a system colour, or above 16777215).
+class ColourOverflow : public std::runtime_error {
+public:
+    ColourOverflow();
+};
+
+// The components of a packed colour 0..16777215 (the value taken as a signed 32-bit number,
+// red = c mod 256, green = (c div 256) mod 256, blue = c div 65536). Throw ColourOverflow when
+// a component falls outside 0..255.
+quint8 RedByte(quint32 colour);
+quint8 GreenByte(quint32 colour);
+quint8 BlueByte(quint32 colour);
+
+// The header of a scheme: its name lower-cased followed by ".col".
+QString SchemeFileName(const QString& name);
+
+// The colour line the collection file stores for `colour`: " r; g; b" (each number with a
+// blank in the sign position). Throws ColourOverflow for a colour that cannot be split.
+QString colourLineText(quint32 colour);
 
 // One colour line: its first three ";"-separated fields as red, green, blue. Each field's
 // value is its leading number (blanks skipped; none counts 0) rounded half to even; above 255
@@ -41,7 +62,37 @@ public:
     // keeps the colours read so far. Returns success.
     bool LoadColourScheme(const QString& schemeFile);
 
+    // The Options window's loader: reads the section headed `schemeFile` as stored (nothing
+    // derived) and returns its colour 2 in baseColour. "default.col" (any case) reads no file:
+    // colours 2 and 4 become the system window-background colour, colour 3 becomes 0. On
+    // failure shows "Color Scheme: " + schemeFile + " not found" in a plain box, sets
+    // baseColour 0 and ActiveSchemeFile "default.col", keeps the colours read so far.
+    bool PreviewScheme(const QString& schemeFile, quint32& baseColour);
+
+    // Replaces colours 0..12 with a scheme derived from `baseColour` (plain RGB) at `contrast`
+    // percent: colours 3..8 are the base shifted by contrast/100 x (-128, -32, -64, +128, +32,
+    // +64), rounded half to even in single precision and clamped to 1..244 per component.
+    void DeriveScheme(quint32 baseColour, int contrast);
+
+    // The listed names of the collection: for every line containing ".col", the text before
+    // its first ".col", in file order. Empty when the file cannot be read.
+    QStringList ListSchemeNames() const;
+
+    // Rewrite the collection with the current colours 0..12 under SchemeFileName(name):
+    // Append adds a section at the end; Replace swaps every section with that header; Delete
+    // drops every such section. Replace and Delete write the whole new collection to
+    // "newall.cox" in the program folder first (it stays there) and only then replace
+    // "all.col", atomically. On any failure (unreadable or unwritable file, a section cut
+    // short, a colour that cannot be split) they return false and "all.col" is unchanged.
+    bool AppendScheme(const QString& name);
+    bool ReplaceScheme(const QString& name);
+    bool DeleteScheme(const QString& name);
+
 private:
+    bool readCollection(QStringList& lines) const;
+    QStringList sectionLines(const QString& header) const;
+    bool rewriteWithout(const QString& name, bool replace);
+
     Settings& m_settings;
     Notifier* m_notifier = nullptr;
 };
