@@ -1,0 +1,189 @@
+// The countdown clock's logic without a display: counting, expiry, the palette rule, the
+// time of day and the counts that have no digits. Ticks are fired by hand.
+#include "components/clockmodel.h"
+#include "components/sevensegment.h"
+#include "core/settings.h"
+
+#include "manualticks.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+namespace {
+
+using namespace sevensegment;
+
+class ClockTest : public ::testing::Test {
+protected:
+    ClockTest() {
+        auto ticks = std::make_unique<ManualTicks>();
+        source = ticks.get();
+        clock = std::make_unique<ClockModel>(std::move(ticks), [this] { return now; });
+        QObject::connect(clock.get(), &ClockModel::ClockExpired, [this] { ++expired; });
+    }
+
+    // The face as text: four digits ('?' for no pattern) around ':' (colon lit), '.' (colon
+    // dark) or ' ' (a dot hidden).
+    QString face() const {
+        QString text;
+        for (int p = 0; p < kPositions; ++p) {
+            QChar digit = u'?';
+            for (int d = 0; d <= 9; ++d) {
+                bool match = true;
+                for (int s = 0; s < kSegments; ++s)
+                    match = match && ((clock->segmentColour(p, s) == clock->SegmentColours(1)) ==
+                                      segmentLit(d, s));
+                if (match)
+                    digit = QChar(u'0' + d);
+            }
+            text += digit;
+            if (p == 1) {
+                const bool bothShown = clock->dotVisible(kUpperDot) && clock->dotVisible(kLowerDot);
+                const bool lit = clock->dotColour(kUpperDot) == clock->SegmentColours(1);
+                text += !bothShown ? u' ' : lit ? u':' : u'.';
+            }
+        }
+        return text;
+    }
+    bool allUnlit() const {
+        for (int p = 0; p < kPositions; ++p)
+            for (int s = 0; s < kSegments; ++s)
+                if (clock->segmentColour(p, s) != clock->SegmentColours(0))
+                    return false;
+        return true;
+    }
+
+    ManualTicks* source = nullptr;
+    QTime now{12, 0, 0};
+    std::unique_ptr<ClockModel> clock;
+    int expired = 0;
+};
+
+TEST_F(ClockTest, StartValueShowsMinutesAndSecondsWithTheColonDarkOnOddSeconds) {
+    EXPECT_EQ(face(), QStringLiteral("00:00")); // a new clock
+    EXPECT_FALSE(clock->isRunning());
+    // The last four rows have no digits of their own.
+    const std::pair<qint32, const char*> rows[] = {
+        {125, "02.05"},  {124, "02:04"},     {600, "10:00"}, {5999, "99.59"},
+        {6000, "99.59"}, {INT_MAX, "99.59"}, {-1, "00:00"},  {INT_MIN, "00:00"}};
+    for (const auto& [seconds, shown] : rows) {
+        clock->setClockStartValue(seconds);
+        EXPECT_EQ(face(), QLatin1String(shown)) << seconds;
+    }
+    clock->setClockNow(7); // only stored
+    EXPECT_EQ(clock->ClockNow(), INT_MIN);
+    clock->setClockIncrement(INT_MAX); // counting saturates instead of wrapping
+    clock->setClockStartValue(INT_MAX - 1);
+    clock->tick();
+    EXPECT_EQ(clock->ClockNow(), INT_MAX);
+}
+
+TEST_F(ClockTest, CountingDownExpiresOnEveryTickAfterZero) {
+    clock->setClockIncrement(-1);
+    clock->setClockStartValue(2);
+    clock->StartCountdown();
+    EXPECT_EQ(source->interval(), 1000);
+    source->tick();
+    EXPECT_EQ(face(), QStringLiteral("00.01"));
+    source->tick();
+    EXPECT_EQ(face(), QStringLiteral("00:00"));
+    EXPECT_EQ(expired, 0);
+    source->tick();
+    EXPECT_EQ(expired, 1);
+    source->tick();
+    EXPECT_EQ(expired, 2);
+    EXPECT_EQ(clock->ClockNow(), 0);
+
+    clock->SuspendCountDown();
+    source->tick();
+    EXPECT_EQ(expired, 2);
+    clock->ResumeCountDown();
+    source->tick();
+    EXPECT_EQ(expired, 3);
+}
+
+TEST_F(ClockTest, ZeroIncrementNeverChangesAndExpiresOnlyFromZeroOrBelow) {
+    clock->setClockStartValue(30);
+    clock->StartCountdown();
+    for (int i = 0; i < 5; ++i)
+        source->tick();
+    EXPECT_EQ(face(), QStringLiteral("00:30"));
+    EXPECT_EQ(expired, 0);
+
+    clock->setClockStartValue(-3);
+    source->tick();
+    EXPECT_EQ(expired, 1);
+}
+
+TEST_F(ClockTest, PaletteRule) {
+    clock->setClockStartValue(125);
+    clock->setClockColor(QStringLiteral("gold"));
+    EXPECT_EQ(clock->ClockColor(), QStringLiteral("gold"));
+    EXPECT_EQ(clock->ClockBackground(), packRgb(146, 142, 102));
+    EXPECT_EQ(clock->backgroundColour(), packRgb(146, 142, 102));
+    EXPECT_EQ(clock->SegmentColours(0), packRgb(125, 125, 102));
+    EXPECT_EQ(clock->SegmentColours(1), packRgb(244, 244, 205));
+    EXPECT_TRUE(allUnlit());
+    EXPECT_EQ(clock->dotColour(kUpperDot), packRgb(244, 244, 205));
+    EXPECT_EQ(clock->DigitHighlight(), 0u); // the stored values stay
+
+    clock->DisplayCount(125);
+    clock->setClockColor(QStringLiteral("DeFaUlT"));
+    EXPECT_EQ(face(), QStringLiteral("02.05")); // nothing repainted
+    EXPECT_EQ(clock->SegmentColours(1), packRgb(244, 244, 205));
+
+    clock->setClockColor(QStringLiteral("Purple"));
+    EXPECT_EQ(clock->SegmentColours(1), packRgb(244, 244, 205));
+    EXPECT_TRUE(allUnlit());
+
+    clock->setClockColor(QStringLiteral("WHITE"));
+    EXPECT_EQ(clock->SegmentColours(1), packRgb(70, 70, 70));
+}
+
+TEST_F(ClockTest, ColourWritesLeaveTheDigitsUnlitUntilTheNextDisplay) {
+    clock->setClockStartValue(125);
+    clock->setDigitHighlight(packRgb(255, 0, 0));
+    clock->setDigitDim(packRgb(20, 0, 0));
+    EXPECT_TRUE(allUnlit());
+    EXPECT_EQ(clock->segmentColour(0, 0), packRgb(20, 0, 0));
+    clock->DisplayCount(125);
+    EXPECT_EQ(clock->segmentColour(1, 0), packRgb(255, 0, 0)); // top of the 2
+}
+
+TEST_F(ClockTest, TimeOfDayBlinksTheDotOfTheHalfMinute) {
+    clock->setShowTimeOnly(true);
+    clock->setClockStartValue(0);
+    clock->StartCountdown();
+    now = QTime(13, 47, 10);
+    source->tick();
+    EXPECT_EQ(face(), QStringLiteral("13 47"));
+    EXPECT_TRUE(clock->dotVisible(kUpperDot));
+    EXPECT_FALSE(clock->dotVisible(kLowerDot));
+    const quint32 first = clock->dotColour(kUpperDot);
+    source->tick();
+    EXPECT_NE(clock->dotColour(kUpperDot), first);
+    source->tick();
+    EXPECT_EQ(clock->dotColour(kUpperDot), first);
+    EXPECT_EQ(expired, 0); // time of day never expires
+
+    now = QTime(9, 5, 45);
+    source->tick();
+    EXPECT_EQ(face(), QStringLiteral("09 05"));
+    EXPECT_TRUE(clock->dotVisible(kLowerDot));
+    EXPECT_FALSE(clock->dotVisible(kUpperDot));
+}
+
+TEST_F(ClockTest, DigitWidthAndTheFaceGeometry) {
+    EXPECT_EQ(clock->lineWidth(32), 1); // the last digit's bottom bar starts thin
+    for (const auto& [written, drawn] : {std::pair{5, 5}, {0, 1}, {1000, 15}}) {
+        clock->setDigitWidth(written);
+        EXPECT_EQ(clock->lineWidth(32), drawn);
+        EXPECT_EQ(clock->lineWidth(kLowerDot), drawn);
+    }
+    // The middle bars of the first and third digit sit 15 twips further left.
+    EXPECT_EQ(segmentLine(0, 1), QLine(135, 285, 255, 285));
+    EXPECT_EQ(segmentLine(1, 1), QLine(510, 285, 630, 285));
+}
+
+} // namespace

@@ -1,0 +1,216 @@
+// The compressed-file container: the exact layout, round trips, the level conversion, the
+// refusals of foreign and damaged containers, the size limit and the free-space guard.
+#include "components/clszip.h"
+#include "components/ziperror.h"
+#include "components/zipformat.h"
+
+#include "support/recordingnotifier.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+
+#include <zlib.h>
+
+#include <functional>
+
+namespace {
+
+QByteArray sampleBytes(int n) {
+    QByteArray bytes;
+    for (int i = 0; i < n; ++i)
+        bytes += static_cast<char>((i * 7 + i / 13) % 251);
+    return bytes;
+}
+
+class ZipTest : public ::testing::Test {
+protected:
+    QString path(const QString& name) const { return dir.path() + u'/' + name; }
+    QStringList files() const { return QDir(dir.path()).entryList(QDir::Files); }
+    QByteArray read(const QString& name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void write(const QString& name, const QByteArray& bytes) const {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+    // Runs `call`, expecting a ZipError; returns it.
+    static ZipError thrown(const std::function<void()>& call) {
+        try {
+            call();
+        } catch (const ZipError& error) {
+            return error;
+        }
+        ADD_FAILURE() << "no ZipError thrown";
+        return ZipError(0, {}, {});
+    }
+
+    QTemporaryDir dir;
+    RecordingNotifier notifier;
+    clsZip zip{notifier, [](const QString&) { return DriveSpace{1e12, 2e12, "/"}; }};
+};
+
+TEST_F(ZipTest, ThousandBytesRoundTripThroughTheExactLayout) {
+    const QByteArray original = sampleBytes(1000);
+    write("data.txt", original);
+    ASSERT_TRUE(zip.CompressFile(path("data.txt"), path("pack.mlh")));
+    const QByteArray container = read("pack.mlh");
+    EXPECT_EQ(zip.OriginalSize(), 1000);
+    EXPECT_EQ(container.size(), 10 + zip.CompressedSize());
+    EXPECT_EQ(container.left(10), QByteArray("mlh\xe8\x03\x00\x00txt", 10)); // 1000, LE
+
+    // The rest is a plain zlib stream.
+    const QByteArray stream = container.mid(10);
+    QByteArray out(1000, '\0');
+    uLongf outLength = 1000;
+    ASSERT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &outLength,
+                         reinterpret_cast<const Bytef*>(stream.constData()), stream.size()),
+              Z_OK);
+    EXPECT_EQ(out, original);
+
+    ASSERT_TRUE(zip.DecompressFile(path("pack.mlh"), path("restored")));
+    EXPECT_EQ(read("restored.txt"), original);
+    EXPECT_EQ(zip.CompressedSize(), 0);
+    EXPECT_EQ(zip.OriginalSize(), 0);
+    EXPECT_TRUE(notifier.messages().isEmpty());
+}
+
+TEST_F(ZipTest, DestinationNamesExtensionFieldAndEmptySource) {
+    write("notes", "some notes");
+    ASSERT_TRUE(zip.CompressFile(path("notes"), path("n.mlh")));
+    EXPECT_EQ(read("n.mlh").mid(7, 3), QByteArray("tes"));
+    ASSERT_TRUE(zip.DecompressFile(path("n.mlh"), path("keep.dat"))); // has a dot 4th from end
+    EXPECT_EQ(read("keep.dat"), QByteArray("some notes"));
+    const QString previous = QDir::currentPath();
+    QDir::setCurrent(dir.path());
+    const bool restored = zip.DecompressFile(path("n.mlh"), QStringLiteral("out")); // too short
+    QDir::setCurrent(previous);
+    ASSERT_TRUE(restored);
+    EXPECT_EQ(read("out.tes"), QByteArray("some notes"));
+
+    write("empty.txt", {});
+    ASSERT_TRUE(zip.CompressFile(path("empty.txt"), path("e.mlh")));
+    ASSERT_TRUE(zip.DecompressFile(path("e.mlh"), path("back")));
+    EXPECT_TRUE(QFile::exists(path("back.txt")));
+    EXPECT_EQ(QFile(path("back.txt")).size(), 0);
+    EXPECT_EQ(zipformat::restoredExtension(QByteArray("/b\0", 3)), QStringLiteral("_b_"));
+}
+
+TEST(ZipLevel, ConversionsRoundHalfToEvenAndClamp) {
+    RecordingNotifier notifier;
+    clsZip zip(notifier);
+    EXPECT_EQ(zip.CompressLevel(), QVariant::fromValue<qint16>(6));
+    const std::pair<QVariant, int> rows[] = {
+        {0, 1},   {12, 9},  {QStringLiteral("7"), 7},       {6.5, 6},
+        {7.5, 8}, {-40, 1}, {QStringLiteral(" 3.4 kg"), 3}, {QStringLiteral("abc"), 1}};
+    for (const auto& [written, expected] : rows) {
+        zip.setCompressLevel(written);
+        EXPECT_EQ(zip.CompressLevel().toInt(), expected) << written.toString().toStdString();
+        EXPECT_EQ(zip.CompressLevel().typeId(), QMetaType::Short);
+    }
+    EXPECT_EQ(zipformat::bufferBound(50), 62);   // 62.5
+    EXPECT_EQ(zipformat::bufferBound(150), 164); // 163.5
+}
+
+TEST_F(ZipTest, ForeignFileIsRefusedWithTheNoticeAndNothingAppears) {
+    write("plain.txt", "mlx not a container at all");
+    EXPECT_FALSE(zip.DecompressFile(path("plain.txt"), path("out")));
+    ASSERT_EQ(notifier.messages().size(), 1);
+    EXPECT_EQ(notifier.messages().at(0).text,
+              QStringLiteral("This file is not recognized as a compressed file"));
+    EXPECT_EQ(files(), QStringList{QStringLiteral("plain.txt")});
+}
+
+TEST_F(ZipTest, UntrustedHeadersAreRefusedBeforeAllocating) {
+    const auto container = [](qint32 length) {
+        char raw[4];
+        qToLittleEndian<qint32>(length, raw);
+        return QByteArray("mlh") + QByteArray(raw, 4) + "txt" + QByteArray(20, 'x');
+    };
+    for (const QByteArray& bytes : {QByteArray("mlh\x05\x00", 5), container(-1),
+                                    container(20 * 1032 + 5000), container(0x7fffffff)}) {
+        write("bad.mlh", bytes);
+        const ZipError error = thrown([&] { zip.DecompressFile(path("bad.mlh"), path("o")); });
+        EXPECT_EQ(error.number(), ZipError::DamagedContainer) << bytes.toHex().toStdString();
+        EXPECT_EQ(error.source(), QStringLiteral("clsZip.DecompressFile()"));
+        EXPECT_EQ(files(), QStringList{QStringLiteral("bad.mlh")});
+    }
+}
+
+TEST_F(ZipTest, TruncatedOrCorruptStreamThrowsAndKeepsTheOldDestination) {
+    write("d.txt", sampleBytes(3000));
+    ASSERT_TRUE(zip.CompressFile(path("d.txt"), path("d.mlh")));
+    const QByteArray good = read("d.mlh");
+    write("old.txt", "keep me");
+    QByteArray corrupt = good;
+    corrupt[20] = static_cast<char>(corrupt[20] ^ 0x55);
+    QByteArray wrongLength = good;
+    wrongLength[3] = static_cast<char>(wrongLength[3] - 1); // one byte less than stored
+    for (const QByteArray& bytes : {good.left(good.size() - 30), corrupt, wrongLength}) {
+        write("d.mlh", bytes);
+        const ZipError error = thrown([&] { zip.DecompressFile(path("d.mlh"), path("old")); });
+        EXPECT_LT(error.number(), 0);
+        EXPECT_EQ(error.description(), QStringLiteral("Error decompressing byte array"));
+        EXPECT_EQ(read("old.txt"), QByteArray("keep me"));
+    }
+}
+
+TEST_F(ZipTest, SourcesBeyondTheLengthFieldOrMissingAreRefused) {
+    QFile sparse(path("huge.bin"));
+    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(sparse.resize(qint64(1) << 31)); // 2 GiB, sparse: nothing is really written
+    sparse.close();
+    EXPECT_EQ(thrown([&] { zip.CompressFile(path("huge.bin"), path("h.mlh")); }).number(),
+              ZipError::FileTooLarge);
+    write("small.bin", sampleBytes(101));
+    zip.setSizeLimit(100);
+    EXPECT_EQ(thrown([&] { zip.CompressFile(path("small.bin"), path("s.mlh")); }).number(),
+              ZipError::FileTooLarge);
+    const ZipError missing = thrown([&] { zip.CompressFile(path("none"), path("x.mlh")); });
+    EXPECT_EQ(missing.number(), ZipError::FileNotFound);
+    EXPECT_EQ(missing.source(), QStringLiteral("clsZip.CompressFile()"));
+    EXPECT_EQ(files().size(), 2);
+}
+
+TEST_F(ZipTest, FreeSpaceGuardRetriesAndCancels) {
+    int queries = 0;
+    clsZip tight(notifier, [&queries](const QString&) {
+        return DriveSpace{++queries == 1 ? 5.0 : 1e9, 1e9, QStringLiteral("/data/")};
+    });
+    write("f.txt", sampleBytes(1000));
+    notifier.queueAnswer(AnswerRetry);
+    ASSERT_TRUE(tight.CompressFile(path("f.txt"), path("f.mlh")));
+    EXPECT_EQ(queries, 2);
+    ASSERT_EQ(notifier.messages().size(), 1);
+    EXPECT_EQ(notifier.messages().at(0).text,
+              QStringLiteral("Drive /data/ does not have enough free space.\r\n%1 additional "
+                             "bytes needed.")
+                  .arg(tight.CompressedSize() + 1 - 5));
+    EXPECT_EQ(notifier.messages().at(0).title, QStringLiteral("Compress File"));
+
+    queries = 0;
+    notifier.queueAnswer(AnswerCancel);
+    EXPECT_FALSE(tight.CompressFile(path("f.txt"), path("f.mlh")));
+    EXPECT_FALSE(QFile::exists(path("f.mlh"))); // the old one is gone too
+}
+
+TEST(ZipDrives, SpaceAndTypeOfTheFileSystemHoldingAPath) {
+    RecordingNotifier notifier;
+    clsZip zip(notifier);
+    EXPECT_EQ(zip.SpaceFree(QString()), -1);
+    EXPECT_EQ(zip.SpaceTotal(QString()), -1);
+    QTemporaryDir dir;
+    const QString notYetThere = dir.path() + QStringLiteral("/a/b/c.txt");
+    EXPECT_GT(zip.SpaceTotal(notYetThere), 0);
+    EXPECT_LE(zip.SpaceFree(notYetThere), zip.SpaceTotal(notYetThere));
+    EXPECT_EQ(zip.DriveType(QStringLiteral("/proc/self")), DriveUnknown);
+    EXPECT_EQ(driveTypeForFileSystem(0x01021994, false), DriveRam);
+    EXPECT_EQ(driveTypeForFileSystem(0xef53, true), DriveRemovable);
+}
+
+} // namespace

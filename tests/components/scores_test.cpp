@@ -1,0 +1,155 @@
+// The scores logic without a display: scrambling, the record, and the keeper's file through
+// the start sequence, counted games, damaged files and Clear.
+#include "components/scorescrambler.h"
+#include "components/scoreskeeper.h"
+#include "components/scoresrecord.h"
+
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QDate kToday(2025, 3, 7);
+
+TEST(ScoresScramble, RoundTripsEveryByteValueAndDoublesTheLength) {
+    QString all;
+    for (int code = 0; code < 256; ++code)
+        all += QChar(static_cast<char16_t>(code));
+    // Every byte at every key position.
+    for (int shift = 0; shift < 5; ++shift) {
+        const QString text = QString(shift, u'x') + all;
+        const QString scrambled = ScrambleScores(text);
+        EXPECT_EQ(scrambled.size(), 2 * text.size());
+        EXPECT_EQ(UnscrambleScores(scrambled), text);
+    }
+}
+
+TEST(ScoresScramble, KnownPairsWithBlankPadding) {
+    // 'Q' ^ 'Q' = 0, 'E' ^ 'D' = 1, 'M' ^ 'm' = 0x20, 'B' ^ 0xff = 0xBD, 'U' ^ 'U' = 0, and the
+    // key starts again at the sixth character.
+    EXPECT_EQ(ScrambleScores(QStringLiteral("QDm") + QChar(0xff) + QStringLiteral("UA")),
+              QStringLiteral(" 0 120BD 010"));
+    EXPECT_EQ(UnscrambleScores(QStringLiteral("zz1")), QStringLiteral("QD")); // lenient
+}
+
+TEST(ScoresRecord, DateIsEnglishWhateverTheLocale) {
+    const QLocale previous;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(scoresDate({2025, 3, 7}), QStringLiteral("07Mar2025"));
+    EXPECT_EQ(scoresDate({987, 10, 15}), QStringLiteral("15Oct0987"));
+    QLocale::setDefault(previous);
+}
+
+TEST(ScoresRecord, ParsesFourWholeNumbersOrNothing) {
+    EXPECT_EQ(parseScoresRecord(QStringLiteral("07Mar2025 2 2 0 0 ")), (ScoreTotals{2, 2, 0, 0}));
+    EXPECT_EQ(parseScoresRecord(QStringLiteral("x 9 4 3 2 7 7")), (ScoreTotals{9, 4, 3, 2}));
+    for (const char* bad : {"", "07Mar2025 1 1 1", "d 1 x 0 0", "d 1  0 0", "d -1 0 0 0",
+                            "d 99999999999999999999 0 0 0"})
+        EXPECT_FALSE(parseScoresRecord(QLatin1String(bad))) << bad;
+}
+
+class ScoresKeeperTest : public ::testing::Test {
+protected:
+    ScoresKeeper keeper(const QString& name = QStringLiteral("game.sco")) {
+        return ScoresKeeper(folder.file(name), notifier, [] { return kToday; });
+    }
+    QString storedRecord() const {
+        return UnscrambleScores(QString::fromLatin1(folder.read("game.sco")).trimmed());
+    }
+    void store(const QString& record) const {
+        folder.write("game.sco", ScrambleScores(record).toLatin1() + "\r\n");
+    }
+    static std::array<qint64, 4> column(const ScoresKeeper& k, bool session) {
+        std::array<qint64, 4> values{};
+        for (int row = 1; row <= 4; ++row)
+            values[row - 1] = session ? k.thisSession(row) : k.allSessions(row);
+        return values;
+    }
+
+    TestFolder folder;
+    RecordingNotifier notifier;
+};
+
+TEST_F(ScoresKeeperTest, MissingFileIsCreatedFreshAndTwoWinsAreStored) {
+    ScoresKeeper k = keeper();
+    k.start();
+    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 0 0 0 0 0 0 "));
+    EXPECT_TRUE(folder.read("game.sco").endsWith("\r\n"));
+
+    k.countGame(GameResult::Won);
+    k.countGame(GameResult::Won);
+    EXPECT_EQ(column(k, true), (std::array<qint64, 4>{2, 2, 0, 0}));
+    EXPECT_EQ(column(k, false), (std::array<qint64, 4>{2, 2, 0, 0}));
+    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 2 2 0 0 "));
+}
+
+TEST_F(ScoresKeeperTest, ExistingTotalsAreKeptAndSessionStartsAtZero) {
+    store(QStringLiteral("01Jan2020 10 5 3 2 "));
+    ScoresKeeper k = keeper();
+    k.start();
+    EXPECT_EQ(column(k, false), (std::array<qint64, 4>{10, 5, 3, 2}));
+    EXPECT_EQ(column(k, true), (std::array<qint64, 4>{0, 0, 0, 0}));
+    k.countGame(GameResult::Drawn);
+    k.countGame(GameResult::Lost);
+    EXPECT_EQ(column(k, true), (std::array<qint64, 4>{2, 0, 1, 1}));
+    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 12 5 4 3 "));
+}
+
+TEST_F(ScoresKeeperTest, DamagedFileShowsZerosAndIsKeptUntilTheNextSave) {
+    const QByteArray damaged[] = {
+        QByteArray("\r\n") +
+            ScrambleScores(QStringLiteral("d 4 4 0 0 ")).toLatin1(), // empty first line
+        ScrambleScores(QStringLiteral("d 4 4")).toLatin1(),          // too few fields
+        QByteArray("\x00\xff\x13garbage\x80\x81", 12),               // binary
+    };
+    for (const QByteArray& bytes : damaged) {
+        folder.write("game.sco", bytes);
+        ScoresKeeper k = keeper();
+        k.start();
+        EXPECT_EQ(column(k, false), (std::array<qint64, 4>{0, 0, 0, 0}));
+        EXPECT_EQ(folder.read("game.sco"), bytes);
+        k.countGame(GameResult::Lost);
+        EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 1 0 0 1 "));
+    }
+    EXPECT_TRUE(notifier.messages().isEmpty());
+}
+
+TEST_F(ScoresKeeperTest, ClearAsksAndOnlyYesEmptiesTheTotals) {
+    store(QStringLiteral("01Jan2020 3 1 1 1 "));
+    ScoresKeeper k = keeper();
+    k.start();
+    k.countGame(GameResult::Won);
+
+    notifier.queueAnswer(AnswerNo);
+    EXPECT_FALSE(k.clear());
+    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 4 2 1 1 "));
+    ASSERT_EQ(notifier.messages().size(), 1);
+    EXPECT_EQ(notifier.messages().at(0).text, QStringLiteral("Clear ALL scores"));
+
+    notifier.queueAnswer(AnswerYes);
+    EXPECT_TRUE(k.clear());
+    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 0 0 0 0 0 "));
+    EXPECT_EQ(column(k, false), (std::array<qint64, 4>{0, 0, 0, 0}));
+}
+
+TEST_F(ScoresKeeperTest, UnwritableFileIsReportedAndTheCountsKept) {
+    ScoresKeeper k = keeper(QStringLiteral("no/such/folder/game.sco"));
+    k.start(); // the failure to create it is ignored
+    EXPECT_TRUE(notifier.messages().isEmpty());
+    k.countGame(GameResult::Won);
+    ASSERT_EQ(notifier.messages().size(), 1);
+    EXPECT_TRUE(notifier.messages().at(0).text.startsWith(QStringLiteral("The scores could not")));
+    EXPECT_EQ(k.allSessions(2), 1);
+}
+
+TEST_F(ScoresKeeperTest, DefaultFileIsTheProgramNameInTheProgramFolder) {
+    EXPECT_EQ(ScoresKeeper::defaultScoreFilePath(),
+              folder.path() + ScoresKeeper::programBaseName() + QStringLiteral(".sco"));
+    EXPECT_FALSE(ScoresKeeper::programBaseName().isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+// The clock and scores widgets, headless: what they paint, what their labels show, and the
+// Close and Clear buttons under the mouse. Writes pictures of both for a look:
+// $TMPDIR/pentalink-dc.png and $TMPDIR/pentalink-scores.png.
+#include "components/dc.h"
+#include "components/scoresbox.h"
+#include "core/settings.h"
+
+#include "manualticks.h"
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QColor rgb(quint32 packed) {
+    return QColor(packed & 0xff, (packed >> 8) & 0xff, (packed >> 16) & 0xff);
+}
+
+// The clock painted at `scale` pixels per pixel, for pictures worth looking at.
+QImage renderClock(const Dc& dc, int scale) {
+    QImage image(dc.size() * scale, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale / 15.0, scale / 15.0);
+    paintClock(painter, dc.model(), dc.palette());
+    return image;
+}
+
+QString picture(const QString& name) {
+    return QDir::tempPath() + u'/' + name;
+}
+
+TEST(DcWidget, PaintsLitAndUnlitSegmentsAtTheirPlaces) {
+    auto ticks = std::make_unique<ManualTicks>();
+    ManualTicks* source = ticks.get();
+    Dc dc(nullptr, std::move(ticks));
+    QSignalSpy expired(&dc, &Dc::ClockExpired);
+    dc.setClockIncrement(-1);
+    dc.setClockStartValue(126);
+    dc.StartCountdown();
+    source->tick(); // 02:05
+
+    const QImage image = dc.grab().toImage();
+    EXPECT_EQ(image.size(), QSize(109, 39));
+    // Top bar of the "2" (x 510..630, y 90 twips) lit; middle bar of the "0" unlit.
+    EXPECT_EQ(image.pixelColor(38, 6), rgb(packRgb(0, 244, 0)));
+    EXPECT_EQ(image.pixelColor(13, 19), rgb(packRgb(0, 100, 0)));
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::black));
+    EXPECT_TRUE(renderClock(dc, 4).save(picture(QStringLiteral("pentalink-dc.png"))));
+
+    dc.setClockStartValue(0);
+    source->tick();
+    EXPECT_EQ(expired.count(), 1);
+}
+
+class ScoresBoxTest : public ::testing::Test {
+protected:
+    QString text(const char* name) const {
+        const auto* label = box.findChild<QLabel*>(QLatin1String(name));
+        return label ? label->text() : QStringLiteral("<missing>");
+    }
+    QPushButton* button(const char* name) const {
+        return box.findChild<QPushButton*>(QLatin1String(name));
+    }
+
+    TestFolder folder;
+    RecordingNotifier notifier;
+    ScoresBox box{notifier, nullptr, folder.file(QStringLiteral("panel.sco")),
+                  [] { return QDate(2025, 3, 7); }};
+};
+
+TEST_F(ScoresBoxTest, TwoWinsShowInBothColumnsAndClearEmptiesThem) {
+    box.setWonSession(true);
+    box.setWonSession(false);
+    for (const char* name : {"ThisSession1", "ThisSession2", "AllSessions1", "AllSessions2"})
+        EXPECT_EQ(text(name), QStringLiteral("2")) << name;
+    for (const char* name : {"ThisSession3", "ThisSession4", "AllSessions3", "AllSessions4"})
+        EXPECT_EQ(text(name), QStringLiteral("0")) << name;
+    EXPECT_FALSE(box.WonSession());
+    box.setLostSession(true);
+    EXPECT_EQ(text("AllSessions4"), QStringLiteral("1"));
+    EXPECT_EQ(text("AllSessions1"), QStringLiteral("3"));
+
+    const auto* frame = box.findChild<QGroupBox*>();
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(frame->title(), ScoresKeeper::programBaseName() + QStringLiteral(" Scores"));
+    EXPECT_EQ(box.CommandCol(), 0x8000000Fu);
+    box.setBackColor(packRgb(200, 190, 150));
+    box.setCommandCol(packRgb(150, 170, 200));
+    const QImage image = box.grab().toImage();
+    EXPECT_EQ(image.size(), QSize(254, 173));
+    EXPECT_EQ(image.pixelColor(1, 1), QColor(200, 190, 150));
+    EXPECT_EQ(button("Command2")->palette().color(QPalette::Button), QColor(150, 170, 200));
+    EXPECT_TRUE(image.save(picture(QStringLiteral("pentalink-scores.png"))));
+
+    notifier.queueAnswer(AnswerNo);
+    QTest::mouseClick(button("Command2"), Qt::LeftButton);
+    EXPECT_EQ(text("AllSessions1"), QStringLiteral("3"));
+    notifier.queueAnswer(AnswerYes);
+    QTest::mouseClick(button("Command2"), Qt::LeftButton);
+    EXPECT_EQ(notifier.messages().size(), 2);
+    for (const char* name : {"ThisSession1", "AllSessions1", "AllSessions2", "AllSessions4"})
+        EXPECT_EQ(text(name), QStringLiteral("0")) << name;
+}
+
+TEST_F(ScoresBoxTest, CloseReportsReleasesOverTheButtonOnly) {
+    QSignalSpy closed(&box, &ScoresBox::CloseClicked);
+    QPushButton* close = button("Command1");
+    QTest::mouseClick(close, Qt::LeftButton, {}, QPoint(10, 5));
+    QTest::mouseClick(close, Qt::RightButton, {}, QPoint(2, 3));
+    ASSERT_EQ(closed.count(), 2);
+    EXPECT_EQ(closed.at(0), (QList<QVariant>{1, 1, 150, 75}));
+    EXPECT_EQ(closed.at(1), (QList<QVariant>{2, 1, 30, 45}));
+
+    QTest::mousePress(close, Qt::LeftButton, {}, QPoint(10, 5));
+    QTest::mouseRelease(close, Qt::LeftButton, {}, QPoint(500, 5));
+    EXPECT_EQ(closed.count(), 2);
+}
+
+} // namespace
