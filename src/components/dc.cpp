@@ -1,7 +1,7 @@
 // Painting the countdown clock; see dc.h.
 #include "components/dc.h"
 
-#include "components/packedcolour.h"
+#include "ui/olecolor.h"
 #include "components/sevensegment.h"
 
 #include <QPainter>
@@ -14,7 +14,7 @@ constexpr int kTwipsPerPixel = 15;
 
 void drawElement(QPainter& painter, const QLine& line, quint32 colour, int widthPixels,
                  const QPalette& palette) {
-    QPen pen(colourFromPacked(colour, palette), widthPixels * kTwipsPerPixel);
+    QPen pen(OleTranslateColor(colour, palette), widthPixels * kTwipsPerPixel);
     pen.setCapStyle(Qt::RoundCap);
     painter.setPen(pen);
     painter.drawLine(line);
@@ -40,7 +40,7 @@ void Dc::paintEvent(QPaintEvent*) {
 void paintClock(QPainter& painter, const ClockModel& model, const QPalette& palette) {
     using namespace sevensegment;
     painter.save();
-    const QColor background = colourFromPacked(model.backgroundColour(), palette);
+    const QColor background = OleTranslateColor(model.backgroundColour(), palette);
     painter.setPen(background);
     painter.setBrush(background);
     painter.drawRect(0, 0, 1650, 580);

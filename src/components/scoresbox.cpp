@@ -1,7 +1,7 @@
 // The scores panel's layout, colours and input; the counting lives in ScoresKeeper.
 #include "components/scoresbox.h"
 
-#include "components/packedcolour.h"
+#include "ui/olecolor.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -79,7 +79,7 @@ ScoresBox::ScoresBox(Notifier& notifier, QWidget* parent, const QString& scoreFi
     : QWidget(parent)
     , m_keeper(scoreFilePath.isEmpty() ? ScoresKeeper::defaultScoreFilePath() : scoreFilePath,
                notifier, std::move(today))
-    , m_commandCol(kSystemButtonFace) {
+    , m_commandCol(SystemButtonFace) {
     setFixedSize(3810 / kTwipsPerPixel, 2595 / kTwipsPerPixel);
 
     m_frame = new QGroupBox(ScoresKeeper::programBaseName() + QStringLiteral(" Scores"), this);
@@ -158,12 +158,12 @@ void ScoresBox::showCounters() {
 }
 
 void ScoresBox::applyColours() {
-    const QColor face = colourFromPacked(m_commandCol, palette());
+    const QColor face = OleTranslateColor(m_commandCol, palette());
     for (QPushButton* button : {m_close, m_clear})
         setBackground(button, QPalette::Button, face);
     if (!m_backColorSet)
         return;
-    const QColor back = colourFromPacked(m_backColor, palette());
+    const QColor back = OleTranslateColor(m_backColor, palette());
     setBackground(this, QPalette::Window, back);
     setBackground(m_frame, QPalette::Window, back);
     for (int row = 1; row <= 4; ++row) {
