@@ -6,8 +6,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QRegularExpression>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -124,8 +124,9 @@ bool ColourScheme::LoadColourScheme(const QString& schemeFile) {
         const qsizetype at = header + 1 + k;
         if (at >= lines.size())
             return fail();
+        // The lines of colours 3 and 5 are passed over unread: those two are always derived.
         quint32 read = 0;
-        if (!readColourLine(lines[at], read))
+        if (k != 3 && k != 5 && !readColourLine(lines[at], read))
             return fail();
         if (k == 3) {
             // Colour 3 is colour 2 lightened; 256 still counts as 255 below.
@@ -148,8 +149,7 @@ bool ColourScheme::LoadColourScheme(const QString& schemeFile) {
     return true;
 }
 
-bool ColourScheme::readCollection(QStringList& lines) const
-{
+bool ColourScheme::readCollection(QStringList& lines) const {
     QFile file(m_settings.SchemeCollectionPath);
     if (!file.open(QIODevice::ReadOnly) || file.size() > MaxCollectionBytes)
         return false;
@@ -157,8 +157,7 @@ bool ColourScheme::readCollection(QStringList& lines) const
     return true;
 }
 
-bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour)
-{
+bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour) {
     if (schemeFile.toLower() == QStringLiteral("default.col")) {
         // The system colour value itself, as a list box would report it.
         constexpr quint32 WindowBackground = 0x80000005u;
@@ -196,8 +195,7 @@ bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour)
     return true;
 }
 
-void ColourScheme::DeriveScheme(quint32 baseColour, int contrast)
-{
+void ColourScheme::DeriveScheme(quint32 baseColour, int contrast) {
     const float f = float(contrast) / 100.0f;
     SchemeColours[0] = pack(1, 1, 1);
     SchemeColours[1] = pack(240, 240, 240);
@@ -215,8 +213,7 @@ void ColourScheme::DeriveScheme(quint32 baseColour, int contrast)
     SchemeColours[12] = pack(0, 255, 0);
 }
 
-QStringList ColourScheme::ListSchemeNames() const
-{
+QStringList ColourScheme::ListSchemeNames() const {
     QStringList lines;
     QStringList names;
     if (!readCollection(lines))
@@ -229,16 +226,14 @@ QStringList ColourScheme::ListSchemeNames() const
     return names;
 }
 
-QStringList ColourScheme::sectionLines(const QString& header) const
-{
+QStringList ColourScheme::sectionLines(const QString& header) const {
     QStringList section{header};
     for (int k = 0; k <= 12; ++k)
         section.append(colourLineText(SchemeColours[k])); // may throw ColourOverflow
     return section;
 }
 
-bool ColourScheme::AppendScheme(const QString& name)
-{
+bool ColourScheme::AppendScheme(const QString& name) {
     try {
         // Every colour is split before anything is written, so no partial section is left.
         const QStringList section = sectionLines(SchemeFileName(name));
@@ -259,8 +254,7 @@ bool ColourScheme::AppendScheme(const QString& name)
     }
 }
 
-bool ColourScheme::rewriteWithout(const QString& name, bool replace)
-{
+bool ColourScheme::rewriteWithout(const QString& name, bool replace) {
     try {
         const QString header = SchemeFileName(name);
         const QStringList section = replace ? sectionLines(header) : QStringList();
@@ -286,6 +280,10 @@ bool ColourScheme::rewriteWithout(const QString& name, bool replace)
     }
 }
 
-bool ColourScheme::ReplaceScheme(const QString& name) { return rewriteWithout(name, true); }
+bool ColourScheme::ReplaceScheme(const QString& name) {
+    return rewriteWithout(name, true);
+}
 
-bool ColourScheme::DeleteScheme(const QString& name) { return rewriteWithout(name, false); }
+bool ColourScheme::DeleteScheme(const QString& name) {
+    return rewriteWithout(name, false);
+}
