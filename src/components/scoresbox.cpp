@@ -1,6 +1,7 @@
 // The scores panel's layout, colours and input; the counting lives in ScoresKeeper.
 #include "components/scoresbox.h"
 
+#include "ui/boxcontrol.h"
 #include "ui/olecolor.h"
 
 #include <QGroupBox>
@@ -57,19 +58,6 @@ void setBackground(QWidget* widget, QPalette::ColorRole role, const QColor& colo
     palette.setColor(role, colour);
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
-}
-
-int visualBasicButton(Qt::MouseButton button) {
-    switch (button) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return 2;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
-    }
 }
 
 } // namespace
@@ -180,7 +168,7 @@ bool ScoresBox::eventFilter(QObject* watched, QEvent* event) {
     if (!static_cast<QWidget*>(watched)->rect().contains(at))
         return false;
     if (watched == m_close) {
-        Q_EMIT CloseClicked(visualBasicButton(release->button()), 1, at.x() * kTwipsPerPixel,
+        Q_EMIT CloseClicked(mouseButtonCode(release->button()), 1, at.x() * kTwipsPerPixel,
                             at.y() * kTwipsPerPixel);
     } else {
         m_keeper.clear();

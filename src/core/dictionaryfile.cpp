@@ -2,6 +2,8 @@
 // dictionaryfile.h.
 #include "core/dictionaryfile.h"
 
+#include "core/textdecoding.h"
+
 #include "core/eventpump.h"
 
 #include <QFile>
@@ -13,13 +15,6 @@ namespace {
 
 constexpr qint64 kChunkSize = 64 * 1024;
 constexpr int kWordLength = 4;
-
-// Windows-1252 for the bytes 0x80..0x9F; the five unassigned bytes map to the C1 controls of
-// the same value, as the platform's own conversion does. All other bytes equal Latin-1.
-constexpr std::array<char16_t, 32> kWindows1252High = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 // Splits characters into lines and keeps the lines of exactly four characters. Only the first
 // characters of a line are stored, so a line of any length costs nothing.
@@ -139,7 +134,7 @@ private:
 };
 
 char32_t windows1252(unsigned char b) {
-    return (b >= 0x80 && b <= 0x9F) ? kWindows1252High[b - 0x80] : b;
+    return windows1252ToUnicode(b);
 }
 
 // Reads the whole file through `decode(chunk) -> bool`; false from decode stops early.

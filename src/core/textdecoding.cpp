@@ -17,16 +17,16 @@ QString decodeWindows1252(const QByteArray& bytes) {
     QString text;
     text.reserve(bytes.size());
     for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x80 && byte <= 0x9F)
-            text.append(QChar(kHighControls[byte - 0x80]));
-        else
-            text.append(QChar(byte));
+        text.append(QChar(windows1252ToUnicode(static_cast<unsigned char>(c))));
     }
     return text;
 }
 
 } // namespace
+
+char16_t windows1252ToUnicode(unsigned char byte) {
+    return (byte >= 0x80 && byte <= 0x9F) ? kHighControls[byte - 0x80] : char16_t(byte);
+}
 
 QString decodeText(const QByteArray& bytes) {
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);

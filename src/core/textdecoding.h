@@ -6,6 +6,10 @@
 #include <QString>
 #include <QStringList>
 
+// The character a Windows-1252 byte stands for (the five bytes the code page leaves undefined
+// map to the control characters of the same number).
+char16_t windows1252ToUnicode(unsigned char byte);
+
 // Decodes `bytes` as UTF-8 when they are valid UTF-8 (a leading byte-order mark is dropped),
 // otherwise as Windows-1252 (the five bytes that code page leaves undefined map to the
 // control characters of the same number). Never fails.
