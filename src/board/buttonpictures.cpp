@@ -94,64 +94,24 @@ QPixmap buttonPicture(ButtonPicture picture) {
 }
 
 QImage windowIconImage(int size) {
+    // The program's mark: a black five-pointed star on a transparent ground.
     QImage image = blankPicture(size);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing, true);
-    p.setRenderHint(QPainter::TextAntialiasing, true);
     const qreal s = size;
-
-    // The tile.
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(0x1d, 0x4e, 0x89));
-    p.drawRoundedRect(QRectF(0, 0, s, s), s * 0.18, s * 0.18);
-
-    // Five tips on a circle and the five crossings of the lines between them.
-    const QPointF centre(s / 2, s * 0.54);
-    const qreal outer = size < 32 ? s * 0.46 : s * 0.42;
-    const qreal inner = outer * 0.381966; // where the pentagram's lines cross
-    std::array<QPointF, 5> tips;
-    std::array<QPointF, 5> crossings;
+    const QPointF centre(s / 2, s * 0.53);
+    const qreal outer = s * 0.48;
+    const qreal inner = outer * 0.381966; // where the star's lines cross
+    QPolygonF star;
     for (int k = 0; k < 5; ++k) {
         const qreal a = qDegreesToRadians(-90.0 + 72.0 * k);
         const qreal b = qDegreesToRadians(-90.0 + 36.0 + 72.0 * k);
-        tips[k] = centre + QPointF(std::cos(a), std::sin(a)) * outer;
-        crossings[k] = centre + QPointF(std::cos(b), std::sin(b)) * inner;
+        star << centre + QPointF(std::cos(a), std::sin(a)) * outer
+             << centre + QPointF(std::cos(b), std::sin(b)) * inner;
     }
-
-    if (size < 32) {
-        // Too small for lines and cells: a plain filled star.
-        QPolygonF star;
-        for (int k = 0; k < 5; ++k)
-            star << tips[k] << crossings[k];
-        p.setPen(QPen(QColor(0x1c, 0x1c, 0x1c), 1));
-        p.setBrush(QColor(0xff, 0xd8, 0x4a));
-        p.drawPolygon(star);
-        return image;
-    }
-
-    p.setPen(QPen(QColor(0xf4, 0xf1, 0xe6), s / 24, Qt::SolidLine, Qt::RoundCap));
-    for (int k = 0; k < 5; ++k)
-        p.drawLine(tips[k], tips[(k + 2) % 5]);
-
-    const qreal cell = s * 0.17;
-    p.setPen(QPen(QColor(0x1c, 0x1c, 0x1c), qMax(1.0, s / 48)));
-    p.setBrush(QColor(0xff, 0xd8, 0x4a));
-    for (const QPointF& c : crossings)
-        p.drawRect(QRectF(c.x() - cell / 2.6, c.y() - cell / 2.6, cell / 1.3, cell / 1.3));
-    for (const QPointF& c : tips)
-        p.drawRect(QRectF(c.x() - cell / 2, c.y() - cell / 2, cell, cell));
-
-    if (size >= 48) {
-        QFont font(QStringLiteral("DejaVu Sans"));
-        font.setBold(true);
-        font.setPixelSize(qRound(cell * 0.8));
-        p.setFont(font);
-        const QString letters = QStringLiteral("PENTA");
-        for (int k = 0; k < 5; ++k) {
-            const QRectF box(tips[k].x() - cell / 2, tips[k].y() - cell / 2, cell, cell);
-            p.drawText(box, Qt::AlignCenter, letters.mid(k, 1));
-        }
-    }
+    p.setPen(Qt::NoPen);
+    p.setBrush(Qt::black);
+    p.drawPolygon(star);
     return image;
 }
 

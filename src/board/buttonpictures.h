@@ -1,6 +1,6 @@
 // The pictures of the main window's four picture buttons and the program's window icon, all
 // our own art drawn in code: 16 x 16 black line drawings on a transparent ground for the
-// buttons, a star board on a blue tile for the icon.
+// buttons, a black five-pointed star for the icon.
 #pragma once
 
 #include <QIcon>
@@ -19,9 +19,8 @@ QImage buttonPictureImage(ButtonPicture picture);
 // The same as a pixmap, for a button (needs a QGuiApplication).
 QPixmap buttonPicture(ButtonPicture picture);
 
-// The window icon at `size` x `size` pixels (size >= 16) on a rounded blue tile: below 32
-// pixels a filled yellow star; from 32 up the star's five lines with its ten cells; from 48
-// up the five tips carry the letters of "PENTA".
+// The window icon at `size` x `size` pixels (size >= 16): a black five-pointed star on a
+// transparent ground.
 QImage windowIconImage(int size);
 // The window icon in the sizes 16, 24, 32, 48, 64 and 128 (needs a QGuiApplication).
 QIcon windowIcon();
