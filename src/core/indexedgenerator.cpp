@@ -66,6 +66,8 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         if (!m_index.alive(root))
             continue;
         ++m_statistics.attempts;
+        if (m_pump)
+            m_pump->poll(); // the marks are clear: the point where the literal search polls
         Outcome outcome = m_index.plain(root) ? attempt(wordList, grid, root) : Outcome::Literal;
         lastWasLiteral = outcome == Outcome::Literal;
         if (lastWasLiteral) {
@@ -86,8 +88,6 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         }
         if (lastWasLiteral)
             grid.clearSolution();
-        if (m_pump)
-            m_pump->poll();
         ++index;
     }
     if (!lastWasLiteral)

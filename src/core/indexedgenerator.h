@@ -37,7 +37,7 @@ class EventPump;
 
 class IndexedPuzzleGenerator : public PuzzleGenerator {
 public:
-    // Polled after each failed attempt (and inside the attempts handed to the literal
+    // Polled at the start of every attempt (and inside the attempts handed to the literal
     // search), so pending window events run during a long search; null: none.
     void setEventPump(EventPump* pump);
 
