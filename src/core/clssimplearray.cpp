@@ -7,6 +7,7 @@
 
 #include <QSet>
 
+#include <atomic>
 #include <limits>
 #include <new>
 #include <stdexcept>
@@ -18,11 +19,19 @@ const QString kIndexErrorText = QStringLiteral(
     "The selected index number exceeds the number of elements dimensioned in the array!");
 constexpr int kSlack = 100; // unused slots added on growth / tolerated before shrinking
 
+std::atomic<quint64> g_lastRevision{0};
+
 } // namespace
 
 clsSimpleArray::clsSimpleArray(Notifier* notifier)
     : m_notifier(notifier)
-    , m_clock([] { return QDateTime::currentDateTime(); }) {}
+    , m_clock([] { return QDateTime::currentDateTime(); }) {
+    touch();
+}
+
+void clsSimpleArray::touch() {
+    m_revision = ++g_lastRevision;
+}
 
 void clsSimpleArray::setClock(Clock clock) {
     m_clock = clock ? std::move(clock) : Clock([] { return QDateTime::currentDateTime(); });
@@ -89,6 +98,7 @@ void clsSimpleArray::AddItem(const QString& vstrItem, int vlngIndex) {
     }
     noteAppended();
     m_newIndex = position;
+    touch();
 }
 
 void clsSimpleArray::Clear() {
@@ -97,6 +107,7 @@ void clsSimpleArray::Clear() {
     m_last = -1;
     m_newIndex = -1;
     m_capacity = 0;
+    touch();
 }
 
 bool clsSimpleArray::FindItem(const QString& vstrItem, bool vblnExactMatch) {
@@ -153,6 +164,7 @@ void clsSimpleArray::List(int vlngIndex, const QString& vNewValue) {
         return;
     }
     m_items[vlngIndex] = vNewValue;
+    touch();
 }
 
 void clsSimpleArray::removeWhere(const std::function<bool(int)>& remove) {
@@ -172,6 +184,7 @@ void clsSimpleArray::removeWhere(const std::function<bool(int)>& remove) {
     }
     if (removed == 0)
         return;
+    touch();
     m_items.resize(kept);
     m_data.resize(kept);
     const int before = m_capacity;

@@ -116,6 +116,12 @@ public:
     // The number of slots the capacity rules above give; 0 when the storage is released.
     int capacity() const { return m_capacity; }
 
+    // A value that changes whenever an item text, the number of items or their order changes
+    // (item data changes leave it alone). Values are unique within the process: two lists with
+    // the same revision hold the same texts in the same order (one is an unchanged copy of the
+    // other), so an index built over a list stays valid while its revision is unchanged.
+    quint64 revision() const { return m_revision; }
+
 private:
     bool validIndex(int index) const { return index >= 0 && index <= m_last; }
     void indexError(const QString& function) const;
@@ -126,6 +132,8 @@ private:
     // applying the capacity rules as if they were removed one at a time from the end of the
     // scan. NewIndex() becomes the new last index when anything was removed.
     void removeWhere(const std::function<bool(int)>& remove);
+    // Gives the list a new revision.
+    void touch();
 
     std::vector<QString> m_items;
     std::vector<qint32> m_data;
@@ -133,6 +141,7 @@ private:
     int m_newIndex = -1;
     int m_capacity = 0;
     bool m_isSorted = false;
+    quint64 m_revision = 0;
     Notifier* m_notifier = nullptr;
     Clock m_clock;
 };

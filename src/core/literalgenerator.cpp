@@ -4,68 +4,14 @@
 #include "core/clssimplearray.h"
 #include "core/codepoints.h"
 #include "core/eventpump.h"
+#include "core/generatorwords.h"
 #include "core/stargrid.h"
 
-#include <algorithm>
 #include <array>
-#include <vector>
 
 namespace {
 
 const QString kMark = QStringLiteral("*");
-
-// The first four characters of an entry, one per element ("" past the end of a short entry).
-std::array<QString, 4> lettersOf(const QString& entry) {
-    std::array<QString, 4> letters;
-    qsizetype i = 0;
-    for (QString& letter : letters) {
-        if (i >= entry.size())
-            break;
-        const qsizetype start = i;
-        nextCodePoint(entry, i);
-        letter = entry.sliced(start, i - start);
-    }
-    return letters;
-}
-
-// The word an entry stands for: a marked entry reversed without its first character.
-QString realSpelling(const QString& entry) {
-    if (!entry.endsWith(kMark))
-        return entry;
-    return reversedCodePoints(entry).mid(1);
-}
-
-// The words gathered by one attempt: the five solution words, then the decoys.
-class WorkingList {
-public:
-    void clear() { m_entries.clear(); }
-
-    bool holds(const QString& word) const {
-        return std::any_of(m_entries.begin(), m_entries.end(),
-                           [&](const Entry& e) { return equalsIgnoringCase(e.word, word); });
-    }
-
-    void addSolutionWord(const QString& word) { m_entries.push_back({word, word}); }
-    void addDecoy(const QString& word) { m_entries.push_back({word, word + kMark}); }
-
-    // The stored texts (decoys with their mark) ascending without regard to case.
-    std::vector<QString> sortedTexts() const {
-        std::vector<QString> texts;
-        for (const Entry& e : m_entries)
-            texts.push_back(e.text);
-        std::stable_sort(texts.begin(), texts.end(), [](const QString& a, const QString& b) {
-            return compareIgnoringCase(a, b) < 0;
-        });
-        return texts;
-    }
-
-private:
-    struct Entry {
-        QString word; // the real spelling
-        QString text; // as listed: the word, with "*" for a decoy
-    };
-    std::vector<Entry> m_entries;
-};
 
 } // namespace
 
@@ -164,11 +110,6 @@ bool LiteralPuzzleGenerator::attempt(clsSimpleArray& wordList, StarGrid& grid, i
         working.addDecoy(word);
     }
 
-    const std::vector<QString> texts = working.sortedTexts();
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const QString& text = texts[static_cast<size_t>(i - 1)];
-        grid.CandidateWords[i] = leftCodePoints(text, 4).toString();
-        grid.DecoyFlags[i] = text.endsWith(kMark) ? 1 : 0;
-    }
+    publishCandidates(working, grid);
     return true;
 }

@@ -29,8 +29,13 @@ public:
 
     GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) override;
 
-private:
+    // One attempt from the root entry at index `root` (0 <= root < wordList.ListCount()), as
+    // generate() makes them: resets every item data to 0, then searches and marks. On success
+    // grid holds the solution letters, CandidateWords and DecoyFlags and true is returned; the
+    // root is not removed. On failure some SolutionLetters may hold letters of the search.
     bool attempt(clsSimpleArray& wordList, StarGrid& grid, int root);
+
+private:
     void poll();
 
     EventPump* m_pump = nullptr;

@@ -1,7 +1,7 @@
 // The create and dictionary commands; see puzzlesession.h.
 #include "core/puzzlesession.h"
 
-#include "core/literalgenerator.h"
+#include "core/indexedgenerator.h"
 #include "core/notifier.h"
 
 #include <QCoreApplication>
@@ -45,9 +45,9 @@ PuzzleSession::PuzzleSession(Notifier* notifier, QObject* parent)
     })
     , m_loader(m_wordList, m_random, notifier) {
     m_loader.setEventPump(&m_pump);
-    auto literal = std::make_unique<LiteralPuzzleGenerator>();
-    literal->setEventPump(&m_pump);
-    m_generator = std::move(literal);
+    auto generator = std::make_unique<IndexedPuzzleGenerator>();
+    generator->setEventPump(&m_pump);
+    m_generator = std::move(generator);
 }
 
 PuzzleSession::~PuzzleSession() = default;

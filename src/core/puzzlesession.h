@@ -35,7 +35,7 @@ public:
 
     // notifier: where messages go (null: nowhere). The event pump lets
     // QCoreApplication::processEvents() run at most every few milliseconds; the generator is
-    // the literal one and the random source is seeded from the system.
+    // the indexed one (IndexedPuzzleGenerator) and the random source is seeded from the system.
     explicit PuzzleSession(Notifier* notifier, QObject* parent = nullptr);
     ~PuzzleSession() override;
 

@@ -1,0 +1,61 @@
+// Word handling shared by the puzzle generators; see generatorwords.h.
+#include "core/generatorwords.h"
+
+#include "core/codepoints.h"
+#include "core/stargrid.h"
+
+#include <algorithm>
+
+namespace {
+
+const QString kMark = QStringLiteral("*");
+
+} // namespace
+
+std::array<QString, 4> lettersOf(const QString& entry) {
+    std::array<QString, 4> letters;
+    qsizetype i = 0;
+    for (QString& letter : letters) {
+        if (i >= entry.size())
+            break;
+        const qsizetype start = i;
+        nextCodePoint(entry, i);
+        letter = entry.sliced(start, i - start);
+    }
+    return letters;
+}
+
+QString realSpelling(const QString& entry) {
+    if (!entry.endsWith(kMark))
+        return entry;
+    return reversedCodePoints(entry).mid(1);
+}
+
+bool WorkingList::holds(const QString& word) const {
+    return std::any_of(m_entries.begin(), m_entries.end(),
+                       [&](const Entry& e) { return equalsIgnoringCase(e.word, word); });
+}
+
+void WorkingList::addDecoy(const QString& word) {
+    m_entries.push_back({word, word + kMark});
+}
+
+std::vector<QString> WorkingList::sortedTexts() const {
+    std::vector<QString> texts;
+    texts.reserve(m_entries.size());
+    for (const Entry& e : m_entries)
+        texts.push_back(e.text);
+    std::stable_sort(texts.begin(), texts.end(), [](const QString& a, const QString& b) {
+        return compareIgnoringCase(a, b) < 0;
+    });
+    return texts;
+}
+
+void publishCandidates(const WorkingList& working, StarGrid& grid) {
+    const std::vector<QString> texts = working.sortedTexts();
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        const QString& text = texts[static_cast<size_t>(i - 1)];
+        grid.CandidateWords[i] = leftCodePoints(text, 4).toString();
+        grid.DecoyFlags[i] = text.endsWith(kMark) ? 1 : 0;
+    }
+}
