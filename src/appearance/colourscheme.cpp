@@ -1,104 +1,36 @@
-// The colour-scheme table and its loader; see colourscheme.h.
+// The colour-scheme table and the operations on the collection; see colourscheme.h.
 #include "appearance/colourscheme.h"
 
 #include "core/notifier.h"
-#include "core/textdecoding.h"
 
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-#include <QSaveFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr qint64 MaxCollectionBytes = 4 * 1024 * 1024;
-
-// The leading number of a field (blanks skipped), or 0 when it starts with none.
-double leadingNumber(const QString& field) {
-    static const QRegularExpression number(
-        QStringLiteral(R"(^\s*([-+]?(\d+\.?\d*|\.\d+)([eE][-+]?\d+)?))"));
-    const QRegularExpressionMatch match = number.match(field);
-    return match.hasMatch() ? match.captured(1).toDouble() : 0.0;
+// Colour 3 is colour 2 lightened; a component of 256 still counts as 255 when packed.
+int lighten(int v) {
+    v += 32;
+    return v > 256 ? 254 : v;
 }
 
-quint32 pack(int r, int g, int b) {
-    return quint32(r) + 256u * quint32(g) + 65536u * quint32(b);
-}
-
-// Writes `text` as the whole of `path`, atomically; unbuffered so a short write is seen.
-bool writeWhole(const QString& path, const QString& text) {
-    const QByteArray bytes = text.toUtf8();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
-}
-
-QString joinLines(const QStringList& lines) {
-    QString text;
-    for (const QString& line : lines)
-        text += line + QStringLiteral("\r\n");
-    return text;
-}
-
-qint64 component(quint32 colour, qint64 divisor, qint64 modulus) {
-    const qint64 value = qint32(colour);             // the signed 32-bit number it is stored as
-    const qint64 part = (value / divisor) % modulus; // C++ keeps the sign of the dividend
-    if (part < 0 || part > 255)
-        throw ColourOverflow();
-    return part;
+// Colour 5 is colour 4 darkened.
+int darken(int v) {
+    v -= 32;
+    return v < 1 ? 8 : v;
 }
 
 } // namespace
 
-ColourOverflow::ColourOverflow()
-    : std::runtime_error("Overflow: the colour cannot be split into red, green and blue") {}
-
-quint8 RedByte(quint32 colour) {
-    return quint8(component(colour, 1, 256));
-}
-quint8 GreenByte(quint32 colour) {
-    return quint8(component(colour, 256, 256));
-}
-quint8 BlueByte(quint32 colour) {
-    return quint8(component(colour, 65536, 65536));
-}
-
-QString SchemeFileName(const QString& name) {
-    return name.toLower() + QStringLiteral(".col");
-}
-
-QString colourLineText(quint32 colour) {
-    return QStringLiteral(" %1; %2; %3")
-        .arg(RedByte(colour))
-        .arg(GreenByte(colour))
-        .arg(BlueByte(colour));
-}
-
-bool readColourLine(const QString& line, quint32& colour) {
-    const QStringList fields = line.split(u';');
-    if (fields.size() < 3)
-        return false;
-    int value[3];
-    for (int i = 0; i < 3; ++i) {
-        const double rounded = std::nearbyint(leadingNumber(fields[i])); // ties to even
-        if (rounded < 0 || rounded > 32767)
-            return false;
-        value[i] = rounded > 255 ? 255 : int(rounded);
-    }
-    colour = pack(value[0], value[1], value[2]);
-    return true;
-}
-
 ColourScheme::ColourScheme(Settings& settings)
-    : m_settings(settings) {}
+    : m_settings(settings)
+    , m_writer(SchemeFile::writeAtomically) {}
+
+void ColourScheme::setWriter(SchemeFile::Writer writer) {
+    m_writer = writer ? std::move(writer) : SchemeFile::Writer(SchemeFile::writeAtomically);
+}
 
 bool ColourScheme::LoadColourScheme(const QString& schemeFile) {
     const auto fail = [&] {
@@ -111,58 +43,38 @@ bool ColourScheme::LoadColourScheme(const QString& schemeFile) {
         return false;
     };
 
-    QFile file(m_settings.SchemeCollectionPath);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > MaxCollectionBytes)
+    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    if (!lines)
         return fail();
-    const QStringList lines = splitTextLines(decodeText(file.read(MaxCollectionBytes)));
-    const qsizetype header = lines.indexOf(schemeFile);
+    const qsizetype header = lines->indexOf(schemeFile);
     if (header < 0)
         return fail();
 
-    int r = 0, g = 0, b = 0;
-    for (int k = 0; k <= 12; ++k) {
+    // Components as read (0..32767); they carry over from colour 2 to 3 and from 4 to 5.
+    ColourComponents c;
+    for (int k = 0; k < StoredColours; ++k) {
         const qsizetype at = header + 1 + k;
-        if (at >= lines.size())
-            return fail();
-        // The lines of colours 3 and 5 are passed over unread: those two are always derived.
-        quint32 read = 0;
-        if (k != 3 && k != 5 && !readColourLine(lines[at], read))
+        if (at >= lines->size())
             return fail();
         if (k == 3) {
-            // Colour 3 is colour 2 lightened; 256 still counts as 255 below.
-            const auto lighten = [](int v) {
-                v += 32;
-                return v > 256 ? 254 : std::min(v, 255);
-            };
-            r = lighten(r), g = lighten(g), b = lighten(b);
+            c = {lighten(c.red), lighten(c.green), lighten(c.blue)};
         } else if (k == 5) {
-            const auto darken = [](int v) {
-                v -= 32;
-                return v < 1 ? 8 : v;
-            };
-            r = darken(r), g = darken(g), b = darken(b);
+            c = {darken(c.red), darken(c.green), darken(c.blue)};
         } else {
-            r = int(read & 0xFF), g = int((read >> 8) & 0xFF), b = int((read >> 16) & 0xFF);
+            const std::optional<ColourComponents> read = readColourLine(lines->at(at));
+            if (!read)
+                return fail();
+            c = *read;
         }
-        SchemeColours[k] = pack(r, g, b);
+        SchemeColours[k] = packComponents(c);
     }
-    return true;
-}
-
-bool ColourScheme::readCollection(QStringList& lines) const {
-    QFile file(m_settings.SchemeCollectionPath);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > MaxCollectionBytes)
-        return false;
-    lines = splitTextLines(decodeText(file.read(MaxCollectionBytes)));
     return true;
 }
 
 bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour) {
     if (schemeFile.toLower() == QStringLiteral("default.col")) {
-        // The system colour value itself, as a list box would report it.
-        constexpr quint32 WindowBackground = 0x80000005u;
-        SchemeColours[2] = WindowBackground;
-        SchemeColours[4] = WindowBackground;
+        SchemeColours[2] = SystemWindowBackground;
+        SchemeColours[4] = SystemWindowBackground;
         SchemeColours[3] = 0;
         baseColour = SchemeColours[2];
         return true;
@@ -177,48 +89,61 @@ bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour)
         m_settings.ActiveSchemeFile = QStringLiteral("default.col");
         return false;
     };
-    QStringList lines;
-    if (!readCollection(lines))
+
+    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    if (!lines)
         return fail();
-    const qsizetype header = lines.indexOf(schemeFile);
+    const qsizetype header = lines->indexOf(schemeFile);
     if (header < 0)
         return fail();
-    for (int k = 0; k <= 12; ++k) {
-        quint32 colour = 0;
+    for (int k = 0; k < StoredColours; ++k) {
         const qsizetype at = header + 1 + k;
-        if (at >= lines.size() || !readColourLine(lines[at], colour))
+        if (at >= lines->size())
             return fail();
-        SchemeColours[k] = colour;
-        if (k == 2)
-            baseColour = colour;
+        const std::optional<ColourComponents> read = readColourLine(lines->at(at));
+        if (!read)
+            return fail();
+        SchemeColours[k] = packComponents(*read);
+        if (k == BackgroundColour)
+            baseColour = SchemeColours[k];
     }
     return true;
 }
 
-void ColourScheme::DeriveScheme(quint32 baseColour, int contrast) {
-    const float f = float(contrast) / 100.0f;
-    SchemeColours[0] = pack(1, 1, 1);
-    SchemeColours[1] = pack(240, 240, 240);
-    SchemeColours[2] = baseColour;
-    const int r = RedByte(baseColour), g = GreenByte(baseColour), b = BlueByte(baseColour);
-    const int factors[] = {-128, -32, -64, 128, 32, 64};
-    for (int k = 3; k <= 8; ++k) {
-        const int d = int(std::nearbyint(f * float(factors[k - 3]))); // half to even
-        const auto clamp = [d](int v) { return std::clamp(v + d, 1, 244); };
-        SchemeColours[k] = pack(clamp(r), clamp(g), clamp(b));
+bool ColourScheme::DeriveScheme(quint32 baseColour, int contrast) {
+    int r = 0, g = 0, b = 0;
+    try {
+        r = RedByte(baseColour);
+        g = GreenByte(baseColour);
+        b = BlueByte(baseColour);
+    } catch (const ColourOverflow&) {
+        return false;
     }
-    SchemeColours[9] = pack(128, 0, 0);
-    SchemeColours[10] = pack(255, 0, 0);
-    SchemeColours[11] = pack(0, 128, 0);
-    SchemeColours[12] = pack(0, 255, 0);
+    // The factor is computed in double and held in single precision, and so is each shift.
+    const float f = float(double(contrast) / 100.0);
+    SchemeColours[0] = packRgb(1, 1, 1);
+    SchemeColours[1] = packRgb(240, 240, 240);
+    SchemeColours[2] = baseColour;
+    static constexpr int Factors[] = {-128, -32, -64, 128, 32, 64};
+    for (int k = 3; k <= 8; ++k) {
+        const float shift = f * float(Factors[k - 3]);
+        const int d = int(std::nearbyint(shift)); // half to even
+        const auto hold = [d](int v) { return quint32(std::clamp(v + d, 1, 244)); };
+        SchemeColours[k] = packRgb(hold(r), hold(g), hold(b));
+    }
+    SchemeColours[9] = packRgb(128, 0, 0);
+    SchemeColours[10] = packRgb(255, 0, 0);
+    SchemeColours[11] = packRgb(0, 128, 0);
+    SchemeColours[12] = packRgb(0, 255, 0);
+    return true;
 }
 
 QStringList ColourScheme::ListSchemeNames() const {
-    QStringList lines;
     QStringList names;
-    if (!readCollection(lines))
+    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    if (!lines)
         return names;
-    for (const QString& line : lines) {
+    for (const QString& line : *lines) {
         const qsizetype at = line.indexOf(QStringLiteral(".col"));
         if (at >= 0)
             names.append(line.left(at));
@@ -226,64 +151,63 @@ QStringList ColourScheme::ListSchemeNames() const {
     return names;
 }
 
-QStringList ColourScheme::sectionLines(const QString& header) const {
+QString ColourScheme::scratchPath() const {
+    const QString folder = m_settings.AppFolder.isEmpty()
+                               ? QFileInfo(m_settings.SchemeCollectionPath).path() + u'/'
+                               : m_settings.AppFolder;
+    return folder + QStringLiteral("newall.cox");
+}
+
+QStringList ColourScheme::sectionFor(const QString& header) const {
     QStringList section{header};
-    for (int k = 0; k <= 12; ++k)
-        section.append(colourLineText(SchemeColours[k])); // may throw ColourOverflow
+    for (int k = 0; k < StoredColours; ++k)
+        section.append(colourLineText(SchemeColours[k]));
     return section;
 }
 
 bool ColourScheme::AppendScheme(const QString& name) {
+    QStringList section;
     try {
         // Every colour is split before anything is written, so no partial section is left.
-        const QStringList section = sectionLines(SchemeFileName(name));
-        QFile existing(m_settings.SchemeCollectionPath);
-        QByteArray before;
-        if (existing.exists()) {
-            if (!existing.open(QIODevice::ReadOnly) || existing.size() > MaxCollectionBytes)
-                return false;
-            before = existing.readAll();
-            existing.close();
-        }
-        QString text = QString::fromUtf8(before);
-        if (!before.isEmpty() && !before.endsWith('\n') && !before.endsWith('\r'))
-            text += QStringLiteral("\r\n");
-        return writeWhole(m_settings.SchemeCollectionPath, text + joinLines(section));
+        section = sectionFor(SchemeFileName(name));
     } catch (const ColourOverflow&) {
         return false;
     }
+    QStringList lines;
+    if (QFileInfo::exists(m_settings.SchemeCollectionPath)) {
+        const std::optional<QStringList> existing =
+            SchemeFile::readLines(m_settings.SchemeCollectionPath);
+        if (!existing)
+            return false;
+        lines = *existing;
+    }
+    lines.append(section);
+    return m_writer(m_settings.SchemeCollectionPath, SchemeFile::toBytes(lines));
 }
 
-bool ColourScheme::rewriteWithout(const QString& name, bool replace) {
+bool ColourScheme::rewrite(const QString& name, bool replace) {
+    const QString header = SchemeFileName(name);
+    QStringList section;
     try {
-        const QString header = SchemeFileName(name);
-        const QStringList section = replace ? sectionLines(header) : QStringList();
-        QStringList lines;
-        if (!readCollection(lines))
-            return false;
-        QStringList copy;
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            if (lines[i] != header) {
-                copy.append(lines[i]);
-                continue;
-            }
-            if (i + 13 >= lines.size())
-                return false; // a section cut short
-            i += 13;
-            copy.append(section);
-        }
-        const QString text = joinLines(copy);
-        const QString scratch = QDir(m_settings.AppFolder).filePath(QStringLiteral("newall.cox"));
-        return writeWhole(scratch, text) && writeWhole(m_settings.SchemeCollectionPath, text);
+        if (replace)
+            section = sectionFor(header);
     } catch (const ColourOverflow&) {
         return false;
     }
+    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    if (!lines)
+        return false;
+    const std::optional<QStringList> copy = SchemeFile::rewriteSections(*lines, header, section);
+    if (!copy)
+        return false;
+    const QByteArray bytes = SchemeFile::toBytes(*copy);
+    return m_writer(scratchPath(), bytes) && m_writer(m_settings.SchemeCollectionPath, bytes);
 }
 
 bool ColourScheme::ReplaceScheme(const QString& name) {
-    return rewriteWithout(name, true);
+    return rewrite(name, true);
 }
 
 bool ColourScheme::DeleteScheme(const QString& name) {
-    return rewriteWithout(name, false);
+    return rewrite(name, false);
 }

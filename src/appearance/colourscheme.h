@@ -1,98 +1,94 @@
-// The active colour scheme: a table of 14 packed colours (red + 256 * green + 65536 * blue)
-// and the loader that fills it from the scheme collection "all.col". Only entries 2
-// (backgrounds), 3 (menus) and 4 (buttons and tiles, always reached through
-// ButtonColourIndex) are painted by the windows.
+// The active colour scheme: a table of 14 packed colours (red + 256 * green + 65536 * blue,
+// or a system colour with the top bit set) and the operations that fill it from the scheme
+// collection "all.col", derive it from one colour, and add, replace, delete and list the
+// schemes of the collection. QtCore only.
 //
-// "all.col" is a sequence of 14-line sections: a header line (the scheme's file name, e.g.
-// "xp.col"), then colours 0 to 12, each "r; g; b". QtCore only.
+// One object lives for the whole run, owned by the application and handed to every window
+// that paints from the table. Only entries 2 (backgrounds), 3 (menus) and 4 (buttons and
+// tiles, always reached through ButtonColourIndex) are painted; the others are stored,
+// loaded and derived only. See schemefile.h for the file's layout.
 #pragma once
 
+#include "appearance/colourline.h"
+#include "appearance/schemefile.h"
 #include "core/settings.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
-#include <stdexcept>
 
 class Notifier;
-
-// A packed colour that cannot be split into bytes (a system colour, or above 16777215).
-class ColourOverflow : public std::runtime_error {
-public:
-    ColourOverflow();
-};
-
-// The components of a packed colour 0..16777215 (the value taken as a signed 32-bit number,
-// red = c mod 256, green = (c div 256) mod 256, blue = c div 65536). Throw ColourOverflow when
-// a component falls outside 0..255.
-quint8 RedByte(quint32 colour);
-quint8 GreenByte(quint32 colour);
-quint8 BlueByte(quint32 colour);
-
-// The header of a scheme: its name lower-cased followed by ".col".
-QString SchemeFileName(const QString& name);
-
-// The colour line the collection file stores for `colour`: " r; g; b" (each number with a
-// blank in the sign position). Throws ColourOverflow for a colour that cannot be split.
-QString colourLineText(quint32 colour);
-
-// One colour line: its first three ";"-separated fields as red, green, blue. Each field's
-// value is its leading number (blanks skipped; none counts 0) rounded half to even; above 255
-// counts as 255. Returns false for fewer than three fields, a negative value or one above
-// 32767.
-bool readColourLine(const QString& line, quint32& colour);
 
 class ColourScheme {
 public:
     static constexpr int ColourCount = 14;
+    // Colours 0..12 belong to a scheme; entry 13 is never read or written.
+    static constexpr int StoredColours = 13;
+    static constexpr int BackgroundColour = 2;
+    static constexpr int MenuColour = 3;
+    // The system window-background colour, which the "default.col" preview puts in place.
+    static constexpr quint32 SystemWindowBackground = 0x80000005u;
 
-    // Works on settings.SchemeCollectionPath and settings.ActiveSchemeFile, which must outlive
-    // the scheme.
+    // Works on settings.SchemeCollectionPath, settings.AppFolder (where "newall.cox" goes)
+    // and settings.ActiveSchemeFile; `settings` must outlive the scheme.
     explicit ColourScheme(Settings& settings);
 
+    // Where failure messages go; none shows nothing.
     void setNotifier(Notifier* notifier) { m_notifier = notifier; }
+    // How whole files are written (default SchemeFile::writeAtomically); tests make it fail.
+    void setWriter(SchemeFile::Writer writer);
 
     std::array<quint32, ColourCount> SchemeColours{};
     int ButtonColourIndex = 4;
 
-    // Reads the section headed `schemeFile` into SchemeColours; colour 3 is always colour 2
-    // lightened by 32 and colour 5 colour 4 darkened by 32, whatever the file says. On any
-    // failure (no file, no such section, a short or bad section) shows "Colour Scheme: " +
-    // schemeFile + " not found" ("vbok+vbcritical"), sets ActiveSchemeFile to "xp.col" and
-    // keeps the colours read so far. Returns success.
+    // The main window's loader. Reads the section headed exactly `schemeFile` into colours
+    // 0..12; colour 3 is always colour 2 lightened by 32 per component (above 256 becomes
+    // 254) and colour 5 colour 4 darkened by 32 (below 1 becomes 8), so their own lines need
+    // only be present. On any failure (no file, no such section, a section cut short, a bad
+    // colour line) shows "Colour Scheme: " + schemeFile + " not found" with "vbok+vbcritical",
+    // sets ActiveSchemeFile to "xp.col" and keeps the colours stored so far. Returns success.
     bool LoadColourScheme(const QString& schemeFile);
 
-    // The Options window's loader: reads the section headed `schemeFile` as stored (nothing
-    // derived) and returns its colour 2 in baseColour. "default.col" (any case) reads no file:
-    // colours 2 and 4 become the system window-background colour, colour 3 becomes 0. On
-    // failure shows "Color Scheme: " + schemeFile + " not found" in a plain box, sets
-    // baseColour 0 and ActiveSchemeFile "default.col", keeps the colours read so far.
+    // The Options window's loader: colours 0..12 as stored (nothing derived) and colour 2 in
+    // `baseColour`. "default.col" (in any case) reads no file: colours 2 and 4 become
+    // SystemWindowBackground, colour 3 becomes 0. On failure shows "Color Scheme: " +
+    // schemeFile + " not found" in the standard box (OK only), sets baseColour 0 and
+    // ActiveSchemeFile "default.col", keeps the colours stored so far. Returns success.
     bool PreviewScheme(const QString& schemeFile, quint32& baseColour);
 
-    // Replaces colours 0..12 with a scheme derived from `baseColour` (plain RGB) at `contrast`
-    // percent: colours 3..8 are the base shifted by contrast/100 x (-128, -32, -64, +128, +32,
-    // +64), rounded half to even in single precision and clamped to 1..244 per component.
-    void DeriveScheme(quint32 baseColour, int contrast);
+    // Replaces colours 0..12 with a scheme computed from `baseColour` at `contrast` percent
+    // (f = contrast / 100 in single precision): colours 3..8 are the base with f x (-128,
+    // -32, -64, +128, +32, +64) added to each component, rounded half to even and held to
+    // 1..244; 0, 1 and 9..12 are fixed. `baseColour` must be plain RGB (0..16777215); any
+    // other value leaves the table unchanged and returns false.
+    bool DeriveScheme(quint32 baseColour, int contrast);
 
-    // The listed names of the collection: for every line containing ".col", the text before
-    // its first ".col", in file order. Empty when the file cannot be read.
+    // For every line of the collection that contains ".col" (case counts), the text before
+    // its first ".col", in file order. Empty when the file cannot be read. The scheme list
+    // of the Options window is refilled from this after every add and delete.
     QStringList ListSchemeNames() const;
 
-    // Rewrite the collection with the current colours 0..12 under SchemeFileName(name):
-    // Append adds a section at the end; Replace swaps every section with that header; Delete
-    // drops every such section. Replace and Delete write the whole new collection to
-    // "newall.cox" in the program folder first (it stays there) and only then replace
-    // "all.col", atomically. On any failure (unreadable or unwritable file, a section cut
-    // short, a colour that cannot be split) they return false and "all.col" is unchanged.
+    // The editor's rewrites, each for the header SchemeFileName(name) and the current colours
+    // 0..12. Append adds a section at the end (creating the file when missing); Replace puts
+    // the colours in place of every section with that header; Delete drops every such
+    // section. Replace and Delete rewrite nothing when no section matches (and succeed).
+    // Replace and Delete write the whole new collection to "newall.cox" in the program folder
+    // first (it stays there) and only then replace "all.col". Every failure (the collection
+    // unreadable or unwritable, a matching section cut short, a colour that cannot be split)
+    // returns false and leaves "all.col" exactly as it was; no message is shown here.
     bool AppendScheme(const QString& name);
     bool ReplaceScheme(const QString& name);
     bool DeleteScheme(const QString& name);
 
+    // The scratch copy Replace and Delete write first.
+    QString scratchPath() const;
+
 private:
-    bool readCollection(QStringList& lines) const;
-    QStringList sectionLines(const QString& header) const;
-    bool rewriteWithout(const QString& name, bool replace);
+    QStringList sectionFor(const QString& header) const; // throws ColourOverflow
+    bool rewrite(const QString& name, bool replace);
 
     Settings& m_settings;
     Notifier* m_notifier = nullptr;
+    SchemeFile::Writer m_writer;
 };

@@ -1,17 +1,33 @@
 // The self-drawn push button; see boxcontrol.h.
 #include "ui/boxcontrol.h"
 
+#include "ui/boxgeometry.h"
 #include "ui/olecolor.h"
 
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
+using BoxGeometry::toPixel;
+using BoxGeometry::TwipsPerPixel;
+
 namespace {
 
-constexpr double TwipsPerPixel = 15.0;
-constexpr int DarkInset = 20;
-constexpr int PictureNudge = 24;
+// A one-pixel line between two twips points, both ends included (so the dark edges meet in
+// their corner); drawn as a filled rectangle so it stays crisp at any screen scale.
+void drawEdge(QPainter& painter, const QLineF& twips, const QColor& colour) {
+    const int x0 = toPixel(std::min(twips.x1(), twips.x2()));
+    const int x1 = toPixel(std::max(twips.x1(), twips.x2()));
+    const int y0 = toPixel(std::min(twips.y1(), twips.y2()));
+    const int y1 = toPixel(std::max(twips.y1(), twips.y2()));
+    painter.fillRect(QRect(QPoint(x0, y0), QPoint(x1, y1)), colour);
+}
+
+QPointF twipsOf(const QPointF& pixels) {
+    return pixels * TwipsPerPixel;
+}
 
 } // namespace
 
@@ -44,68 +60,59 @@ BoxControl::BoxControl(QWidget* parent)
     , m_foreColor(SystemButtonText)
     , m_backColor(SystemButtonFace) {
     QFont face(QStringLiteral("MS Sans Serif"));
-    face.setPointSizeF(8.25);
+    face.setPointSizeF(m_fontSize);
     setFont(face);
+    // The face is opaque and painted whole every time.
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void BoxControl::setForeColor(quint32 colour) {
     m_foreColor = colour;
-    redraw();
+    update();
 }
 
 void BoxControl::setBackColor(quint32 colour) {
     m_backColor = colour;
-    redraw();
+    update();
 }
 
 void BoxControl::setControlFont(const QFont& font) {
     setFont(font);
-    redraw();
+    m_fontSize = float(font.pointSizeF());
+    update();
 }
 
 void BoxControl::setCaption(const QString& caption) {
     m_caption = caption;
-    redraw();
+    update();
 }
 
 void BoxControl::setFontSize(float points) {
-    QFont f = font();
-    if (points > 0)
+    m_fontSize = points;
+    if (points > 0) {
+        QFont f = font();
         f.setPointSizeF(points);
-    setFont(f);
-    redraw();
+        setFont(f);
+    }
+    update();
 }
 
 void BoxControl::setFontBold(bool bold) {
     QFont f = font();
     f.setBold(bold);
     setFont(f);
-    redraw();
+    update();
 }
 
 void BoxControl::setFontItalic(bool italic) {
     QFont f = font();
     f.setItalic(italic);
     setFont(f);
-    redraw();
+    update();
 }
 
 void BoxControl::setPicture(const QPixmap& picture) {
     m_picture = picture;
-    redraw();
-}
-
-QSize BoxControl::himetricSize(const QSize& pixels) {
-    // 2540 hundredths of a millimetre to the inch, 96 pixels to the inch; whole numbers.
-    return {int(pixels.width() * 2540 / 96), int(pixels.height() * 2540 / 96)};
-}
-
-QPointF BoxControl::pictureCorner(double faceWidth, double faceHeight, int pw, int ph) {
-    return {(faceWidth - pw / 2.0) / 2.0 - PictureNudge,
-            (faceHeight - ph / 2.0) / 2.0 - PictureNudge};
-}
-
-void BoxControl::redraw() {
     update();
 }
 
@@ -113,70 +120,72 @@ void BoxControl::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double w = width() * TwipsPerPixel;
     const double h = height() * TwipsPerPixel;
-    painter.scale(1.0 / TwipsPerPixel, 1.0 / TwipsPerPixel);
 
-    // Face and caption.
-    painter.fillRect(QRectF(0, 0, w, h), OleTranslateColor(m_backColor));
+    // The palette of the application, not the widget's own, so that a disabled control
+    // (whose palette switches to the disabled group) keeps its look.
+    painter.fillRect(rect(), OleTranslateColor(m_backColor));
     if (!m_caption.isEmpty()) {
         const QFontMetricsF metrics(font());
-        const double textWidth = metrics.horizontalAdvance(m_caption) * TwipsPerPixel;
-        const double textHeight = metrics.height() * TwipsPerPixel;
-        const double x = (w - textWidth) / 2.0;
-        const double y = (h - textHeight) / 2.0;
-        painter.save();
-        painter.resetTransform();
-        painter.setPen(OleTranslateColor(m_foreColor));
+        const QPointF cell =
+            BoxGeometry::captionOrigin(w, h, metrics.horizontalAdvance(m_caption) * TwipsPerPixel,
+                                       metrics.height() * TwipsPerPixel);
         painter.setFont(font());
-        painter.drawText(QPointF(x / TwipsPerPixel, y / TwipsPerPixel + metrics.ascent()),
+        painter.setPen(OleTranslateColor(m_foreColor));
+        painter.drawText(QPointF(toPixel(cell.x()), toPixel(cell.y()) + metrics.ascent()),
                          m_caption);
-        painter.restore();
     }
 
-    // Edges, one pixel wide.
-    QPen pen(Qt::white, 0);
-    painter.setPen(pen);
-    painter.drawLine(QPointF(0, 0), QPointF(0, h));
-    painter.drawLine(QPointF(0, 0), QPointF(w, 0));
-    pen.setColor(Qt::black);
-    painter.setPen(pen);
-    painter.drawLine(QPointF(w - DarkInset, DarkInset), QPointF(w - DarkInset, h - DarkInset));
-    painter.drawLine(QPointF(DarkInset, h - DarkInset), QPointF(w - DarkInset, h - DarkInset));
+    for (const QLineF& edge : BoxGeometry::lightEdges(w, h))
+        drawEdge(painter, edge, Qt::white);
+    for (const QLineF& edge : BoxGeometry::darkEdges(w, h))
+        drawEdge(painter, edge, Qt::black);
 
     if (!m_picture.isNull()) {
-        const QSize natural = himetricSize(m_picture.size() / m_picture.devicePixelRatio());
-        const QPointF corner = pictureCorner(w, h, natural.width(), natural.height());
-        painter.save();
-        painter.resetTransform();
-        painter.drawPixmap(QPointF(corner.x() / TwipsPerPixel, corner.y() / TwipsPerPixel),
-                           m_picture);
-        painter.restore();
+        const QSize natural = BoxGeometry::himetricSize(
+            (QSizeF(m_picture.size()) / m_picture.devicePixelRatio()).toSize());
+        const QPointF corner = BoxGeometry::pictureCorner(w, h, natural.width(), natural.height());
+        painter.drawPixmap(QPoint(toPixel(corner.x()), toPixel(corner.y())), m_picture);
     }
 
     if (m_pressed) {
-        // The pressed frame: a thin dark line around the whole control.
-        painter.resetTransform();
-        painter.setPen(QPen(Qt::black, 0));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRect(0, 0, width() - 1, height() - 1));
+        // The pressed frame: one dark pixel all round, over everything else.
+        const int right = width() - 1;
+        const int bottom = height() - 1;
+        painter.fillRect(QRect(0, 0, width(), 1), Qt::black);
+        painter.fillRect(QRect(0, bottom, width(), 1), Qt::black);
+        painter.fillRect(QRect(0, 0, 1, height()), Qt::black);
+        painter.fillRect(QRect(right, 0, 1, height()), Qt::black);
     }
 }
 
 void BoxControl::mousePressEvent(QMouseEvent* event) {
     event->accept();
+    m_held |= event->button();
     m_pressed = true;
-    repaint();
-    const QPointF at = event->position() * TwipsPerPixel;
+    repaint(); // the frame shows before the container hears of the press
+    const QPointF at = twipsOf(event->position());
     Q_EMIT MouseDown(mouseButtonCode(event->button()), shiftCode(event->modifiers()), float(at.x()),
                      float(at.y()));
 }
 
 void BoxControl::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
-    if (!m_pressed)
+    // Only a release that follows a press on this control counts.
+    if (!(m_held & event->button()))
         return;
+    m_held &= ~event->button();
     m_pressed = false;
-    repaint();
-    const QPointF at = event->position() * TwipsPerPixel;
+    repaint(); // the frame is gone before the container hears of the release
+    const QPointF at = twipsOf(event->position());
     Q_EMIT MouseUp(mouseButtonCode(event->button()), shiftCode(event->modifiers()), float(at.x()),
                    float(at.y()));
+}
+
+void BoxControl::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::EnabledChange && !isEnabled() && m_pressed) {
+        m_held = {};
+        m_pressed = false;
+        update();
+    }
+    QWidget::changeEvent(event);
 }

@@ -1,58 +1,62 @@
-// BoxControl: the program's own push button. It draws its face itself (plain background,
-// centred caption, a light top/left edge, a dark inset bottom/right edge, an optional
-// picture) and shows a thin frame only while a mouse button is held on it. It never acts on
-// its own: it reports MouseDown on a press and MouseUp on the release (wherever the pointer
-// is then, since the press captures the mouse), and the window holding it decides what a
-// click means. While disabled it raises nothing and looks exactly the same.
+// BoxControl: the program's own push button. It paints its face itself (a plain background,
+// a centred caption, a light line along the top and left edges, a dark line inset along the
+// bottom and right edges, an optional picture at its natural size; see boxgeometry.h) and
+// shows a thin dark frame only while a mouse button is held on it. It never acts on its own:
+// a press raises MouseDown, the release raises MouseUp (wherever the pointer is by then,
+// since the press captures the mouse), for any mouse button, and the window holding it
+// decides what a click means. While disabled it raises nothing and looks exactly the same.
 //
-// Lengths are twips (15 to the pixel). Colours are packed 32-bit values (see olecolor.h); a
-// system colour is kept as given and translated only for painting.
+// Colours are packed 32-bit values; a system colour (top bit set) is kept as given, reads
+// back unchanged and is translated through the palette only for painting (olecolor.h).
 #pragma once
 
 #include <QPixmap>
 #include <QWidget>
 
-// VB-style mouse codes: Button 1 left, 2 right, 4 middle; Shift 1 Shift, 2 Ctrl, 4 Alt.
+// Mouse codes as the events carry them: Button 1 left, 2 right, 4 middle (0 for any other);
+// Shift 1 Shift, 2 Ctrl, 4 Alt, added together.
 qint16 mouseButtonCode(Qt::MouseButton button);
 qint16 shiftCode(Qt::KeyboardModifiers modifiers);
 
 class BoxControl : public QWidget {
     Q_OBJECT
 public:
+    // Starts with face colour system colour 15 (button face), caption colour system colour 18
+    // (button text), no caption, no picture, no frame, font "MS Sans Serif" 8.25.
     explicit BoxControl(QWidget* parent = nullptr);
 
+    // Every property reads back the value last set; every setter but Enabled's repaints.
     quint32 ForeColor() const { return m_foreColor; }
     void setForeColor(quint32 colour);
     quint32 BackColor() const { return m_backColor; }
     void setBackColor(quint32 colour);
-    // The widget's own enabled state: a disabled control gets no mouse input, so it raises
-    // nothing, and its face is painted the same either way.
+    // Enabled is the widget's enabled state (setEnabled): a disabled control gets no mouse
+    // input, so it raises nothing; its face is painted the same either way. Disabling it while
+    // a button is held drops the frame, since no release will come.
     bool Enabled() const { return isEnabled(); }
     QFont Font() const { return font(); }
+    // Replaces the caption font as a whole.
     void setControlFont(const QFont& font);
     QString Caption() const { return m_caption; }
     void setCaption(const QString& caption);
-    float FontSize() const { return float(font().pointSizeF()); }
+    // Points; a size of 0 or less is kept for reading back but leaves the font's size alone.
+    float FontSize() const { return m_fontSize; }
     void setFontSize(float points);
     bool FontBold() const { return font().bold(); }
     void setFontBold(bool bold);
     bool FontItalic() const { return font().italic(); }
     void setFontItalic(bool italic);
+    // Painted at its natural size (its logical pixels); a null pixmap means no picture.
     QPixmap Picture() const { return m_picture; }
     void setPicture(const QPixmap& picture);
-    // Repaints the control on screen.
+    // Repaints the control on screen at once.
     void Refresh() { repaint(); }
 
-    // True while a mouse button is held on the control (the frame shows).
+    // True while the pressed frame shows: from a press on the control to the next release.
     bool isPressed() const { return m_pressed; }
 
-    // Where the picture's top-left corner goes, in twips, for a picture of natural size
-    // pw x ph in hundredths of a millimetre on a face W x H twips.
-    static QPointF pictureCorner(double faceWidth, double faceHeight, int pw, int ph);
-    // A picture's natural size in hundredths of a millimetre (whole numbers) at 96 dpi.
-    static QSize himetricSize(const QSize& pixels);
-
 Q_SIGNALS:
+    // Button, Shift: the codes above; x, y: the pointer in twips relative to the control.
     void MouseDown(qint16 button, qint16 shift, float x, float y);
     void MouseUp(qint16 button, qint16 shift, float x, float y);
 
@@ -60,13 +64,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void redraw();
-
     quint32 m_foreColor;
     quint32 m_backColor;
     QString m_caption;
     QPixmap m_picture;
+    float m_fontSize = 8.25f;
     bool m_pressed = false;
+    Qt::MouseButtons m_held;
 };

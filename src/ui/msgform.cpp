@@ -2,27 +2,36 @@
 #include "ui/msgform.h"
 
 #include "ui/boxcontrol.h"
-#include "ui/msgstyle.h"
 #include "ui/olecolor.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPixmap>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr double TwipsPerPixel = 15.0;
-// The layout sizes the whole window, frame and title bar included; Qt sizes the inside.
+// The layout gives outer sizes; Qt sizes the inside. These are the frame and title bar of a
+// typical desktop (3 pixels a side, a 21-pixel title), taken off the outer size.
 constexpr int FrameWidthTwips = 90;
 constexpr int FrameHeightTwips = 405;
 
 int px(double twips) {
     return qRound(twips / TwipsPerPixel);
+}
+
+QStringList messageLines(const QString& s) {
+    static const QRegularExpression lineBreak(QStringLiteral("\r\n|\r|\n"));
+    return s.split(lineBreak);
 }
 
 } // namespace
@@ -34,13 +43,16 @@ MsgForm::MsgForm(QWidget* parent)
     , m_buttonColor(SystemButtonFace) {
     setObjectName(QStringLiteral("MsgForm"));
     setWindowTitle(QStringLiteral("Message"));
-    // A fixed frame without close, minimise or maximise buttons.
+    // A fixed frame with a title and no close, minimise or maximise button.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setModal(true);
+    setAutoFillBackground(true);
 
     for (int slot = 0; slot < MsgIconSlots; ++slot) {
         auto* icon = new QLabel(this);
-        icon->setGeometry(px(90), px(90), px(480), px(480));
+        icon->setObjectName(QStringLiteral("icons%1").arg(slot));
+        icon->setGeometry(px(MsgIconLeft), px(MsgIconTop), px(MsgIconSize), px(MsgIconSize));
+        icon->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         const QImage picture = msgIcon(slot);
         if (!picture.isNull())
             icon->setPixmap(QPixmap::fromImage(picture));
@@ -52,9 +64,11 @@ MsgForm::MsgForm(QWidget* parent)
     m_label->move(px(MsgLabelLeft), px(MsgLabelTop));
     m_label->setTextFormat(Qt::PlainText);
     m_label->setWordWrap(false);
+    m_label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_label->setContentsMargins(0, 0, 0, 0);
     m_label->setAutoFillBackground(true);
 
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < MsgButtonSlots; ++i) {
         auto* button = new BoxControl(this);
         button->setObjectName(QStringLiteral("cmd%1").arg(i));
         button->resize(px(MsgButtonWidth), px(MsgButtonHeight));
@@ -67,9 +81,11 @@ MsgForm::MsgForm(QWidget* parent)
 void MsgForm::setBackColor(const QColor& colour) {
     m_backColor = packedColour(colour);
 }
+
 void MsgForm::setForeColor(const QColor& colour) {
     m_foreColor = packedColour(colour);
 }
+
 void MsgForm::setButtonColor(const QColor& colour) {
     m_buttonColor = packedColour(colour);
 }
@@ -82,86 +98,113 @@ QFont MsgForm::messageFont() const {
 }
 
 void MsgForm::prepare(const QString& s, const QString& typ, qint64 BGCol, qint64 cmdcol) {
+    // Colours: the arguments, unless -1, stay in force for later messages.
     if (BGCol != -1)
         m_backColor = quint32(BGCol);
     if (cmdcol != -1)
         m_buttonColor = quint32(cmdcol);
+    for (BoxControl* button : m_cmd)
+        button->setBackColor(m_buttonColor);
     const QColor background = OleTranslateColor(m_backColor);
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, background);
-    setPalette(palette);
-    setAutoFillBackground(true);
+    QPalette windowPalette = palette();
+    windowPalette.setColor(QPalette::Window, background);
+    setPalette(windowPalette);
 
+    // Text: the message as it stands, one line per line break, no wrapping.
     const QFont font = messageFont();
-    m_label->setText(s);
+    const QStringList lines = messageLines(s);
+    m_label->setText(lines.join(u'\n'));
     m_label->setFont(font);
     QPalette labelPalette = m_label->palette();
     labelPalette.setColor(QPalette::Window, background);
     labelPalette.setColor(QPalette::WindowText, OleTranslateColor(m_foreColor));
     m_label->setPalette(labelPalette);
+
+    // Button fonts: face, size and weight; their text colour is left alone.
     for (BoxControl* button : m_cmd) {
-        button->setBackColor(m_buttonColor);
-        QFont buttonFont = button->font();
+        QFont buttonFont = button->Font();
         buttonFont.setFamily(m_fontName);
         buttonFont.setPointSizeF(font.pointSizeF());
         buttonFont.setBold(m_fontBold);
         button->setControlFont(buttonFont);
     }
 
+    // Style: icons and buttons from scratch.
     const MsgStyle style = parseMsgStyle(typ);
     for (QLabel* icon : m_icons)
         icon->hide();
-    for (int slot : style.icons)
+    for (const int slot : style.icons)
         m_icons[slot]->show();
     m_lastButton = -1;
     for (const MsgButton& b : style.buttons) {
         ++m_lastButton;
         m_cmd[m_lastButton]->setCaption(b.caption);
-        m_values[m_lastButton] = b.value;
+        m_values[m_lastButton] = QString::number(b.value);
     }
 
-    // The label sizes itself to its text: the widest line, one line per line break.
+    // Layout, measured in the message font in whole pixels.
     const QFontMetricsF metrics(font);
-    const QStringList lines = s.split(QRegularExpression(QStringLiteral("\r\n|\r|\n")));
     double widest = 0;
     for (const QString& line : lines)
         widest = std::max(widest, metrics.horizontalAdvance(line));
-    const double textWidth = std::ceil(widest) * TwipsPerPixel;
-    const double textHeight = std::ceil(metrics.height()) * lines.size() * TwipsPerPixel;
-    const MsgLayout layout = layoutMessage(textWidth, textHeight, m_lastButton + 1);
-    m_label->resize(px(textWidth), px(layout.labelHeight));
+    const int textWidth = int(std::ceil(widest)) * int(TwipsPerPixel);
+    m_lineHeight = int(std::ceil(metrics.lineSpacing())) * int(TwipsPerPixel);
+    m_layout = layoutMessage(textWidth, m_lineHeight * int(lines.size()), m_lastButton);
+    m_label->resize(px(textWidth), px(m_layout.labelHeight));
     for (BoxControl* button : m_cmd)
         button->hide();
-    for (int i = 0; i < layout.buttonLefts.size(); ++i) {
-        m_cmd[i]->move(px(layout.buttonLefts[i]), px(layout.buttonTop));
+    for (int i = 0; i < m_layout.buttonLefts.size(); ++i) {
+        m_cmd[i]->move(px(m_layout.buttonLefts[i]), px(m_layout.buttonTop));
         m_cmd[i]->show();
     }
-    m_layoutSize = QSize(layout.windowWidth, layout.windowHeight);
-    setFixedSize(px(layout.windowWidth - FrameWidthTwips),
-                 px(layout.windowHeight - FrameHeightTwips));
+    setFixedSize(px(m_layout.windowWidth - FrameWidthTwips),
+                 px(m_layout.windowHeight - FrameHeightTwips));
+}
+
+void MsgForm::placeOverOwner() {
+    QWidget* owner = parentWidget() ? parentWidget()->window() : QApplication::activeWindow();
+    if (owner == this)
+        owner = nullptr;
+    if (owner) {
+        // Kept above its owner and out of the task bar.
+        winId();
+        if (QWindow* handle = windowHandle())
+            handle->setTransientParent(owner->windowHandle());
+        move(owner->frameGeometry().center() - rect().center());
+    } else if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        move(screen->availableGeometry().center() - rect().center());
+    }
 }
 
 int MsgForm::MsgboxA(const QString& s, const QString& typ, qint64 BGCol, qint64 cmdcol) {
+    if (m_up)
+        return m_result;
+    m_up = true;
     prepare(s, typ, BGCol, cmdcol);
-    if (parentWidget())
-        move(parentWidget()->window()->geometry().center() - rect().center());
-    exec();
+    placeOverOwner();
+    if (m_showHook) {
+        show();
+        m_showHook(*this);
+        hide();
+    } else {
+        exec();
+    }
+    m_up = false;
     return m_result;
 }
 
 void MsgForm::answer(int buttonIndex) {
     if (buttonIndex > m_lastButton || !m_cmd[buttonIndex]->isVisible())
         return;
-    m_result = m_values[buttonIndex];
-    hide();
-    done(m_result);
+    m_result = m_values[buttonIndex].toInt();
+    hide(); // leaves exec()'s loop; the window lives on for the next message
 }
 
 void MsgForm::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && m_cmd[0]->isVisible() && m_cmd[0]->Caption() == QStringLiteral("Ok"))
         answer(0);
-    // No other key does anything; in particular Escape does not close the window.
+    // Nothing else: in particular Escape does not close the window.
     event->accept();
 }
 

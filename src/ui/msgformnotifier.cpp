@@ -4,6 +4,7 @@
 #include "ui/msgform.h"
 #include "ui/msgstyle.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,7 +13,9 @@ MsgFormNotifier::MsgFormNotifier(MsgForm& form)
     : m_form(form) {}
 
 int MsgFormNotifier::MsgboxA(const QString& s, const QString& typ) {
-    return m_form.MsgboxA(s, typ);
+    const int answer = m_form.MsgboxA(s, typ);
+    QCoreApplication::processEvents();
+    return answer;
 }
 
 int MsgFormNotifier::standardBox(const QString& text, const QString& typ, const QString& title) {
@@ -20,15 +23,32 @@ int MsgFormNotifier::standardBox(const QString& text, const QString& typ, const 
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(title);
     box.setText(text);
-    const QMessageBox::Icon icons[] = {QMessageBox::Question, QMessageBox::Warning,
-                                       QMessageBox::Information, QMessageBox::Critical,
-                                       QMessageBox::Critical};
-    if (!style.icons.isEmpty() && style.icons.first() < 5)
-        box.setIcon(icons[style.icons.first()]);
-    QList<QPair<QAbstractButton*, int>> answers;
-    for (const MsgButton& b : style.buttons)
-        answers.append({box.addButton(b.caption, QMessageBox::AcceptRole), b.value});
-    box.exec();
+    box.setTextFormat(Qt::PlainText);
+    // Slots 0..4: question, exclamation, information, error (stop), critical.
+    static constexpr QMessageBox::Icon Icons[] = {QMessageBox::Question, QMessageBox::Warning,
+                                                  QMessageBox::Information, QMessageBox::Critical,
+                                                  QMessageBox::Critical};
+    for (const int slot : style.icons) {
+        if (slot < 5) {
+            box.setIcon(Icons[slot]);
+            break;
+        }
+    }
+    QList<std::pair<const QAbstractButton*, int>> answers;
+    for (const MsgButton& b : style.buttons) {
+        const auto role = b.value == AnswerNo || b.value == AnswerCancel ? QMessageBox::RejectRole
+                                                                         : QMessageBox::AcceptRole;
+        const QAbstractButton* button = box.addButton(b.caption, role);
+        answers.append(std::make_pair(button, b.value));
+    }
+    if (m_standardHook) {
+        box.show();
+        m_standardHook(box);
+        box.hide();
+    } else {
+        box.exec();
+    }
+    QCoreApplication::processEvents();
     for (const auto& [button, value] : answers) {
         if (box.clickedButton() == button)
             return value;

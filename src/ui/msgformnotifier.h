@@ -1,18 +1,34 @@
-// The program's Notifier: questions and notices from the puzzle core and the windows go to
-// the message window (MsgboxA) or to Qt's standard message box (standardBox).
+// The program's Notifier: notices and questions from the puzzle core and the windows go to
+// the message window (MsgboxA) or to Qt's standard message box (standardBox). After either
+// closes, pending window events run before the caller goes on.
 #pragma once
 
 #include "core/notifier.h"
 
+#include <functional>
+
 class MsgForm;
+class QMessageBox;
 
 class MsgFormNotifier : public Notifier {
 public:
+    // `form` must outlive the notifier.
     explicit MsgFormNotifier(MsgForm& form);
 
     int MsgboxA(const QString& s, const QString& typ) override;
+
+    // A QMessageBox titled `title` with the first named icon among question, exclamation,
+    // information, error and critical, and the named buttons with their captions ("Ok", "Yes",
+    // ...). Returns the value of the button chosen, AnswerNone when the box was closed
+    // otherwise.
     int standardBox(const QString& text, const QString& typ, const QString& title) override;
+
+    // For tests: when set, standardBox shows its box without a modal loop and calls the
+    // hook, which answers by clicking one of the box's buttons.
+    using StandardBoxHook = std::function<void(QMessageBox&)>;
+    void setStandardBoxHook(StandardBoxHook hook) { m_standardHook = std::move(hook); }
 
 private:
     MsgForm& m_form;
+    StandardBoxHook m_standardHook;
 };

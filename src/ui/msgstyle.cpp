@@ -22,11 +22,11 @@ const QHash<QString, Keyword>& keywords() {
         const MsgButton yes{QStringLiteral("Yes"), 6};
         const MsgButton no{QStringLiteral("No"), 7};
         QHash<QString, Keyword> t;
-        const char* icons[] = {"vbquestion", "vbexclamation", "vbinformation",
-                               "vberror",    "vbcritical",    "vbhappy",
-                               "vbtrash",    "vbprint",       "vblighton"};
-        for (int i = 0; i < 9; ++i)
-            t.insert(QString::fromLatin1(icons[i]), Keyword{i, {}});
+        const char* const icons[] = {"vbquestion", "vbexclamation", "vbinformation",
+                                     "vberror",    "vbcritical",    "vbhappy",
+                                     "vbtrash",    "vbprint",       "vblighton"};
+        for (int slot = 0; slot < 9; ++slot)
+            t.insert(QString::fromLatin1(icons[slot]), Keyword{slot, {}});
         t.insert(QStringLiteral("vbcustom"), Keyword{10, {}});
         t.insert(QStringLiteral("vbok"), Keyword{-1, {ok}});
         t.insert(QStringLiteral("vbokonly"), Keyword{-1, {ok}});
@@ -47,19 +47,29 @@ const QHash<QString, Keyword>& keywords() {
     return table;
 }
 
+// Only the space character is trimmed: a tab or line break makes the piece unknown.
+QString trimSpaces(const QString& piece) {
+    qsizetype first = 0;
+    qsizetype last = piece.size();
+    while (first < last && piece[first] == u' ')
+        ++first;
+    while (last > first && piece[last - 1] == u' ')
+        --last;
+    return piece.mid(first, last - first);
+}
+
 } // namespace
 
 MsgStyle parseMsgStyle(const QString& typ) {
     MsgStyle style;
     for (const QString& piece : typ.toLower().split(u'+')) {
-        const auto found = keywords().constFind(piece.trimmed());
+        const auto found = keywords().constFind(trimSpaces(piece));
         if (found == keywords().constEnd())
             continue;
         if (found->icon >= 0)
             style.icons.append(found->icon);
         for (const MsgButton& button : found->buttons) {
-            // There are three button slots; a style naming more keeps the first three.
-            if (style.buttons.size() < 3)
+            if (style.buttons.size() < MsgButtonSlots)
                 style.buttons.append(button);
         }
     }
@@ -68,15 +78,16 @@ MsgStyle parseMsgStyle(const QString& typ) {
     return style;
 }
 
-MsgLayout layoutMessage(double textWidth, double textHeight, int buttonCount) {
+MsgLayout layoutMessage(int textWidth, int textHeight, int lastButton) {
     MsgLayout layout;
-    layout.windowWidth = std::max(int(2 * MsgLabelLeft + textWidth), 3 * MsgButtonWidth);
-    layout.labelHeight = int(textHeight + 120);
+    layout.windowWidth = std::max(2 * MsgLabelLeft + textWidth, MsgButtonSlots * MsgButtonWidth);
+    layout.labelHeight = textHeight + 120;
     layout.buttonTop = MsgLabelTop + layout.labelHeight + 120;
     layout.windowHeight = layout.buttonTop + MsgButtonHeight + 600;
-    if (buttonCount >= 1 && buttonCount <= 3) {
-        double left = (layout.windowWidth - buttonCount * MsgButtonWidth) / 2.0;
-        for (int i = 0; i < buttonCount; ++i, left += MsgButtonWidth)
+    if (lastButton >= 0 && lastButton < MsgButtonSlots) {
+        const int shown = lastButton + 1;
+        double left = (layout.windowWidth - shown * MsgButtonWidth) / 2.0;
+        for (int i = 0; i < shown; ++i, left += MsgButtonWidth)
             layout.buttonLefts.append(left);
     }
     return layout;

@@ -1,71 +1,108 @@
-// The message window's style texts and layout arithmetic, without a window.
+// Style texts into icons and buttons, and the message layout arithmetic.
 #include "ui/msgstyle.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QStringList captions(const MsgStyle& style) {
-    QStringList list;
-    for (const MsgButton& b : style.buttons)
-        list << QStringLiteral("%1=%2").arg(b.caption).arg(b.value);
-    return list;
-}
+const MsgButton Ok{QStringLiteral("Ok"), 1};
+const MsgButton Cancel{QStringLiteral("Cancel"), 2};
+const MsgButton Abort{QStringLiteral("Abort"), 3};
+const MsgButton Retry{QStringLiteral("Retry"), 4};
+const MsgButton Ignore{QStringLiteral("Ignore"), 5};
+const MsgButton Yes{QStringLiteral("Yes"), 6};
+const MsgButton No{QStringLiteral("No"), 7};
+const MsgButton NormalOk{QStringLiteral("Ok"), 0};
 
-TEST(MsgStyle, KeywordsGiveIconsAndButtonsInTheOrderWritten) {
-    struct Row {
-        const char* typ;
-        QList<int> icons;
-        QStringList buttons;
-    } rows[] = {
-        {"vbQuestion + vbYesNo", {0}, {"Yes=6", "No=7"}},
-        {"vbok+vbcancel", {}, {"Ok=1", "Cancel=2"}},
-        {"vbcancel+vbok", {}, {"Cancel=2", "Ok=1"}},
-        {"", {}, {"Ok=1"}},
-        {"vbnormal", {}, {"Ok=0"}},
-        {"vbhappy+vbok", {5}, {"Ok=1"}},
-        {"vbcustom", {10}, {"Ok=1"}},
-        {" VBCRITICAL  +  VBOK ", {4}, {"Ok=1"}},
-        {"vbinformation+vbyesno", {2}, {"Yes=6", "No=7"}},
-        {"vbexclamation+vbabortretryignore", {1}, {"Abort=3", "Retry=4", "Ignore=5"}},
-        {"vbyesnocancel", {}, {"Yes=6", "No=7", "Cancel=2"}},
-        {"vbretrycancel+vberror", {3}, {"Retry=4", "Cancel=2"}},
-        {"vbokonly+vbtrash+vbprint+vblighton", {6, 7, 8}, {"Ok=1"}},
-        {"vbmisspelt++vbyes", {}, {"Yes=6"}},
-        {"vbyesnocancel+vbok", {}, {"Yes=6", "No=7", "Cancel=2"}}, // three slots only
+struct StyleRow {
+    const char* typ;
+    QList<int> icons;
+    QList<MsgButton> buttons;
+};
+
+TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrder) {
+    const StyleRow rows[] = {
+        {"vbQuestion + vbYesNo", {0}, {Yes, No}},
+        {"vbok+vbcritical", {4}, {Ok}},
+        {"vbcritical+vbok", {4}, {Ok}},
+        {"vbinformation+vbyesno", {2}, {Yes, No}},
+        {"vbok+vbinformation", {2}, {Ok}},
+        {"vbhappy+vbok", {5}, {Ok}},
+        {"vbok+vbcancel", {}, {Ok, Cancel}},
+        {"vbcancel+vbok", {}, {Cancel, Ok}},
+        {"vbexclamation+vberror+vbtrash+vbprint+vblighton", {1, 3, 6, 7, 8}, {Ok}},
+        {"vbcustom", {10}, {Ok}},
+        {"vbnormal", {}, {NormalOk}},
+        {"vbokonly", {}, {Ok}},
+        {"vbokcancel", {}, {Ok, Cancel}},
+        {"vbretrycancel", {}, {Retry, Cancel}},
+        {"vbyesnocancel", {}, {Yes, No, Cancel}},
+        {"vbabortretryignore", {}, {Abort, Retry, Ignore}},
+        {"vbabort+vbretry+vbignore", {}, {Abort, Retry, Ignore}},
+        {"VBYES + VBNO", {}, {Yes, No}},
     };
-    for (const Row& row : rows) {
+    for (const StyleRow& row : rows) {
+        SCOPED_TRACE(row.typ);
         const MsgStyle style = parseMsgStyle(QString::fromLatin1(row.typ));
-        EXPECT_EQ(style.icons, row.icons) << row.typ;
-        EXPECT_EQ(captions(style), row.buttons) << row.typ;
+        EXPECT_EQ(style.icons, row.icons);
+        EXPECT_EQ(style.buttons, row.buttons);
     }
 }
 
-TEST(MsgLayout, NarrowMessagesGetThreeButtonWidths) {
-    const MsgLayout one = layoutMessage(900, 195, 1);
-    EXPECT_EQ(one.windowWidth, 2655);
-    ASSERT_EQ(one.buttonLefts.size(), 1);
-    EXPECT_DOUBLE_EQ(one.buttonLefts[0], 885);
+TEST(MsgStyle, UnknownEmptyOrMisspeltPiecesAreIgnored) {
+    const StyleRow rows[] = {
+        {"", {}, {Ok}},
+        {"+", {}, {Ok}},
+        {"vbquestion", {0}, {Ok}},
+        {"vbquestoin+vbyes", {}, {Yes}},
+        {"vb yes+vbno", {}, {No}},
+        {"\tvbyes+vbno", {}, {No}}, // only spaces are trimmed
+        {"   vbyes   +   ", {}, {Yes}},
+        {"vbok vbcancel", {}, {Ok}},
+    };
+    for (const StyleRow& row : rows) {
+        SCOPED_TRACE(row.typ);
+        const MsgStyle style = parseMsgStyle(QString::fromLatin1(row.typ));
+        EXPECT_EQ(style.icons, row.icons);
+        EXPECT_EQ(style.buttons, row.buttons);
+    }
 }
 
-TEST(MsgLayout, WideMessagesWidenTheWindowAndCentreTheButtons) {
-    const MsgLayout three = layoutMessage(3000, 195, 3);
-    EXPECT_EQ(three.windowWidth, 4680);
-    EXPECT_EQ(three.buttonLefts, (QList<double>{1012.5, 1897.5, 2782.5}));
+TEST(MsgStyle, ButtonsBeyondTheThirdAreDropped) {
+    EXPECT_EQ(parseMsgStyle(QStringLiteral("vbyesnocancel+vbok")).buttons,
+              (QList<MsgButton>{Yes, No, Cancel}));
 }
 
-TEST(MsgLayout, HeightFollowsTheTextLines) {
-    const MsgLayout one = layoutMessage(900, 195, 1);
-    const MsgLayout two = layoutMessage(900, 390, 1);
-    EXPECT_EQ(one.labelHeight, 315);
-    EXPECT_EQ(one.buttonTop, 300 + 315 + 120);
-    EXPECT_EQ(one.windowHeight, one.buttonTop + 345 + 600);
-    EXPECT_EQ(two.windowHeight - one.windowHeight, 195);
+TEST(MsgLayout, ANarrowMessageGetsAWindowThreeButtonsWide) {
+    // "Exit?" measures well under 975 twips.
+    const MsgLayout layout = layoutMessage(480, 210, 0);
+    EXPECT_EQ(layout.windowWidth, 2655);
+    ASSERT_EQ(layout.buttonLefts.size(), 1);
+    EXPECT_DOUBLE_EQ(layout.buttonLefts[0], 885); // (2655 - 885) / 2
+    EXPECT_EQ(layoutMessage(975, 210, 0).windowWidth, 2655);
+    EXPECT_EQ(layoutMessage(976, 210, 0).windowWidth, 2656);
 }
 
-TEST(MsgLayout, NoButtonsShownForAnImpossibleCount) {
-    EXPECT_TRUE(layoutMessage(900, 195, 0).buttonLefts.isEmpty());
-    EXPECT_TRUE(layoutMessage(900, 195, 4).buttonLefts.isEmpty());
+TEST(MsgLayout, AWideMessageSetsTheWidthAndCentresTheButtonRow) {
+    const MsgLayout layout = layoutMessage(3000, 210, 2);
+    EXPECT_EQ(layout.windowWidth, 4680);
+    EXPECT_EQ(layout.buttonLefts, (QList<double>{1012.5, 1897.5, 2782.5}));
+    EXPECT_EQ(layoutMessage(3000, 210, 1).buttonLefts, (QList<double>{1455, 2340}));
+}
+
+TEST(MsgLayout, HeightsFollowTheText) {
+    const MsgLayout one = layoutMessage(1000, 210, 0);
+    EXPECT_EQ(one.labelHeight, 330);
+    EXPECT_EQ(one.buttonTop, 750);     // 300 + 330 + 120
+    EXPECT_EQ(one.windowHeight, 1695); // 750 + 345 + 600
+    const MsgLayout two = layoutMessage(1000, 420, 0);
+    EXPECT_EQ(two.windowHeight - one.windowHeight, 210);
+    EXPECT_EQ(two.buttonTop - one.buttonTop, 210);
+}
+
+TEST(MsgLayout, NoButtonIsPlacedForALastIndexOutOfRange) {
+    EXPECT_TRUE(layoutMessage(100, 210, -1).buttonLefts.isEmpty());
+    EXPECT_TRUE(layoutMessage(100, 210, 3).buttonLefts.isEmpty());
 }
 
 } // namespace

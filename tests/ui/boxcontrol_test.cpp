@@ -1,0 +1,228 @@
+// The self-drawn push button, headless: its painted face, the pressed frame, the MouseDown /
+// MouseUp events under the mouse, and its properties.
+#include "ui/boxcontrol.h"
+
+#include "core/settings.h"
+#include "ui/olecolor.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QColor Face(200, 210, 220);
+const quint32 FacePacked = packRgb(200, 210, 220);
+
+QImage faceOf(BoxControl& button) {
+    return button.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+// A button of `w` x `h` pixels with a plain face colour.
+class BoxControlTest : public ::testing::Test {
+protected:
+    BoxControl& make(int w, int h) {
+        m_button.resize(w, h);
+        m_button.setBackColor(FacePacked);
+        return m_button;
+    }
+    BoxControl m_button;
+};
+
+TEST_F(BoxControlTest, AnswerButtonHasItsDarkEdgesOnePixelInside) {
+    const QImage image = faceOf(make(59, 23)); // 885 x 345 twips
+    for (int y = 1; y <= 21; ++y) {
+        EXPECT_EQ(image.pixelColor(57, y), QColor(Qt::black)) << y;
+        EXPECT_EQ(image.pixelColor(58, y), Face) << y;
+    }
+    for (int x = 1; x <= 57; ++x) {
+        EXPECT_EQ(image.pixelColor(x, 21), QColor(Qt::black)) << x;
+        EXPECT_EQ(image.pixelColor(x, 22), Face) << x;
+    }
+    for (int y = 0; y < 23; ++y)
+        EXPECT_EQ(image.pixelColor(0, y), QColor(Qt::white)) << y;
+    for (int x = 0; x < 59; ++x)
+        EXPECT_EQ(image.pixelColor(x, 0), QColor(Qt::white)) << x;
+    EXPECT_EQ(image.pixelColor(30, 11), Face); // no caption
+}
+
+TEST_F(BoxControlTest, PictureCornerFollowsItsNaturalSize) {
+    BoxControl& button = make(22, 22); // 330 x 330 twips
+    QPixmap picture(16, 16);
+    picture.fill(Qt::magenta);
+    button.setPicture(picture);
+    const QImage image = faceOf(button);
+    // Corner at 35.25 twips: pixel 2; the picture is painted over the edges.
+    EXPECT_EQ(image.pixelColor(1, 2), Face);
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::magenta));
+    EXPECT_EQ(image.pixelColor(17, 17), QColor(Qt::magenta));
+    EXPECT_EQ(image.pixelColor(18, 18), Face);
+    EXPECT_EQ(image.pixelColor(20, 10), QColor(Qt::black)); // dark edge at 310 twips
+}
+
+TEST_F(BoxControlTest, CaptionIsCentredInTheForeColour) {
+    BoxControl& button = make(59, 23);
+    button.setForeColor(packRgb(255, 0, 0));
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSizeF(9);
+    button.setControlFont(font);
+    button.setCaption(QStringLiteral("Cancel"));
+    const QImage image = faceOf(button);
+    QRect ink;
+    for (int y = 1; y < 21; ++y) {
+        for (int x = 1; x < 57; ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (c.red() > c.green() + 60) // reddish: caption ink, smoothed or not
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    ASSERT_FALSE(ink.isEmpty());
+    const double inkMiddle = (ink.left() + ink.right() + 1) / 2.0;
+    const QFontMetricsF metrics(font);
+    EXPECT_NEAR(inkMiddle, 59 / 2.0, 1.5);
+    EXPECT_NEAR(ink.width(), metrics.horizontalAdvance(QStringLiteral("Cancel")), 2.0);
+    EXPECT_GE(ink.top(), 4);
+    EXPECT_LE(ink.bottom(), 18);
+}
+
+TEST_F(BoxControlTest, SystemColoursReadBackUnchangedAndPaintFromThePalette) {
+    BoxControl& button = make(40, 20);
+    EXPECT_EQ(BoxControl().BackColor(), SystemButtonFace);
+    EXPECT_EQ(BoxControl().ForeColor(), SystemButtonText);
+    button.setBackColor(0x80000012u);
+    EXPECT_EQ(button.BackColor(), 0x80000012u);
+    EXPECT_EQ(faceOf(button).pixelColor(20, 10),
+              QApplication::palette().color(QPalette::Active, QPalette::ButtonText));
+    button.setBackColor(SystemButtonFace);
+    EXPECT_EQ(faceOf(button).pixelColor(20, 10),
+              QApplication::palette().color(QPalette::Active, QPalette::Button));
+}
+
+TEST_F(BoxControlTest, EveryPropertyReadsBackWhatWasSet) {
+    BoxControl& button = make(40, 20);
+    button.setCaption(QStringLiteral("Go"));
+    button.setForeColor(packRgb(1, 2, 3));
+    button.setFontBold(true);
+    button.setFontItalic(true);
+    button.setFontSize(7.5f);
+    EXPECT_EQ(button.Caption(), QStringLiteral("Go"));
+    EXPECT_EQ(button.ForeColor(), packRgb(1, 2, 3));
+    EXPECT_TRUE(button.FontBold());
+    EXPECT_TRUE(button.FontItalic());
+    EXPECT_FLOAT_EQ(button.FontSize(), 7.5f);
+    EXPECT_DOUBLE_EQ(button.Font().pointSizeF(), 7.5);
+    button.setFontSize(0);
+    EXPECT_FLOAT_EQ(button.FontSize(), 0.0f);
+    EXPECT_DOUBLE_EQ(button.Font().pointSizeF(), 7.5);
+    QFont whole(QStringLiteral("Courier New"));
+    whole.setPointSizeF(12);
+    button.setControlFont(whole);
+    EXPECT_EQ(button.Font().family(), QStringLiteral("Courier New"));
+    EXPECT_FLOAT_EQ(button.FontSize(), 12.0f);
+    EXPECT_FALSE(button.FontBold());
+    button.setEnabled(false);
+    EXPECT_FALSE(button.Enabled());
+}
+
+// Records, for each event, the button state and the frame as the container sees them.
+struct Heard {
+    QString event;
+    qint16 button;
+    qint16 shift;
+    float x;
+    float y;
+    bool framed;
+};
+
+class BoxControlMouse : public BoxControlTest {
+protected:
+    void SetUp() override {
+        make(59, 23);
+        m_button.show();
+        const auto record = [this](const char* name) {
+            return [this, name](qint16 button, qint16 shift, float x, float y) {
+                const bool framed = faceOf(m_button).pixelColor(58, 11) == QColor(Qt::black);
+                m_heard.append({QString::fromLatin1(name), button, shift, x, y, framed});
+            };
+        };
+        QObject::connect(&m_button, &BoxControl::MouseDown, record("down"));
+        QObject::connect(&m_button, &BoxControl::MouseUp, record("up"));
+    }
+    QList<Heard> m_heard;
+};
+
+TEST_F(BoxControlMouse, FrameShowsBeforeMouseDownAndGoesBeforeMouseUp) {
+    EXPECT_FALSE(m_button.isPressed());
+    QTest::mousePress(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    EXPECT_TRUE(m_button.isPressed());
+    QTest::mouseRelease(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    EXPECT_FALSE(m_button.isPressed());
+    ASSERT_EQ(m_heard.size(), 2);
+    EXPECT_EQ(m_heard[0].event, QStringLiteral("down"));
+    EXPECT_TRUE(m_heard[0].framed);
+    EXPECT_EQ(m_heard[1].event, QStringLiteral("up"));
+    EXPECT_FALSE(m_heard[1].framed);
+    // Positions in twips, relative to the control.
+    EXPECT_FLOAT_EQ(m_heard[0].x, 150);
+    EXPECT_FLOAT_EQ(m_heard[0].y, 75);
+    EXPECT_EQ(m_heard[0].button, 1);
+}
+
+TEST_F(BoxControlMouse, AReleaseOffTheButtonStillRaisesMouseUp) {
+    QTest::mousePress(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    QTest::mouseMove(&m_button, QPoint(200, 90));
+    QTest::mouseRelease(&m_button, Qt::LeftButton, {}, QPoint(200, 90));
+    ASSERT_EQ(m_heard.size(), 2);
+    EXPECT_EQ(m_heard[1].event, QStringLiteral("up"));
+    EXPECT_FLOAT_EQ(m_heard[1].x, 3000);
+    EXPECT_FLOAT_EQ(m_heard[1].y, 1350);
+}
+
+TEST_F(BoxControlMouse, EveryMouseButtonAndModifierIsReported) {
+    const struct {
+        Qt::MouseButton button;
+        Qt::KeyboardModifiers modifiers;
+        qint16 buttonCode;
+        qint16 shiftCode;
+    } rows[] = {
+        {Qt::RightButton, {}, 2, 0},
+        {Qt::MiddleButton, Qt::ShiftModifier, 4, 1},
+        {Qt::LeftButton, Qt::ControlModifier | Qt::AltModifier, 1, 6},
+        {Qt::RightButton, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier, 2, 7},
+    };
+    for (const auto& row : rows) {
+        m_heard.clear();
+        QTest::mousePress(&m_button, row.button, row.modifiers, QPoint(3, 3));
+        QTest::mouseRelease(&m_button, row.button, row.modifiers, QPoint(3, 3));
+        ASSERT_EQ(m_heard.size(), 2);
+        for (const Heard& h : m_heard) {
+            EXPECT_EQ(h.button, row.buttonCode);
+            EXPECT_EQ(h.shift, row.shiftCode);
+        }
+    }
+}
+
+TEST_F(BoxControlMouse, ADisabledButtonRaisesNothingAndLooksTheSame) {
+    m_button.setCaption(QStringLiteral("Ok"));
+    const QImage enabled = faceOf(m_button);
+    m_button.setEnabled(false);
+    EXPECT_EQ(faceOf(m_button), enabled);
+    QTest::mousePress(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    QTest::mouseRelease(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    EXPECT_TRUE(m_heard.isEmpty());
+    EXPECT_EQ(faceOf(m_button), enabled);
+}
+
+TEST_F(BoxControlMouse, DisablingWhileHeldDropsTheFrame) {
+    QTest::mousePress(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    ASSERT_TRUE(m_button.isPressed());
+    m_button.setEnabled(false);
+    EXPECT_FALSE(m_button.isPressed());
+    m_button.setEnabled(true);
+    QTest::mouseRelease(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
+    EXPECT_EQ(m_heard.size(), 1); // the release after re-enabling follows no press
+}
+
+} // namespace
