@@ -101,6 +101,32 @@ void clsSimpleArray::AddItem(const QString& vstrItem, int vlngIndex) {
     touch();
 }
 
+void clsSimpleArray::appendItems(std::vector<QString>&& items) {
+    if (items.empty())
+        return;
+    const size_t room = static_cast<size_t>(std::numeric_limits<int>::max()) - m_items.size();
+    if (m_isSorted || items.size() > room) {
+        for (const QString& item : items)
+            AddItem(item, -1);
+        return;
+    }
+    try {
+        m_items.reserve(m_items.size() + items.size());
+        m_data.reserve(m_items.size() + items.size());
+    } catch (const std::bad_alloc&) {
+        for (const QString& item : items) // item by item, each failure recorded
+            AddItem(item, -1);
+        return;
+    }
+    for (QString& item : items) {
+        m_items.push_back(std::move(item));
+        m_data.push_back(0);
+        noteAppended();
+    }
+    m_newIndex = m_last;
+    touch();
+}
+
 void clsSimpleArray::Clear() {
     std::vector<QString>().swap(m_items);
     std::vector<qint32>().swap(m_data);

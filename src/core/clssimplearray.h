@@ -47,6 +47,11 @@ public:
     // order of arrival), or at vlngIndex when none is greater. NewIndex() becomes the position.
     void AddItem(const QString& vstrItem, int vlngIndex = -1);
 
+    // Appends every text of `items` in order, each with item data 0, with the same result as
+    // AddItem(item, -1) for each in turn (on a Sorted() list it does exactly that). Cheaper
+    // for many items: the storage grows once.
+    void appendItems(std::vector<QString>&& items);
+
     // Empties the list and releases its storage; NewIndex() becomes -1.
     void Clear();
 

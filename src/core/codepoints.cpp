@@ -84,7 +84,7 @@ int compareExact(QStringView a, QStringView b) {
 }
 
 int compareIgnoringCase(QStringView a, QStringView b) {
-    return compareMapped(a, b, upperCodePoint);
+    return compareMapped(a, b, [](char32_t c) { return upperCodePoint(c); });
 }
 
 bool equalsIgnoringCase(QStringView a, QStringView b) {

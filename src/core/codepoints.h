@@ -19,6 +19,8 @@ inline char32_t nextCodePoint(QStringView s, qsizetype& i) {
 
 // The simple upper-case mapping of one character.
 inline char32_t upperCodePoint(char32_t c) {
+    if (c < 0x80) // the common case, without the Unicode tables
+        return c >= U'a' && c <= U'z' ? c - (U'a' - U'A') : c;
     return QChar::toUpper(c);
 }
 

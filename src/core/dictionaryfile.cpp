@@ -53,17 +53,17 @@ public:
 private:
     void appendCodePoint(char32_t c) {
         if (QChar::requiresSurrogates(c)) {
-            m_line.append(QChar(QChar::highSurrogate(c)));
-            m_line.append(QChar(QChar::lowSurrogate(c)));
+            m_line[m_units++] = QChar::highSurrogate(c);
+            m_line[m_units++] = QChar::lowSurrogate(c);
         } else {
-            m_line.append(QChar(static_cast<char16_t>(c)));
+            m_line[m_units++] = static_cast<char16_t>(c);
         }
     }
 
     void endLine() {
         if (m_length == kWordLength)
-            m_words.append(m_line);
-        m_line.clear();
+            m_words.append(QString(reinterpret_cast<const QChar*>(m_line.data()), m_units));
+        m_units = 0;
         m_length = 0;
         if (m_pump)
             m_pump->poll();
@@ -71,7 +71,8 @@ private:
 
     QStringList& m_words;
     EventPump* m_pump;
-    QString m_line;
+    std::array<char16_t, 2 * kWordLength> m_line{}; // the first four characters of the line
+    qsizetype m_units = 0;
     int m_length = 0; // characters of the current line, saturating at 5
     bool m_afterCr = false;
 };

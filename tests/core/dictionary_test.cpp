@@ -186,6 +186,40 @@ TEST_F(DictionaryTest, SameSeedSameOrderAnotherLoadAnotherOrder) {
     EXPECT_EQ(itemsOf(m_list), first);
 }
 
+TEST_F(DictionaryTest, LoadOrderIsTheKeyOrderOfTheNumbersDrawnPerWord) {
+    // Many words over few letters, repeated lines and case twins: numbers are drawn twice
+    // often and equal entries are common, so every tie-breaking rule of the order shows.
+    QByteArray bytes;
+    QStringList words;
+    std::mt19937 random(11);
+    for (int n = 0; n < 30000; ++n) {
+        QByteArray w(4, 'a');
+        for (char& c : w)
+            c = "abAB"[random() % 4];
+        const int copies = random() % 5 == 0 ? 2 : 1;
+        for (int k = 0; k < copies; ++k) {
+            bytes += w + "\r\n";
+            words << QString::fromLatin1(w);
+        }
+    }
+    m_folder.write(QStringLiteral("d.txt"), bytes);
+    m_random.seed(5);
+    ASSERT_TRUE(m_loader.LoadDictionary(m_folder.file(QStringLiteral("d.txt"))));
+
+    RandomSource draws(5);
+    std::vector<ShuffleKey> keys;
+    for (const QString& w : words) {
+        const qint64 number = draws.between(1, 99998);
+        keys.push_back({number, w});
+        keys.push_back({number, reversedCodePoints(w) + u'*'});
+    }
+    sortShuffleKeys(keys);
+    QStringList expected;
+    for (const ShuffleKey& k : keys)
+        expected << k.entry;
+    EXPECT_EQ(itemsOf(m_list), expected);
+}
+
 TEST(ShuffleKeys, OrderByNumberThenTextIgnoringCaseKeepingArrivalOfEquals) {
     std::vector<ShuffleKey> keys = {
         {417, QStringLiteral("cake")}, {417, QStringLiteral("ekac*")},

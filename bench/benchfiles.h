@@ -1,0 +1,34 @@
+// The benchmarks' input files, written deterministically (fixed seeds) into a temporary folder
+// that lives as long as the object:
+//   - the shipped dictionary (data/english1.txt of the source tree, read in place);
+//   - a 16,000-word dictionary: the shipped words, then distinct words drawn letter by letter
+//     from the shipped words' letter frequencies at each position;
+//   - dictionaries that never give a puzzle: distinct consonant-vowel-consonant-vowel words
+//     ("bako"). A word's reverse is vowel-consonant-vowel-consonant, so no third word can
+//     cross the second one and every attempt fails;
+//   - a 100,000-line file in which every line is a four-letter word (the heaviest load per
+//     line: every line is accepted and gives two entries).
+// Lines end with CR LF.
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+class BenchFiles {
+public:
+    BenchFiles();
+
+    static QString shipped();
+    QString words16k() const { return m_words16k; }
+    QString lines100k() const { return m_lines100k; }
+    // A dictionary of `words` distinct consonant-vowel words (at most 17,689), written on
+    // first use.
+    QString noPuzzle(int words);
+
+private:
+    QString write(const QString& name, const QStringList& lines) const;
+
+    QTemporaryDir m_dir;
+    QString m_words16k;
+    QString m_lines100k;
+};
