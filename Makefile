@@ -32,6 +32,16 @@ test-sanitize: setup $(SAN_DIR)/build.ninja
 	cmake --build --preset sanitize --target nodisplay-tests
 	ctest --preset sanitize
 
+$(BENCH_DIR)/build.ninja: | setup
+	cmake --preset bench
+
+# Google Benchmark programs: dictionary loads, the literal and the indexed generator, memory.
+bench: setup $(BENCH_DIR)/build.ninja
+	cmake --build --preset bench
+	$(BENCH_DIR)/bin/bench_dictionary
+	$(BENCH_DIR)/bin/bench_generator
+	$(BENCH_DIR)/bin/bench_memory
+
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
