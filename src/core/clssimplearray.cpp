@@ -111,8 +111,17 @@ void clsSimpleArray::appendItems(std::vector<QString>&& items) {
         return;
     }
     try {
-        m_items.reserve(m_items.size() + items.size());
         m_data.reserve(m_items.size() + items.size());
+        if (m_items.empty()) { // take the texts' storage as it is
+            m_items = std::move(items);
+            m_data.assign(m_items.size(), 0);
+            for (size_t k = 0; k < m_items.size(); ++k)
+                noteAppended();
+            m_newIndex = m_last;
+            touch();
+            return;
+        }
+        m_items.reserve(m_items.size() + items.size());
     } catch (const std::bad_alloc&) {
         for (const QString& item : items) // item by item, each failure recorded
             AddItem(item, -1);
