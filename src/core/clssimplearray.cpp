@@ -251,7 +251,16 @@ void clsSimpleArray::RemoveItem(int vlngIndex) {
         indexError(QStringLiteral("RemoveItem"));
         return;
     }
-    removeWhere([vlngIndex](int i) { return i == vlngIndex; });
+    const int before = m_capacity;
+    m_items.erase(m_items.begin() + vlngIndex);
+    m_data.erase(m_data.begin() + vlngIndex);
+    noteRemoved();
+    if (m_capacity != before) {
+        m_items.shrink_to_fit();
+        m_data.shrink_to_fit();
+    }
+    m_newIndex = m_last;
+    touch();
 }
 
 void clsSimpleArray::RemoveItemsMatching(const QString& vstrItem) {
