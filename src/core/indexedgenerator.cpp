@@ -371,39 +371,37 @@ QString IndexedPuzzleGenerator::letterText(Letter letter) const {
 }
 
 void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
-    // Item data by id: the ranges and the single marks of the last attempt.
-    m_data.assign(static_cast<size_t>(m_index.entryCount()), 0);
-    auto markAll = [this](std::span<const int> ids, int upTo) {
+    // Every item 0, then 1 for the ranges and the single marks of the last attempt.
+    const std::span<qint32> data = wordList.allItemData();
+    std::fill(data.begin(), data.end(), 0);
+    auto set = [&](int id) {
+        if (m_index.alive(id))
+            data[static_cast<size_t>(m_index.currentIndex(id))] = 1;
+    };
+    auto setAll = [&](std::span<const int> ids, int upTo) {
         for (const int id : ids) {
             if (id > upTo)
                 break;
-            m_data[static_cast<size_t>(id)] = 1;
+            set(id);
         }
     };
     const KeyedEntryLists& firstTwo = m_index.byFirstTwo();
     if (m_second >= 0) {
         for (const int g : m_index.firstTwoGroupsWithSecond(static_cast<Letter>(m_second)))
-            markAll(firstTwo.group(g), m_secondUpTo);
+            setAll(firstTwo.group(g), m_secondUpTo);
     }
     for (const int first : m_exhaustedLetters) {
         const int g = firstTwo.findGroup(WordIndex::pack(first, m_third, 0, 0));
         if (g >= 0)
-            markAll(firstTwo.group(g), kAll);
+            setAll(firstTwo.group(g), kAll);
     }
     if (m_first >= 0) {
         const int g = firstTwo.findGroup(WordIndex::pack(m_first, m_third, 0, 0));
         if (g >= 0)
-            markAll(firstTwo.group(g), m_thirdUpTo);
+            setAll(firstTwo.group(g), m_thirdUpTo);
     }
     for (int k = 0; k < m_singleCount; ++k)
-        m_data[static_cast<size_t>(m_singles[static_cast<size_t>(k)])] = 1;
-
-    const std::span<qint32> data = wordList.allItemData();
-    size_t index = 0;
-    for (size_t id = 0; id < m_data.size(); ++id) {
-        if (m_index.alive(static_cast<int>(id)))
-            data[index++] = m_data[id];
-    }
+        set(m_singles[static_cast<size_t>(k)]);
 }
 
 void IndexedPuzzleGenerator::file(std::vector<int>& heads, size_t at, int root) {

@@ -15,6 +15,8 @@ constexpr int kLetterBits = 16;
 constexpr quint64 kLetterMask = 0xFFFF;
 constexpr int kMaxAlphabet = std::numeric_limits<quint16>::max(); // one value kept free
 constexpr quint16 kNoLetter = 0xFFFF;
+// Keys whose letters can take at most this many values are numbered densely.
+constexpr quint64 kDenseKeys = 1 << 15;
 
 bool isWildcardCharacter(char32_t c) {
     return c == U'?' || c == U'*' || c == U'#' || c == U'[';
@@ -29,26 +31,90 @@ bool isSurrogate(char32_t c) {
 void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vector<int>& ids,
                             quint64 mask, int alphabetSize) {
     m_mask = mask;
-    // Stable counting sorts by each letter of the key, the last position first: ids stay
-    // ascending within a group because they start ascending.
-    m_ids.assign(ids.begin(), ids.end());
-    m_scratch.resize(ids.size());
-    for (int shift = 0; shift < 64; shift += kLetterBits) {
+    m_alphabetSize = static_cast<quint64>(std::max(alphabetSize, 1));
+    m_letterCount = 0;
+    quint64 space = 1;
+    for (int shift = 48; shift >= 0; shift -= kLetterBits) {
         if (((mask >> shift) & kLetterMask) == 0)
             continue;
-        m_count.assign(static_cast<size_t>(alphabetSize) + 1, 0);
+        m_shifts[static_cast<size_t>(m_letterCount++)] = shift;
+        space = std::min(space * m_alphabetSize, kDenseKeys + 1);
+    }
+    m_dense = space <= kDenseKeys;
+    m_keys.clear();
+    m_offsets.clear();
+    if (!m_dense) {
+        buildSparse(packed, ids);
+        return;
+    }
+    const quint64 base = m_alphabetSize;
+    auto at = [](quint64 p, int shift) { return (p >> shift) & kLetterMask; };
+    switch (mask) {
+    case WordIndex::kFirstTwo:
+        buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 32); });
+        break;
+    case WordIndex::kFirstTwoAndLast:
+        buildDense(packed, ids, [=](quint64 p) {
+            return (at(p, 48) * base + at(p, 32)) * base + at(p, 0);
+        });
+        break;
+    case WordIndex::kFirstAndLast:
+        buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 0); });
+        break;
+    default:
+        buildDense(packed, ids, [this](quint64 p) { return digitOf(p); });
+    }
+}
+
+template <typename Digit>
+void KeyedEntryLists::buildDense(const std::vector<quint64>& packed, const std::vector<int>& ids,
+                                 Digit digitOfPacked) {
+    // One stable counting sort by the whole key: ids stay ascending within a group.
+    quint64 space = 1;
+    for (int k = 0; k < m_letterCount; ++k)
+        space *= m_alphabetSize;
+    m_count.assign(space + 1, 0);
+    m_scratch.resize(ids.size()); // the digit of each id, in the order of `ids`
+    for (size_t k = 0; k < ids.size(); ++k) {
+        const auto digit = static_cast<int>(digitOfPacked(packed[static_cast<size_t>(ids[k])]));
+        m_scratch[k] = digit;
+        ++m_count[static_cast<size_t>(digit) + 1];
+    }
+    m_groupOfDigit.assign(space, -1);
+    for (quint64 d = 0; d < space; ++d) {
+        if (m_count[d + 1] > 0) {
+            m_groupOfDigit[d] = static_cast<int>(m_keys.size());
+            m_offsets.push_back(m_count[d]); // where the group starts (the sum so far)
+            m_keys.push_back(0);
+        }
+        m_count[d + 1] += m_count[d];
+    }
+    m_offsets.push_back(static_cast<int>(ids.size()));
+    m_ids.resize(ids.size());
+    for (size_t k = 0; k < ids.size(); ++k)
+        m_ids[static_cast<size_t>(m_count[static_cast<size_t>(m_scratch[k])]++)] = ids[k];
+    for (size_t g = 0; g < m_keys.size(); ++g)
+        m_keys[g] = keyOf(packed[static_cast<size_t>(m_ids[static_cast<size_t>(m_offsets[g])])]);
+}
+
+void KeyedEntryLists::buildSparse(const std::vector<quint64>& packed, const std::vector<int>& ids) {
+    // Stable counting sorts by each letter of the key, the last one first: ids stay ascending
+    // within a group because they start ascending.
+    m_ids.assign(ids.begin(), ids.end());
+    m_scratch.resize(ids.size());
+    for (int k = m_letterCount - 1; k >= 0; --k) {
+        const int shift = m_shifts[static_cast<size_t>(k)];
+        m_count.assign(static_cast<size_t>(m_alphabetSize) + 1, 0);
         for (const int id : m_ids)
             ++m_count[((packed[static_cast<size_t>(id)] >> shift) & kLetterMask) + 1];
-        for (size_t k = 1; k < m_count.size(); ++k)
-            m_count[k] += m_count[k - 1];
+        for (size_t n = 1; n < m_count.size(); ++n)
+            m_count[n] += m_count[n - 1];
         for (const int id : m_ids) {
             const auto letter = (packed[static_cast<size_t>(id)] >> shift) & kLetterMask;
             m_scratch[static_cast<size_t>(m_count[letter]++)] = id;
         }
         m_ids.swap(m_scratch);
     }
-    m_keys.clear();
-    m_offsets.clear();
     for (size_t k = 0; k < m_ids.size(); ++k) {
         const Key key = keyOf(packed[static_cast<size_t>(m_ids[k])]);
         if (m_keys.empty() || m_keys.back() != key) {
@@ -75,6 +141,10 @@ size_t KeyedEntryLists::slotOf(Key key) const {
 }
 
 int KeyedEntryLists::findGroup(Key key) const {
+    if (m_dense) {
+        const quint64 digit = digitOf(key);
+        return digit < m_groupOfDigit.size() ? m_groupOfDigit[digit] : -1;
+    }
     if (m_table.empty())
         return -1;
     return m_table[slotOf(key)];
@@ -86,7 +156,7 @@ void WordIndex::Alphabet::clear(std::vector<char32_t>& codePoints) {
     codePoints.clear();
 }
 
-int WordIndex::Alphabet::letterOf(char32_t c, std::vector<char32_t>& codePoints) {
+int WordIndex::Alphabet::addLetter(char32_t c, std::vector<char32_t>& codePoints) {
     if (c < kTableSize) {
         quint16& slot = m_table[c];
         if (slot == kNoLetter) {
@@ -129,8 +199,25 @@ bool WordIndex::build(const clsSimpleArray& list) {
     m_packed.assign(static_cast<size_t>(count), 0);
     m_kind.assign(static_cast<size_t>(count), Kind::Short);
     m_alive.assign(static_cast<size_t>(count), 1);
+    m_specialLetter.clear();
     for (int id = 0; id < count; ++id) {
         const QStringView entry = list.itemView(id);
+        // The usual entry: four known characters of the common range, none a surrogate.
+        if (entry.size() >= 4) {
+            const quint16 a = m_alphabet.known(entry[0].unicode());
+            const quint16 b = m_alphabet.known(entry[1].unicode());
+            const quint16 c = m_alphabet.known(entry[2].unicode());
+            const quint16 d = m_alphabet.known(entry[3].unicode());
+            if (a != Alphabet::kNone && b != Alphabet::kNone && c != Alphabet::kNone &&
+                d != Alphabet::kNone) {
+                m_packed[static_cast<size_t>(id)] = pack(a, b, c, d);
+                const bool special = m_specialLetter[a] | m_specialLetter[b] | m_specialLetter[c] |
+                                     m_specialLetter[d];
+                m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
+                m_indexed.push_back(id);
+                continue;
+            }
+        }
         quint64 packed = 0;
         bool special = false;
         qsizetype i = 0;
@@ -143,7 +230,9 @@ bool WordIndex::build(const clsSimpleArray& list) {
                 return false;
             }
             packed = (packed << kLetterBits) | static_cast<quint64>(letter);
-            special = special || isWildcardCharacter(c) || isSurrogate(c);
+            if (static_cast<size_t>(letter) >= m_specialLetter.size())
+                m_specialLetter.push_back(isWildcardCharacter(c) || isSurrogate(c) ? 1 : 0);
+            special = special || m_specialLetter[static_cast<size_t>(letter)] != 0;
         }
         if (taken < 4)
             continue;

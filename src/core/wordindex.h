@@ -48,8 +48,24 @@ public:
 
 private:
     size_t slotOf(Key key) const;
+    // The dense number of a key (letters as digits in base alphabetSize), when keys are dense.
+    quint64 digitOf(Key key) const {
+        quint64 digit = 0;
+        for (int k = 0; k < m_letterCount; ++k)
+            digit = digit * m_alphabetSize + ((key >> m_shifts[static_cast<size_t>(k)]) & 0xFFFF);
+        return digit;
+    }
+    // Digits computed by `digit(packed)`: a fixed mask compiles to a few multiplications.
+    template <typename Digit>
+    void buildDense(const std::vector<quint64>& packed, const std::vector<int>& ids, Digit digit);
+    void buildSparse(const std::vector<quint64>& packed, const std::vector<int>& ids);
 
     quint64 m_mask = 0;
+    quint64 m_alphabetSize = 0;
+    std::array<int, 4> m_shifts{}; // the key's letters in the packed value, first letter first
+    int m_letterCount = 0;
+    bool m_dense = false;            // keys are numbered densely: m_groupOfDigit finds them
+    std::vector<int> m_groupOfDigit; // dense key number -> group, or -1
     std::vector<Key> m_keys;
     std::vector<int> m_offsets; // group g is m_ids[m_offsets[g] .. m_offsets[g + 1])
     std::vector<int> m_ids;
@@ -126,10 +142,19 @@ private:
     public:
         void clear(std::vector<char32_t>& codePoints);
         // The number of `c`, or -1 when the alphabet is full.
-        int letterOf(char32_t c, std::vector<char32_t>& codePoints);
+        int letterOf(char32_t c, std::vector<char32_t>& codePoints) {
+            if (c < kTableSize && m_table[c] != kNone)
+                return m_table[c];
+            return addLetter(c, codePoints);
+        }
+        // The number of a character below kTableSize already numbered, else kNone.
+        quint16 known(char16_t c) const { return c < kTableSize ? m_table[c] : kNone; }
+
+        static constexpr char32_t kTableSize = 0x800;
+        static constexpr quint16 kNone = 0xFFFF;
 
     private:
-        static constexpr char32_t kTableSize = 0x800;
+        int addLetter(char32_t c, std::vector<char32_t>& codePoints);
         std::vector<quint16> m_table;
         QHash<char32_t, int> m_other;
     };
@@ -144,8 +169,9 @@ private:
     std::vector<Kind> m_kind;
     std::vector<quint8> m_alive;
     std::vector<char32_t> m_codePoints;
-    std::vector<int> m_removed; // ascending
-    std::vector<int> m_indexed; // ids with letters, ascending
+    std::vector<quint8> m_specialLetter; // letter -> a wildcard character or lone surrogate
+    std::vector<int> m_removed;          // ascending
+    std::vector<int> m_indexed;          // ids with letters, ascending
     KeyedEntryLists m_k01;
     KeyedEntryLists m_k013;
     KeyedEntryLists m_k03;
