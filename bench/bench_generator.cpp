@@ -16,8 +16,17 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 
 namespace {
+
+// Roots tried by the last request (only the indexed generator counts them).
+template <typename Generator> int attemptsOf(const Generator& generator) {
+    if constexpr (std::is_same_v<Generator, IndexedPuzzleGenerator>)
+        return generator.statistics().attempts;
+    else
+        return 0;
+}
 
 constexpr int kRequestsPerLoad = 3;
 constexpr int kSeeds = 4;
@@ -32,6 +41,7 @@ template <typename Generator> void freshLoads(benchmark::State& state, const QSt
     generator.setEventPump(&game.pump);
     Durations durations;
     int failures = 0;
+    long attempts = 0;
     quint64 seed = 0;
     for (auto _ : state) {
         state.PauseTiming();
@@ -41,9 +51,12 @@ template <typename Generator> void freshLoads(benchmark::State& state, const QSt
             const GenerationResult result =
                 durations.time([&] { return generator.generate(game.list, game.grid); });
             failures += result.success ? 0 : 1;
+            attempts += attemptsOf(generator);
         }
     }
     durations.report(state);
+    if (attempts > 0)
+        state.counters["attempts"] = static_cast<double>(attempts) / durations.count();
     state.counters["puzzles"] = static_cast<double>(durations.count()) - failures;
     state.counters["failures"] = failures;
 }
@@ -55,9 +68,11 @@ void successive(benchmark::State& state, const QString& path) {
     game.load(path, 1);
     Durations durations;
     int failures = 0;
+    long attempts = 0;
     for (auto _ : state) {
         const GenerationResult result =
             durations.time([&] { return generator.generate(game.list, game.grid); });
+        attempts += generator.statistics().attempts;
         if (!result.success) {
             ++failures;
             state.PauseTiming();
@@ -67,6 +82,7 @@ void successive(benchmark::State& state, const QString& path) {
     }
     durations.report(state);
     state.counters["failures"] = failures;
+    state.counters["attempts"] = static_cast<double>(attempts) / durations.count();
 }
 
 template <typename Generator> void noPuzzle(benchmark::State& state, const QString& path) {

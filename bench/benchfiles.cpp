@@ -61,9 +61,19 @@ BenchFiles::BenchFiles() {
         std::fprintf(stderr, "cannot create a temporary folder\n");
         std::exit(1);
     }
-    const QStringList model = shippedWords();
-    m_words16k = write(QStringLiteral("words16k.txt"), drawnWords(model, 16000, 16000));
-    m_lines100k = write(QStringLiteral("lines100k.txt"), drawnWords(model, 100000, 100000));
+    m_model = shippedWords();
+}
+
+QString BenchFiles::words16k() {
+    if (m_words16k.isEmpty())
+        m_words16k = write(QStringLiteral("words16k.txt"), drawnWords(m_model, 16000, 16000));
+    return m_words16k;
+}
+
+QString BenchFiles::lines100k() {
+    if (m_lines100k.isEmpty())
+        m_lines100k = write(QStringLiteral("lines100k.txt"), drawnWords(m_model, 100000, 100000));
+    return m_lines100k;
 }
 
 QString BenchFiles::shipped() {

@@ -12,6 +12,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 class BenchFiles {
@@ -19,8 +20,9 @@ public:
     BenchFiles();
 
     static QString shipped();
-    QString words16k() const { return m_words16k; }
-    QString lines100k() const { return m_lines100k; }
+    // Each file is written on first use.
+    QString words16k();
+    QString lines100k();
     // A dictionary of `words` distinct consonant-vowel words (at most 17,689), written on
     // first use.
     QString noPuzzle(int words);
@@ -31,4 +33,5 @@ private:
     QTemporaryDir m_dir;
     QString m_words16k;
     QString m_lines100k;
+    QStringList m_model; // the shipped words
 };

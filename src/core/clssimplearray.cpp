@@ -111,8 +111,17 @@ void clsSimpleArray::appendItems(std::vector<QString>&& items) {
         return;
     }
     try {
-        m_items.reserve(m_items.size() + items.size());
         m_data.reserve(m_items.size() + items.size());
+        if (m_items.empty()) { // take the texts' storage as it is
+            m_items = std::move(items);
+            m_data.assign(m_items.size(), 0);
+            for (size_t k = 0; k < m_items.size(); ++k)
+                noteAppended();
+            m_newIndex = m_last;
+            touch();
+            return;
+        }
+        m_items.reserve(m_items.size() + items.size());
     } catch (const std::bad_alloc&) {
         for (const QString& item : items) // item by item, each failure recorded
             AddItem(item, -1);
@@ -242,7 +251,16 @@ void clsSimpleArray::RemoveItem(int vlngIndex) {
         indexError(QStringLiteral("RemoveItem"));
         return;
     }
-    removeWhere([vlngIndex](int i) { return i == vlngIndex; });
+    const int before = m_capacity;
+    m_items.erase(m_items.begin() + vlngIndex);
+    m_data.erase(m_data.begin() + vlngIndex);
+    noteRemoved();
+    if (m_capacity != before) {
+        m_items.shrink_to_fit();
+        m_data.shrink_to_fit();
+    }
+    m_newIndex = m_last;
+    touch();
 }
 
 void clsSimpleArray::RemoveItemsMatching(const QString& vstrItem) {

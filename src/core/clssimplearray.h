@@ -22,8 +22,10 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringView>
 
 #include <functional>
+#include <span>
 #include <vector>
 
 class Notifier;
@@ -67,9 +69,15 @@ public:
     qint32 ItemData(int vlngIndex) const;
     // Writes the item data (index error "Let ItemData" changes nothing).
     void ItemData(int vlngIndex, qint32 vNewValue);
+    // The item data of every item (element i belongs to item i), for bulk writers: writing
+    // element i is the same as ItemData(i, value). Valid until items are added or removed.
+    std::span<qint32> allItemData() { return {m_data.data(), static_cast<size_t>(ListCount())}; }
 
     // Reads the item text (index error "Get List" yields "").
     QString List(int vlngIndex) const;
+    // The item text without a copy, for bulk readers. Precondition: 0 <= index < ListCount();
+    // the view is valid until the list changes.
+    QStringView itemView(int index) const { return m_items[static_cast<size_t>(index)]; }
     // Replaces the item text, keeping its item data (index error "Let List" changes nothing).
     void List(int vlngIndex, const QString& vNewValue);
 

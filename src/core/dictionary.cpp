@@ -44,6 +44,31 @@ QString markedReverse(QStringView word) {
     return entry;
 }
 
+// Sorts texts by comparing them without regard to case; equal ones keep their order.
+template <typename Item, typename TextOf>
+void stableSortIgnoringCase(std::vector<Item>& items, size_t from, size_t to, TextOf text) {
+    auto less = [&](const Item& a, const Item& b) {
+        return compareIgnoringCase(text(a), text(b)) < 0;
+    };
+    const auto begin = items.begin() + static_cast<std::ptrdiff_t>(from);
+    const auto end = items.begin() + static_cast<std::ptrdiff_t>(to);
+    if (to - from > kShortRun) {
+        std::stable_sort(begin, end, less);
+        return;
+    }
+    for (auto i = begin + 1; i < end; ++i) { // insertion sort: no buffer for a few items
+        auto j = i;
+        while (j > begin && less(*i, *(j - 1)))
+            --j;
+        std::rotate(j, i, i + 1);
+    }
+}
+
+void stableSortIgnoringCase(std::vector<QString>& texts) {
+    stableSortIgnoringCase(texts, 0, texts.size(),
+                           [](const QString& t) -> const QString& { return t; });
+}
+
 } // namespace
 
 void sortShuffleKeys(std::vector<ShuffleKey>& keys) {
@@ -64,23 +89,12 @@ void sortShuffleKeys(std::vector<ShuffleKey>& keys) {
     std::vector<ShuffleKey> sorted(keys.size());
     for (ShuffleKey& k : keys)
         sorted[static_cast<size_t>(start[static_cast<size_t>(k.number)]++)] = std::move(k);
-    auto entryLess = [](const ShuffleKey& a, const ShuffleKey& b) {
-        return compareIgnoringCase(a.entry, b.entry) < 0;
-    };
-    for (auto run = sorted.begin(); run != sorted.end();) {
-        auto end = run + 1;
-        while (end != sorted.end() && end->number == run->number)
+    for (size_t run = 0; run < sorted.size();) {
+        size_t end = run + 1;
+        while (end < sorted.size() && sorted[end].number == sorted[run].number)
             ++end;
-        if (end - run > kShortRun) {
-            std::stable_sort(run, end, entryLess);
-        } else { // insertion sort: stable, and no buffer to allocate for two or three keys
-            for (auto i = run + 1; i < end; ++i) {
-                auto j = i;
-                while (j > run && entryLess(*i, *(j - 1)))
-                    --j;
-                std::rotate(j, i, i + 1);
-            }
-        }
+        stableSortIgnoringCase(sorted, run, end,
+                               [](const ShuffleKey& k) -> const QString& { return k.entry; });
         run = end;
     }
     keys.swap(sorted);
@@ -109,18 +123,19 @@ bool DictionaryLoader::LoadDictionary(const QString& path) {
         return false;
     }
     m_error.clear();
-    fill(contents.words);
-    m_wordCount = static_cast<int>(contents.words.size());
+    fill(contents);
+    m_wordCount = static_cast<int>(contents.wordCount());
     m_statusToolTip = path;
     m_statusText = QStringLiteral("Dictionary: ") + fileNameOf(path) + QStringLiteral(" (") +
                    QString::number(m_wordCount) + QStringLiteral(" words)");
     return true;
 }
 
-void DictionaryLoader::fill(const QStringList& words) {
+void DictionaryLoader::fill(const DictionaryFileContents& words) {
     m_wordList.Clear(); // before building the new list, so the two never coexist
-    std::vector<ShuffleKey> keys;
-    keys.reserve(static_cast<size_t>(words.size()) * 2);
+    const auto count = static_cast<size_t>(words.wordCount());
+    std::vector<QString> entries;
+    entries.reserve(count * 2);
     int sinceLastPoll = 0;
     auto poll = [&] {
         if (m_pump && ++sinceLastPoll == kPollEvery) {
@@ -128,21 +143,63 @@ void DictionaryLoader::fill(const QStringList& words) {
             m_pump->poll();
         }
     };
-    for (const QString& word : words) {
-        const qint64 number = m_shuffled ? m_random.between(kLowestKey, kHighestKey) : 0;
-        keys.push_back({number, word});
-        keys.push_back({number, markedReverse(word)});
+
+    if (!m_shuffled) {
+        for (qsizetype w = 0; w < words.wordCount(); ++w) {
+            entries.push_back(words.word(w).toString());
+            entries.push_back(markedReverse(words.word(w)));
+            poll();
+        }
+        m_wordList.appendItems(std::move(entries));
+        return;
+    }
+
+    // The order of the keys "number + entry" (see sortShuffleKeys), without building them: the
+    // words ordered by their numbers (file order among equal numbers), and where words share a
+    // number, their entries in arrival order (word, then its reverse) sorted by text.
+    std::vector<quint32> numbers(count);
+    for (quint32& number : numbers) {
+        number = static_cast<quint32>(m_random.between(kLowestKey, kHighestKey));
         poll();
     }
-    if (m_shuffled)
-        sortShuffleKeys(keys);
-    if (m_pump)
-        m_pump->poll();
+    std::vector<int> start(static_cast<size_t>(kHighestKey) + 2, 0);
+    for (const quint32 number : numbers)
+        ++start[number + 1];
+    for (size_t n = 1; n < start.size(); ++n)
+        start[n] += start[n - 1];
+    std::vector<int> order(count);
+    for (size_t w = 0; w < count; ++w)
+        order[static_cast<size_t>(start[numbers[w]]++)] = static_cast<int>(w);
+    std::vector<int>().swap(start);
 
-    std::vector<QString> entries;
-    entries.reserve(keys.size());
-    for (ShuffleKey& key : keys)
-        entries.push_back(std::move(key.entry));
-    std::vector<ShuffleKey>().swap(keys);
+    std::vector<QString> run;
+    for (size_t k = 0; k < count;) {
+        size_t end = k + 1;
+        const quint32 number = numbers[static_cast<size_t>(order[k])];
+        while (end < count && numbers[static_cast<size_t>(order[end])] == number)
+            ++end;
+        if (end - k == 1) { // the usual case: one word, its two entries
+            const QStringView word = words.word(order[k]);
+            QString reverse = markedReverse(word);
+            if (compareIgnoringCase(reverse, word) < 0) {
+                entries.push_back(std::move(reverse));
+                entries.push_back(word.toString());
+            } else {
+                entries.push_back(word.toString());
+                entries.push_back(std::move(reverse));
+            }
+        } else {
+            run.clear();
+            for (size_t i = k; i < end; ++i) {
+                run.push_back(words.word(order[i]).toString());
+                run.push_back(markedReverse(words.word(order[i])));
+            }
+            stableSortIgnoringCase(run);
+            for (QString& entry : run)
+                entries.push_back(std::move(entry));
+        }
+        poll();
+        k = end;
+    }
     m_wordList.appendItems(std::move(entries));
 }

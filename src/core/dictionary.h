@@ -18,6 +18,7 @@
 
 class clsSimpleArray;
 class EventPump;
+struct DictionaryFileContents;
 class Notifier;
 class RandomSource;
 
@@ -58,7 +59,7 @@ public:
     static QString fileNameOf(const QString& path);
 
 private:
-    void fill(const QStringList& words);
+    void fill(const DictionaryFileContents& words);
 
     clsSimpleArray& m_wordList;
     RandomSource& m_random;

@@ -20,7 +20,7 @@ constexpr int kWordLength = 4;
 // characters of a line are stored, so a line of any length costs nothing.
 class LineCollector {
 public:
-    LineCollector(QStringList& words, EventPump* pump)
+    LineCollector(DictionaryFileContents& words, EventPump* pump)
         : m_words(words)
         , m_pump(pump) {}
 
@@ -61,15 +61,17 @@ private:
     }
 
     void endLine() {
-        if (m_length == kWordLength)
-            m_words.append(QString(reinterpret_cast<const QChar*>(m_line.data()), m_units));
+        if (m_length == kWordLength) {
+            m_words.starts.push_back(m_words.text.size());
+            m_words.text.append(reinterpret_cast<const QChar*>(m_line.data()), m_units);
+        }
         m_units = 0;
         m_length = 0;
         if (m_pump)
             m_pump->poll();
     }
 
-    QStringList& m_words;
+    DictionaryFileContents& m_words;
     EventPump* m_pump;
     std::array<char16_t, 2 * kWordLength> m_line{}; // the first four characters of the line
     qsizetype m_units = 0;
@@ -178,7 +180,7 @@ DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump) 
 
     // First as UTF-8; at the first invalid byte start again as Windows-1252.
     {
-        LineCollector lines(result.words, pump);
+        LineCollector lines(result, pump);
         Utf8Decoder decoder;
         bool valid = true;
         if (!readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
@@ -193,9 +195,10 @@ DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump) 
         }
     }
 
-    result.words.clear();
+    result.text.clear();
+    result.starts.clear();
     result.windows1252 = true;
-    LineCollector lines(result.words, pump);
+    LineCollector lines(result, pump);
     if (!readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
             for (qint64 k = 0; k < size; ++k)
                 lines.put(windows1252(static_cast<unsigned char>(bytes[k])));

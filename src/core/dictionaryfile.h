@@ -7,15 +7,29 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
+#include <QStringView>
+
+#include <vector>
 
 class EventPump;
 
 struct DictionaryFileContents {
     bool ok = false;          // false: the file could not be opened or read
     QString error;            // the reason, when !ok
-    QStringList words;        // the accepted lines, in file order (duplicates kept)
     bool windows1252 = false; // the bytes were not valid UTF-8
+
+    // The accepted lines, in file order (duplicates kept), stored one after another in `text`
+    // (one buffer rather than a string each: a large file costs far less memory).
+    QString text;
+    std::vector<qsizetype> starts; // where each accepted line begins in `text`
+
+    qsizetype wordCount() const { return static_cast<qsizetype>(starts.size()); }
+    // Accepted line i, 0 <= i < wordCount().
+    QStringView word(qsizetype i) const {
+        const auto k = static_cast<size_t>(i);
+        const qsizetype end = k + 1 < starts.size() ? starts[k + 1] : text.size();
+        return QStringView(text).sliced(starts[k], end - starts[k]);
+    }
 };
 
 // Reads `path`. `pump` (may be null) is polled while reading so the window stays responsive.

@@ -28,15 +28,27 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
         m_index.removedCount() * kRebuildShare <= m_index.entryCount())
         return true;
     m_statistics.indexBuilt = true;
-    m_wordIds.clear();
     m_wordNumbers.clear();
-    if (!m_index.build(wordList))
+    const bool built = m_index.build(wordList);
+    forgetFailures();
+    if (!built)
         return false;
-    m_marks.assign(static_cast<size_t>(m_index.entryCount()), 0);
+    const auto entries = static_cast<size_t>(m_index.entryCount());
+    m_marks.assign(entries, 0);
     m_exhausted.assign(static_cast<size_t>(m_index.alphabetSize()), 0);
-    m_wordIds.assign(static_cast<size_t>(m_index.entryCount()), -1);
+    m_wordIds.assign(entries, -1);
     m_stamp = 0;
     return true;
+}
+
+void IndexedPuzzleGenerator::forgetFailures() {
+    m_failures.assign(static_cast<size_t>(m_index.entryCount()), Failure{});
+    m_failureGeneration = 0;
+    m_resumeFrom = 0;
+    m_retry.clear();
+    m_filings.clear();
+    m_bySecond.assign(static_cast<size_t>(m_index.alphabetSize()), -1);
+    m_bySingle.assign(static_cast<size_t>(m_index.entryCount()), -1);
 }
 
 void IndexedPuzzleGenerator::startAttempt() {
@@ -50,6 +62,28 @@ void IndexedPuzzleGenerator::startAttempt() {
     }
     m_second = m_third = m_first = -1;
     m_secondUpTo = m_thirdUpTo = -1;
+    m_singleCount = 0;
+    m_exhaustedLetters.clear();
+}
+
+void IndexedPuzzleGenerator::mark(int id) {
+    m_marks[static_cast<size_t>(id)] = m_stamp;
+    m_singles[static_cast<size_t>(m_singleCount++)] = id;
+}
+
+bool IndexedPuzzleGenerator::run(clsSimpleArray& wordList, StarGrid& grid, int root) {
+    ++m_statistics.attempts;
+    if (m_pump)
+        m_pump->poll(); // the marks are clear: the point where the literal search polls
+    const Outcome outcome = m_index.plain(root) ? attempt(wordList, grid, root) : Outcome::Literal;
+    m_lastWasLiteral = outcome == Outcome::Literal;
+    if (!m_lastWasLiteral)
+        return outcome == Outcome::Succeeded;
+    ++m_statistics.literalAttempts;
+    if (m_literal.attempt(wordList, grid, m_index.currentIndex(root)))
+        return true;
+    grid.clearSolution();
+    return false;
 }
 
 GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, StarGrid& grid) {
@@ -60,37 +94,67 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
     if (!ensureIndex(wordList))
         return m_literal.generate(wordList, grid);
 
-    bool lastWasLiteral = false;
-    int index = 0; // the root's position in the list
-    for (int root = 0; root < m_index.entryCount(); ++root) {
+    // Roots in list order: first those whose remembered failure was dropped (all before
+    // m_resumeFrom), then every root from m_resumeFrom on.
+    std::vector<int> retry;
+    retry.swap(m_retry);
+    size_t nextRetry = 0;
+    int nextRoot = m_resumeFrom;
+    int lastRun = kNoEntry;
+    for (;;) {
+        int root;
+        if (nextRetry < retry.size()) {
+            root = retry[nextRetry++];
+        } else if (nextRoot < m_index.entryCount()) {
+            root = nextRoot++;
+        } else {
+            break;
+        }
         if (!m_index.alive(root))
             continue;
-        ++m_statistics.attempts;
-        if (m_pump)
-            m_pump->poll(); // the marks are clear: the point where the literal search polls
-        Outcome outcome = m_index.plain(root) ? attempt(wordList, grid, root) : Outcome::Literal;
-        lastWasLiteral = outcome == Outcome::Literal;
-        if (lastWasLiteral) {
-            ++m_statistics.literalAttempts;
-            outcome =
-                m_literal.attempt(wordList, grid, index) ? Outcome::Succeeded : Outcome::Failed;
+        lastRun = root;
+        if (!run(wordList, grid, root)) {
+            if (m_lastWasLiteral)
+                m_retry.push_back(root); // scanned attempts are not remembered
+            else
+                rememberFailure(root);
+            continue;
         }
-        if (outcome == Outcome::Succeeded) {
-            if (!lastWasLiteral)
-                writeMarks(wordList);
-            const QString rootEntry = wordList.List(index);
-            wordList.RemoveItem(index);
-            m_index.remove(root);
-            m_index.setRevision(wordList.revision());
-            m_marks[static_cast<size_t>(root)] = kRemovedStamp;
-            grid.SelectedWord = -1;
-            return {true, rootEntry, index};
-        }
-        if (lastWasLiteral)
-            grid.clearSolution();
-        ++index;
+
+        // Success: the roots not reached stay as they were.
+        m_retry.insert(m_retry.end(), retry.begin() + static_cast<std::ptrdiff_t>(nextRetry),
+                       retry.end());
+        m_resumeFrom = std::max(m_resumeFrom, root + 1);
+        if (!m_lastWasLiteral)
+            writeMarks(wordList);
+        const int index = m_index.currentIndex(root);
+        const QString rootEntry = wordList.List(index);
+        wordList.RemoveItem(index);
+        forgetFailuresMarking(root);
+        m_index.remove(root);
+        m_index.setRevision(wordList.revision());
+        m_marks[static_cast<size_t>(root)] = kRemovedStamp;
+        std::sort(m_retry.begin(), m_retry.end());
+        m_retry.erase(std::unique(m_retry.begin(), m_retry.end()), m_retry.end());
+        grid.SelectedWord = -1;
+        m_statistics.remembered = index + 1 - m_statistics.attempts;
+        return {true, rootEntry, index};
     }
-    if (!lastWasLiteral)
+
+    // Every root failed. The item data must show the marks of the last root's attempt.
+    m_resumeFrom = m_index.entryCount();
+    m_statistics.remembered = wordList.ListCount() - m_statistics.attempts;
+    int last = m_index.entryCount() - 1;
+    while (last >= 0 && !m_index.alive(last))
+        --last;
+    if (last != lastRun) {
+        run(wordList, grid, last);
+        if (m_lastWasLiteral)
+            m_retry.push_back(last);
+        else
+            rememberFailure(last);
+    }
+    if (!m_lastWasLiteral)
         writeMarks(wordList);
     return {};
 }
@@ -98,11 +162,10 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
 IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleArray& wordList,
                                                                 StarGrid& grid, int root) {
     startAttempt();
-    const WordIndex::Letters rootLetters = m_index.letters(root);
-    const Letter c1 = rootLetters[0];
-    const Letter c2 = rootLetters[1];
-    const Letter c3 = rootLetters[2];
-    const Letter c4 = rootLetters[3];
+    const Letter c1 = m_index.letter(root, 0);
+    const Letter c2 = m_index.letter(root, 1);
+    const Letter c3 = m_index.letter(root, 2);
+    const Letter c4 = m_index.letter(root, 3);
     m_second = c2;
     m_third = c3;
 
@@ -118,10 +181,9 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
         m_secondUpTo = head;
         if (!m_index.plain(head))
             return Outcome::Literal;
-        const Letter c0 = m_index.letters(head)[0];
-        const Letter c8 = m_index.letters(head)[3];
-        const int thirdGroup =
-            m_index.byFirstTwo().findGroup(m_index.byFirstTwo().keyOf({c0, c3, 0, 0}));
+        const Letter c0 = m_index.letter(head, 0);
+        const Letter c8 = m_index.letter(head, 3);
+        const int thirdGroup = m_index.byFirstTwo().findGroup(WordIndex::pack(c0, c3, 0, 0));
         if (thirdGroup >= 0) {
             m_first = c0;
             // When the root's second and third letters agree, this second word is the first
@@ -146,7 +208,7 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
                 if (!m_index.plain(candidate))
                     return Outcome::Literal;
                 m_thirdUpTo = candidate;
-                const Letter c6 = m_index.letters(candidate)[2];
+                const Letter c6 = m_index.letter(candidate, 2);
                 fourth = findByFirstTwoAndLast(c4, c6, c8);
                 if (fourth >= 0) {
                     third = candidate;
@@ -159,6 +221,7 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
             }
         }
         m_exhausted[c0] = m_stamp;
+        m_exhaustedLetters.push_back(c0);
         m_first = -1;
         m_thirdUpTo = -1;
     }
@@ -170,14 +233,12 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
     if (!m_index.plain(fourth))
         return Outcome::Literal;
 
-    const WordIndex::Letters& w2 = m_index.letters(second);
-    const WordIndex::Letters& w3 = m_index.letters(third);
-    const Letter c0 = w2[0];
-    const Letter c5 = w2[2];
-    const Letter c8 = w2[3];
-    const Letter c6 = w3[2];
-    const Letter c9 = w3[3];
-    const Letter c7 = m_index.letters(fourth)[2];
+    const Letter c0 = m_index.letter(second, 0);
+    const Letter c5 = m_index.letter(second, 2);
+    const Letter c8 = m_index.letter(second, 3);
+    const Letter c6 = m_index.letter(third, 2);
+    const Letter c9 = m_index.letter(third, 3);
+    const Letter c7 = m_index.letter(fourth, 2);
 
     // Fifth word (line 1-5-7-9): both directions are always searched, and both mark.
     const int forwards = findByAllFour(c1, c5, c7, c9);
@@ -250,39 +311,38 @@ bool IndexedPuzzleGenerator::marked(int id) const {
         return true;
     if (!m_index.hasLetters(id))
         return false;
-    const WordIndex::Letters& letters = m_index.letters(id);
-    const int bound = rangeBound(letters[0], letters[1]);
+    const int bound = rangeBound(m_index.letter(id, 0), m_index.letter(id, 1));
     return bound == kAllMarked || id <= bound;
 }
 
-int IndexedPuzzleGenerator::firstUnmarked(std::span<const int> ids, int first, int second) const {
+int IndexedPuzzleGenerator::firstUnmarked(std::span<const int> ids, int first, int second,
+                                          int third) const {
     const int bound = rangeBound(first, second);
     if (bound == kAllMarked)
         return kNoEntry;
     auto it = std::upper_bound(ids.begin(), ids.end(), bound);
-    while (it != ids.end() && markedSingly(*it))
-        ++it;
-    return it == ids.end() ? kNoEntry : *it;
+    for (; it != ids.end(); ++it) {
+        if (!markedSingly(*it) && (third < 0 || m_index.letter(*it, 2) == third))
+            return *it;
+    }
+    return kNoEntry;
 }
 
 int IndexedPuzzleGenerator::findByFirstTwoAndLast(int l0, int l1, int l3) const {
     const KeyedEntryLists& lists = m_index.byFirstTwoAndLast();
-    const int g = lists.findGroup(lists.keyOf(
-        {static_cast<Letter>(l0), static_cast<Letter>(l1), 0, static_cast<Letter>(l3)}));
-    return g < 0 ? kNoEntry : firstUnmarked(lists.group(g), l0, l1);
+    const int g = lists.findGroup(WordIndex::pack(l0, l1, 0, l3));
+    return g < 0 ? kNoEntry : firstUnmarked(lists.group(g), l0, l1, -1);
 }
 
 int IndexedPuzzleGenerator::findByAllFour(int l0, int l1, int l2, int l3) const {
-    const KeyedEntryLists& lists = m_index.byAllFour();
-    const int g = lists.findGroup(lists.keyOf({static_cast<Letter>(l0), static_cast<Letter>(l1),
-                                               static_cast<Letter>(l2), static_cast<Letter>(l3)}));
-    return g < 0 ? kNoEntry : firstUnmarked(lists.group(g), l0, l1);
+    const KeyedEntryLists& lists = m_index.byFirstTwoAndLast();
+    const int g = lists.findGroup(WordIndex::pack(l0, l1, 0, l3));
+    return g < 0 ? kNoEntry : firstUnmarked(lists.group(g), l0, l1, l2);
 }
 
 int IndexedPuzzleGenerator::findByFirstAndLast(int l0, int l3) const {
     const KeyedEntryLists& lists = m_index.byFirstAndLast();
-    const int g =
-        lists.findGroup(lists.keyOf({static_cast<Letter>(l0), 0, 0, static_cast<Letter>(l3)}));
+    const int g = lists.findGroup(WordIndex::pack(l0, 0, 0, l3));
     if (g < 0)
         return kNoEntry;
     for (const int id : lists.group(g)) {
@@ -310,10 +370,88 @@ QString IndexedPuzzleGenerator::letterText(Letter letter) const {
     return QString::fromUcs4(&c, 1);
 }
 
-void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) const {
-    int index = 0;
-    for (int id = 0; id < m_index.entryCount(); ++id) {
+void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
+    // Every item 0, then 1 for the ranges and the single marks of the last attempt.
+    const std::span<qint32> data = wordList.allItemData();
+    std::fill(data.begin(), data.end(), 0);
+    auto set = [&](int id) {
         if (m_index.alive(id))
-            wordList.ItemData(index++, marked(id) ? 1 : 0);
+            data[static_cast<size_t>(m_index.currentIndex(id))] = 1;
+    };
+    auto setAll = [&](std::span<const int> ids, int upTo) {
+        for (const int id : ids) {
+            if (id > upTo)
+                break;
+            set(id);
+        }
+    };
+    const KeyedEntryLists& firstTwo = m_index.byFirstTwo();
+    if (m_second >= 0) {
+        for (const int g : m_index.firstTwoGroupsWithSecond(static_cast<Letter>(m_second)))
+            setAll(firstTwo.group(g), m_secondUpTo);
     }
+    for (const int first : m_exhaustedLetters) {
+        const int g = firstTwo.findGroup(WordIndex::pack(first, m_third, 0, 0));
+        if (g >= 0)
+            setAll(firstTwo.group(g), kAll);
+    }
+    if (m_first >= 0) {
+        const int g = firstTwo.findGroup(WordIndex::pack(m_first, m_third, 0, 0));
+        if (g >= 0)
+            setAll(firstTwo.group(g), m_thirdUpTo);
+    }
+    for (int k = 0; k < m_singleCount; ++k)
+        set(m_singles[static_cast<size_t>(k)]);
+}
+
+void IndexedPuzzleGenerator::file(std::vector<int>& heads, size_t at, int root) {
+    const auto generation = m_failures[static_cast<size_t>(root)].generation;
+    m_filings.push_back({root, generation, heads[at]});
+    heads[at] = static_cast<int>(m_filings.size()) - 1;
+}
+
+void IndexedPuzzleGenerator::rememberFailure(int root) {
+    Failure& failure = m_failures[static_cast<size_t>(root)];
+    failure.generation = ++m_failureGeneration;
+    failure.secondUpTo = m_secondUpTo;
+    failure.third = m_first >= 0 ? m_thirdUpTo : kNoEntry;
+    failure.singles.fill(kNoEntry);
+    std::copy_n(m_singles.begin(), m_singleCount, failure.singles.begin());
+    file(m_bySecond, m_index.letter(root, 1), root);
+    if (failure.third >= 0)
+        file(m_bySingle, static_cast<size_t>(failure.third), root);
+    for (int k = 0; k < m_singleCount; ++k)
+        file(m_bySingle, static_cast<size_t>(m_singles[static_cast<size_t>(k)]), root);
+}
+
+bool IndexedPuzzleGenerator::steeredBy(const Failure& failure, int root, int entry) const {
+    if (entry == failure.third)
+        return true;
+    if (std::find(failure.singles.begin(), failure.singles.end(), entry) != failure.singles.end())
+        return true;
+    // A second word taken as the first entry of its first letter: without it the next entry
+    // of that letter would be taken, with other letters for the lines that cross it.
+    if (m_index.letter(entry, 1) != m_index.letter(root, 1) || entry > failure.secondUpTo)
+        return false;
+    const int g = m_index.byFirstTwo().findGroup(m_index.byFirstTwo().keyOf(m_index.packed(entry)));
+    return m_index.firstAlive(g) == entry;
+}
+
+void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
+    if (!m_index.hasLetters(removed))
+        return; // no attempt by index can have found it
+    auto check = [&](int filing) {
+        for (; filing >= 0; filing = m_filings[static_cast<size_t>(filing)].next) {
+            const Filing& f = m_filings[static_cast<size_t>(filing)];
+            Failure& failure = m_failures[static_cast<size_t>(f.root)];
+            if (failure.generation != f.generation || f.root == removed)
+                continue; // stale: forgotten or remembered again since
+            if (steeredBy(failure, f.root, removed)) {
+                failure.generation = 0;
+                m_retry.push_back(f.root);
+            }
+        }
+    };
+    check(m_bySecond[m_index.letter(removed, 1)]);
+    check(m_bySingle[static_cast<size_t>(removed)]);
 }

@@ -12,8 +12,11 @@
 namespace {
 
 constexpr int kLetterBits = 16;
+constexpr quint64 kLetterMask = 0xFFFF;
 constexpr int kMaxAlphabet = std::numeric_limits<quint16>::max(); // one value kept free
-constexpr char16_t kNoLetter = 0xFFFF;
+constexpr quint16 kNoLetter = 0xFFFF;
+// Keys whose letters can take at most this many values are numbered densely.
+constexpr quint64 kDenseKeys = 1 << 15;
 
 bool isWildcardCharacter(char32_t c) {
     return c == U'?' || c == U'*' || c == U'#' || c == U'[';
@@ -23,95 +26,166 @@ bool isSurrogate(char32_t c) {
     return c >= 0xD800 && c <= 0xDFFF;
 }
 
-// Numbers the characters of the letters densely: a table for the common plane, a hash beyond.
-class Alphabet {
-public:
-    Alphabet()
-        : m_table(0x10000, kNoLetter) {}
-
-    // The number of `c`, or -1 when the alphabet is full.
-    int letterOf(char32_t c, std::vector<char32_t>& codePoints) {
-        if (c < 0x10000) {
-            char16_t& slot = m_table[c];
-            if (slot == kNoLetter) {
-                if (codePoints.size() >= kMaxAlphabet)
-                    return -1;
-                slot = static_cast<char16_t>(codePoints.size());
-                codePoints.push_back(c);
-            }
-            return slot;
-        }
-        const auto it = m_other.constFind(c);
-        if (it != m_other.constEnd())
-            return it.value();
-        if (codePoints.size() >= kMaxAlphabet)
-            return -1;
-        const int letter = static_cast<int>(codePoints.size());
-        m_other.insert(c, letter);
-        codePoints.push_back(c);
-        return letter;
-    }
-
-private:
-    std::vector<char16_t> m_table;
-    QHash<char32_t, int> m_other;
-};
-
 } // namespace
 
-void KeyedEntryLists::build(const std::vector<Letters>& letters, const std::vector<int>& ids,
-                            std::vector<int> positions, int alphabetSize) {
-    m_positions = std::move(positions);
-    // Stable counting sorts from the last key position to the first: ids stay ascending within
-    // a group because they start ascending.
-    std::vector<int> order = ids;
-    std::vector<int> sorted(order.size());
-    std::vector<int> start(static_cast<size_t>(alphabetSize) + 1);
-    for (auto p = m_positions.rbegin(); p != m_positions.rend(); ++p) {
-        std::fill(start.begin(), start.end(), 0);
-        for (const int id : order)
-            ++start[letters[static_cast<size_t>(id)][*p] + 1u];
-        for (size_t k = 1; k < start.size(); ++k)
-            start[k] += start[k - 1];
-        for (const int id : order)
-            sorted[static_cast<size_t>(start[letters[static_cast<size_t>(id)][*p]]++)] = id;
-        order.swap(sorted);
+void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vector<int>& ids,
+                            quint64 mask, int alphabetSize) {
+    m_mask = mask;
+    m_alphabetSize = static_cast<quint64>(std::max(alphabetSize, 1));
+    m_letterCount = 0;
+    quint64 space = 1;
+    for (int shift = 48; shift >= 0; shift -= kLetterBits) {
+        if (((mask >> shift) & kLetterMask) == 0)
+            continue;
+        m_shifts[static_cast<size_t>(m_letterCount++)] = shift;
+        space = std::min(space * m_alphabetSize, kDenseKeys + 1);
     }
+    m_dense = space <= kDenseKeys;
     m_keys.clear();
     m_offsets.clear();
-    for (size_t k = 0; k < order.size(); ++k) {
-        const quint64 key = keyOf(letters[static_cast<size_t>(order[k])]);
+    if (!m_dense) {
+        buildSparse(packed, ids);
+        return;
+    }
+    const quint64 base = m_alphabetSize;
+    auto at = [](quint64 p, int shift) { return (p >> shift) & kLetterMask; };
+    switch (mask) {
+    case WordIndex::kFirstTwo:
+        buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 32); });
+        break;
+    case WordIndex::kFirstTwoAndLast:
+        buildDense(packed, ids, [=](quint64 p) {
+            return (at(p, 48) * base + at(p, 32)) * base + at(p, 0);
+        });
+        break;
+    case WordIndex::kFirstAndLast:
+        buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 0); });
+        break;
+    default:
+        buildDense(packed, ids, [this](quint64 p) { return digitOf(p); });
+    }
+}
+
+template <typename Digit>
+void KeyedEntryLists::buildDense(const std::vector<quint64>& packed, const std::vector<int>& ids,
+                                 Digit digitOfPacked) {
+    // One stable counting sort by the whole key: ids stay ascending within a group.
+    quint64 space = 1;
+    for (int k = 0; k < m_letterCount; ++k)
+        space *= m_alphabetSize;
+    m_count.assign(space + 1, 0);
+    m_scratch.resize(ids.size()); // the digit of each id, in the order of `ids`
+    for (size_t k = 0; k < ids.size(); ++k) {
+        const auto digit = static_cast<int>(digitOfPacked(packed[static_cast<size_t>(ids[k])]));
+        m_scratch[k] = digit;
+        ++m_count[static_cast<size_t>(digit) + 1];
+    }
+    m_groupOfDigit.assign(space, -1);
+    for (quint64 d = 0; d < space; ++d) {
+        if (m_count[d + 1] > 0) {
+            m_groupOfDigit[d] = static_cast<int>(m_keys.size());
+            m_offsets.push_back(m_count[d]); // where the group starts (the sum so far)
+            m_keys.push_back(0);
+        }
+        m_count[d + 1] += m_count[d];
+    }
+    m_offsets.push_back(static_cast<int>(ids.size()));
+    m_ids.resize(ids.size());
+    for (size_t k = 0; k < ids.size(); ++k)
+        m_ids[static_cast<size_t>(m_count[static_cast<size_t>(m_scratch[k])]++)] = ids[k];
+    for (size_t g = 0; g < m_keys.size(); ++g)
+        m_keys[g] = keyOf(packed[static_cast<size_t>(m_ids[static_cast<size_t>(m_offsets[g])])]);
+}
+
+void KeyedEntryLists::buildSparse(const std::vector<quint64>& packed, const std::vector<int>& ids) {
+    // Stable counting sorts by each letter of the key, the last one first: ids stay ascending
+    // within a group because they start ascending.
+    m_ids.assign(ids.begin(), ids.end());
+    m_scratch.resize(ids.size());
+    for (int k = m_letterCount - 1; k >= 0; --k) {
+        const int shift = m_shifts[static_cast<size_t>(k)];
+        m_count.assign(static_cast<size_t>(m_alphabetSize) + 1, 0);
+        for (const int id : m_ids)
+            ++m_count[((packed[static_cast<size_t>(id)] >> shift) & kLetterMask) + 1];
+        for (size_t n = 1; n < m_count.size(); ++n)
+            m_count[n] += m_count[n - 1];
+        for (const int id : m_ids) {
+            const auto letter = (packed[static_cast<size_t>(id)] >> shift) & kLetterMask;
+            m_scratch[static_cast<size_t>(m_count[letter]++)] = id;
+        }
+        m_ids.swap(m_scratch);
+    }
+    for (size_t k = 0; k < m_ids.size(); ++k) {
+        const Key key = keyOf(packed[static_cast<size_t>(m_ids[k])]);
         if (m_keys.empty() || m_keys.back() != key) {
             m_keys.push_back(key);
             m_offsets.push_back(static_cast<int>(k));
         }
     }
-    m_offsets.push_back(static_cast<int>(order.size()));
-    m_ids = std::move(order);
+    m_offsets.push_back(static_cast<int>(m_ids.size()));
+
+    m_tableBits = 4;
+    while ((size_t{1} << m_tableBits) < 2 * m_keys.size())
+        ++m_tableBits;
+    m_table.assign(size_t{1} << m_tableBits, -1);
+    for (size_t g = 0; g < m_keys.size(); ++g)
+        m_table[slotOf(m_keys[g])] = static_cast<int>(g);
 }
 
-quint64 KeyedEntryLists::keyOf(const Letters& letters) const {
-    quint64 key = 0;
-    for (const int p : m_positions)
-        key = (key << kLetterBits) | letters[static_cast<size_t>(p)];
-    return key;
+size_t KeyedEntryLists::slotOf(Key key) const {
+    const size_t last = m_table.size() - 1;
+    size_t slot = static_cast<size_t>((key * 0x9E3779B97F4A7C15ULL) >> (64 - m_tableBits));
+    while (m_table[slot] >= 0 && m_keys[static_cast<size_t>(m_table[slot])] != key)
+        slot = (slot + 1) & last;
+    return slot;
 }
 
-int KeyedEntryLists::findGroup(quint64 key) const {
-    const auto it = std::lower_bound(m_keys.begin(), m_keys.end(), key);
-    if (it == m_keys.end() || *it != key)
+int KeyedEntryLists::findGroup(Key key) const {
+    if (m_dense) {
+        const quint64 digit = digitOf(key);
+        return digit < m_groupOfDigit.size() ? m_groupOfDigit[digit] : -1;
+    }
+    if (m_table.empty())
         return -1;
-    return static_cast<int>(it - m_keys.begin());
+    return m_table[slotOf(key)];
 }
 
-std::span<const int> KeyedEntryLists::group(int g) const {
-    const auto begin = static_cast<size_t>(m_offsets[static_cast<size_t>(g)]);
-    const auto end = static_cast<size_t>(m_offsets[static_cast<size_t>(g) + 1]);
-    return std::span<const int>(m_ids).subspan(begin, end - begin);
+void WordIndex::Alphabet::clear(std::vector<char32_t>& codePoints) {
+    m_table.assign(kTableSize, kNoLetter);
+    m_other.clear();
+    codePoints.clear();
+}
+
+int WordIndex::Alphabet::addLetter(char32_t c, std::vector<char32_t>& codePoints) {
+    if (c < kTableSize) {
+        quint16& slot = m_table[c];
+        if (slot == kNoLetter) {
+            if (codePoints.size() >= kMaxAlphabet)
+                return -1;
+            slot = static_cast<quint16>(codePoints.size());
+            codePoints.push_back(c);
+        }
+        return slot;
+    }
+    const auto it = m_other.constFind(c);
+    if (it != m_other.constEnd())
+        return it.value();
+    if (codePoints.size() >= kMaxAlphabet)
+        return -1;
+    const int letter = static_cast<int>(codePoints.size());
+    m_other.insert(c, letter);
+    codePoints.push_back(c);
+    return letter;
 }
 
 void WordIndex::clear() {
-    *this = WordIndex();
+    m_built = false;
+    m_revision = 0;
+    m_packed.clear();
+    m_kind.clear();
+    m_alive.clear();
+    m_removed.clear();
+    m_indexed.clear();
 }
 
 bool WordIndex::isBuiltFor(const clsSimpleArray& list) const {
@@ -120,39 +194,56 @@ bool WordIndex::isBuiltFor(const clsSimpleArray& list) const {
 
 bool WordIndex::build(const clsSimpleArray& list) {
     clear();
+    m_alphabet.clear(m_codePoints);
     const int count = list.ListCount();
-    m_letters.resize(static_cast<size_t>(count));
+    m_packed.assign(static_cast<size_t>(count), 0);
     m_kind.assign(static_cast<size_t>(count), Kind::Short);
     m_alive.assign(static_cast<size_t>(count), 1);
-    std::vector<int> indexed;
-    indexed.reserve(static_cast<size_t>(count));
-    Alphabet alphabet;
+    m_specialLetter.clear();
     for (int id = 0; id < count; ++id) {
-        const QString entry = list.List(id);
-        Letters& letters = m_letters[static_cast<size_t>(id)];
+        const QStringView entry = list.itemView(id);
+        // The usual entry: four known characters of the common range, none a surrogate.
+        if (entry.size() >= 4) {
+            const quint16 a = m_alphabet.known(entry[0].unicode());
+            const quint16 b = m_alphabet.known(entry[1].unicode());
+            const quint16 c = m_alphabet.known(entry[2].unicode());
+            const quint16 d = m_alphabet.known(entry[3].unicode());
+            if (a != Alphabet::kNone && b != Alphabet::kNone && c != Alphabet::kNone &&
+                d != Alphabet::kNone) {
+                m_packed[static_cast<size_t>(id)] = pack(a, b, c, d);
+                const bool special = m_specialLetter[a] | m_specialLetter[b] | m_specialLetter[c] |
+                                     m_specialLetter[d];
+                m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
+                m_indexed.push_back(id);
+                continue;
+            }
+        }
+        quint64 packed = 0;
         bool special = false;
         qsizetype i = 0;
         int taken = 0;
         for (; taken < 4 && i < entry.size(); ++taken) {
             const char32_t c = nextCodePoint(entry, i);
-            const int letter = alphabet.letterOf(c, m_codePoints);
+            const int letter = m_alphabet.letterOf(c, m_codePoints);
             if (letter < 0) {
                 clear();
                 return false;
             }
-            letters[static_cast<size_t>(taken)] = static_cast<Letter>(letter);
-            special = special || isWildcardCharacter(c) || isSurrogate(c);
+            packed = (packed << kLetterBits) | static_cast<quint64>(letter);
+            if (static_cast<size_t>(letter) >= m_specialLetter.size())
+                m_specialLetter.push_back(isWildcardCharacter(c) || isSurrogate(c) ? 1 : 0);
+            special = special || m_specialLetter[static_cast<size_t>(letter)] != 0;
         }
         if (taken < 4)
             continue;
+        m_packed[static_cast<size_t>(id)] = packed;
         m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
-        indexed.push_back(id);
+        m_indexed.push_back(id);
     }
     const int size = alphabetSize();
-    m_k01.build(m_letters, indexed, {0, 1}, size);
-    m_k013.build(m_letters, indexed, {0, 1, 3}, size);
-    m_k0123.build(m_letters, indexed, {0, 1, 2, 3}, size);
-    m_k03.build(m_letters, indexed, {0, 3}, size);
+    m_k01.build(m_packed, m_indexed, kFirstTwo, size);
+    m_k013.build(m_packed, m_indexed, kFirstTwoAndLast, size);
+    m_k03.build(m_packed, m_indexed, kFirstAndLast, size);
     buildHeads();
     m_revision = list.revision();
     m_built = true;
@@ -161,23 +252,25 @@ bool WordIndex::build(const clsSimpleArray& list) {
 
 void WordIndex::buildHeads() {
     const int groups = m_k01.groupCount();
-    m_groupOf01.assign(m_letters.size(), -1);
+    m_groupOf01.assign(m_packed.size(), -1);
     m_head01.assign(static_cast<size_t>(groups), -1);
     m_headOffsets.assign(static_cast<size_t>(groups) + 1, 0);
     m_headCount.assign(static_cast<size_t>(groups), 0);
     m_heads.clear();
-    m_nextSameThree.assign(m_letters.size(), -1);
+    m_nextSameThree.assign(m_packed.size(), -1);
 
     // Third-letter heads and the chains of entries sharing the first three letters.
-    std::vector<int> lastOfThird(static_cast<size_t>(alphabetSize()), -1);
-    std::vector<int> seenIn(static_cast<size_t>(alphabetSize()), -1);
+    std::vector<int>& lastOfThird = m_last;
+    std::vector<int>& seenIn = m_seen;
+    lastOfThird.assign(static_cast<size_t>(alphabetSize()), -1);
+    seenIn.assign(static_cast<size_t>(alphabetSize()), -1);
     for (int g = 0; g < groups; ++g) {
         const std::span<const int> ids = m_k01.group(g);
         m_head01[static_cast<size_t>(g)] = ids.front();
         m_headOffsets[static_cast<size_t>(g)] = static_cast<int>(m_heads.size());
         for (const int id : ids) {
             m_groupOf01[static_cast<size_t>(id)] = g;
-            const Letter third = m_letters[static_cast<size_t>(id)][2];
+            const Letter third = letter(id, 2);
             if (seenIn[third] != g) {
                 seenIn[third] = g;
                 m_heads.push_back(id);
@@ -193,14 +286,16 @@ void WordIndex::buildHeads() {
 
     // Groups bucketed by their second letter, each bucket ordered by first entry.
     m_secondOffsets.assign(static_cast<size_t>(alphabetSize()) + 1, 0);
+    auto secondOf = [this](int g) { return (m_k01.groupKey(g) >> 32) & kLetterMask; };
     for (int g = 0; g < groups; ++g)
-        ++m_secondOffsets[(m_k01.groupKey(g) & 0xFFFF) + 1];
+        ++m_secondOffsets[secondOf(g) + 1];
     for (size_t k = 1; k < m_secondOffsets.size(); ++k)
         m_secondOffsets[k] += m_secondOffsets[k - 1];
     m_groupsBySecond.assign(static_cast<size_t>(groups), 0);
-    std::vector<int> fill(m_secondOffsets.begin(), m_secondOffsets.end() - 1);
+    std::vector<int>& fill = m_seen;
+    fill.assign(m_secondOffsets.begin(), m_secondOffsets.end() - 1);
     for (int g = 0; g < groups; ++g)
-        m_groupsBySecond[static_cast<size_t>(fill[m_k01.groupKey(g) & 0xFFFF]++)] = g;
+        m_groupsBySecond[static_cast<size_t>(fill[secondOf(g)]++)] = g;
     for (int second = 0; second < alphabetSize(); ++second)
         sortGroupsBySecond(static_cast<Letter>(second));
 }
@@ -271,6 +366,6 @@ void WordIndex::remove(int id) {
         while (it != ids.end() && !alive(*it))
             ++it;
         m_head01[static_cast<size_t>(g)] = it == ids.end() ? -1 : *it;
-        sortGroupsBySecond(m_letters[static_cast<size_t>(id)][1]);
+        sortGroupsBySecond(letter(id, 1));
     }
 }

@@ -7,13 +7,15 @@
 // every other id, and ids keep list order, so "before in the list" is "smaller id"; the
 // current position of an id is its id minus the removed ids below it.
 //
-// Letters are numbered densely (Letter) in order of first appearance. An entry of fewer than
-// four characters has no letters and is in no keyed list (no search with four fixed-length
-// positions can find it). An entry is "plain" when it has four letters and none of them is a
-// wildcard character ("?", "*", "#", "[") or a lone surrogate: only then does a search pattern
-// built from its letters compare characters one by one.
+// Letters are numbered densely (Letter) in order of first appearance and packed into one
+// 64-bit value per entry, letter 0 in the top 16 bits. An entry of fewer than four characters
+// has no letters and is in no keyed list (no search with four fixed-length positions can find
+// it). An entry is "plain" when it has four letters and none of them is a wildcard character
+// ("?", "*", "#", "[") or a lone surrogate: only then does a search pattern built from its
+// letters compare characters one by one.
 #pragma once
 
+#include <QHash>
 #include <QtGlobal>
 
 #include <array>
@@ -22,43 +24,74 @@
 
 class clsSimpleArray;
 
-// Entries grouped by the letters at a fixed set of positions; each group lists its entry ids in
-// ascending order (list order). Groups are ordered by their key.
+// Entries grouped by the letters at some positions (a mask over the packed letters); each
+// group lists its entry ids ascending (list order). Looking a group up costs O(1).
 class KeyedEntryLists {
 public:
-    using Letter = quint16;
-    using Letters = std::array<Letter, 4>;
+    using Key = quint64;
 
-    // `positions`: the positions (0..3, ascending, 1 to 4 of them) the key is made of.
-    // `ids`: the entries to file, ascending; `letters[id]` their letters; every letter is below
-    // `alphabetSize`.
-    void build(const std::vector<Letters>& letters, const std::vector<int>& ids,
-               std::vector<int> positions, int alphabetSize);
+    // Files `ids` (ascending) by `packed[id] & mask`; every letter is below `alphabetSize`.
+    // Storage is kept from one build to the next.
+    void build(const std::vector<quint64>& packed, const std::vector<int>& ids, quint64 mask,
+               int alphabetSize);
 
-    // The key of the letters at this list's positions.
-    quint64 keyOf(const Letters& letters) const;
+    Key keyOf(quint64 packed) const { return packed & m_mask; }
     // The group with this key, or -1.
-    int findGroup(quint64 key) const;
+    int findGroup(Key key) const;
     int groupCount() const { return static_cast<int>(m_keys.size()); }
-    std::span<const int> group(int g) const;
-    // The letters of group g at this list's positions, in the order of the positions.
-    quint64 groupKey(int g) const { return m_keys[static_cast<size_t>(g)]; }
+    Key groupKey(int g) const { return m_keys[static_cast<size_t>(g)]; }
+    std::span<const int> group(int g) const {
+        const auto begin = static_cast<size_t>(m_offsets[static_cast<size_t>(g)]);
+        const auto end = static_cast<size_t>(m_offsets[static_cast<size_t>(g) + 1]);
+        return std::span<const int>(m_ids).subspan(begin, end - begin);
+    }
 
 private:
-    std::vector<int> m_positions;
-    std::vector<quint64> m_keys;
+    size_t slotOf(Key key) const;
+    // The dense number of a key (letters as digits in base alphabetSize), when keys are dense.
+    quint64 digitOf(Key key) const {
+        quint64 digit = 0;
+        for (int k = 0; k < m_letterCount; ++k)
+            digit = digit * m_alphabetSize + ((key >> m_shifts[static_cast<size_t>(k)]) & 0xFFFF);
+        return digit;
+    }
+    // Digits computed by `digit(packed)`: a fixed mask compiles to a few multiplications.
+    template <typename Digit>
+    void buildDense(const std::vector<quint64>& packed, const std::vector<int>& ids, Digit digit);
+    void buildSparse(const std::vector<quint64>& packed, const std::vector<int>& ids);
+
+    quint64 m_mask = 0;
+    quint64 m_alphabetSize = 0;
+    std::array<int, 4> m_shifts{}; // the key's letters in the packed value, first letter first
+    int m_letterCount = 0;
+    bool m_dense = false;            // keys are numbered densely: m_groupOfDigit finds them
+    std::vector<int> m_groupOfDigit; // dense key number -> group, or -1
+    std::vector<Key> m_keys;
     std::vector<int> m_offsets; // group g is m_ids[m_offsets[g] .. m_offsets[g + 1])
     std::vector<int> m_ids;
+    std::vector<int> m_table; // open addressing: group numbers, -1 for an empty slot
+    int m_tableBits = 0;
+    std::vector<int> m_scratch;
+    std::vector<int> m_count;
 };
 
 class WordIndex {
 public:
-    using Letter = KeyedEntryLists::Letter;
-    using Letters = KeyedEntryLists::Letters;
+    using Letter = quint16;
+    using Letters = std::array<Letter, 4>;
+
+    static constexpr quint64 kFirstTwo = 0xFFFF'FFFF'0000'0000ULL;
+    static constexpr quint64 kFirstTwoAndLast = 0xFFFF'FFFF'0000'FFFFULL;
+    static constexpr quint64 kFirstAndLast = 0xFFFF'0000'0000'FFFFULL;
+
+    static quint64 pack(quint64 l0, quint64 l1, quint64 l2, quint64 l3) {
+        return (l0 << 48) | (l1 << 32) | (l2 << 16) | l3;
+    }
 
     // Indexes the entries of `list` as they are now. Returns false, leaving no index, when the
     // letters use more distinct characters than a Letter can number (65535).
     bool build(const clsSimpleArray& list);
+    // Forgets the index (keeping storage for the next build).
     void clear();
 
     // True when the index describes `list` as it is now (same revision).
@@ -67,14 +100,18 @@ public:
     void setRevision(quint64 revision) { m_revision = revision; }
 
     // Ids run from 0 to entryCount() - 1, removed ones included.
-    int entryCount() const { return static_cast<int>(m_letters.size()); }
+    int entryCount() const { return static_cast<int>(m_packed.size()); }
     int removedCount() const { return static_cast<int>(m_removed.size()); }
     int alphabetSize() const { return static_cast<int>(m_codePoints.size()); }
     bool alive(int id) const { return m_alive[static_cast<size_t>(id)] != 0; }
     bool hasLetters(int id) const { return m_kind[static_cast<size_t>(id)] != Kind::Short; }
     bool plain(int id) const { return m_kind[static_cast<size_t>(id)] == Kind::Plain; }
-    // Precondition: hasLetters(id).
-    const Letters& letters(int id) const { return m_letters[static_cast<size_t>(id)]; }
+    // The packed letters of an entry. Precondition: hasLetters(id).
+    quint64 packed(int id) const { return m_packed[static_cast<size_t>(id)]; }
+    // Letter `position` (0..3) of an entry. Precondition: hasLetters(id).
+    Letter letter(int id, int position) const {
+        return static_cast<Letter>(m_packed[static_cast<size_t>(id)] >> (48 - 16 * position));
+    }
     char32_t codePoint(Letter letter) const { return m_codePoints[letter]; }
     // The position of a live entry in the list now.
     int currentIndex(int id) const;
@@ -82,10 +119,9 @@ public:
     // Mirrors the removal of the live entry `id` from the list.
     void remove(int id);
 
-    // Entries by letters 0 and 1; by 0, 1 and 3; by all four; by 0 and 3.
+    // Entries by letters 0 and 1; by 0, 1 and 3; by 0 and 3.
     const KeyedEntryLists& byFirstTwo() const { return m_k01; }
     const KeyedEntryLists& byFirstTwoAndLast() const { return m_k013; }
-    const KeyedEntryLists& byAllFour() const { return m_k0123; }
     const KeyedEntryLists& byFirstAndLast() const { return m_k03; }
 
     // The groups of byFirstTwo() whose second letter is `second`, ordered by their first live
@@ -101,19 +137,43 @@ public:
 private:
     enum class Kind : quint8 { Short, Plain, Special };
 
+    // Numbers characters densely: a table for the most common characters, a hash beyond.
+    class Alphabet {
+    public:
+        void clear(std::vector<char32_t>& codePoints);
+        // The number of `c`, or -1 when the alphabet is full.
+        int letterOf(char32_t c, std::vector<char32_t>& codePoints) {
+            if (c < kTableSize && m_table[c] != kNone)
+                return m_table[c];
+            return addLetter(c, codePoints);
+        }
+        // The number of a character below kTableSize already numbered, else kNone.
+        quint16 known(char16_t c) const { return c < kTableSize ? m_table[c] : kNone; }
+
+        static constexpr char32_t kTableSize = 0x800;
+        static constexpr quint16 kNone = 0xFFFF;
+
+    private:
+        int addLetter(char32_t c, std::vector<char32_t>& codePoints);
+        std::vector<quint16> m_table;
+        QHash<char32_t, int> m_other;
+    };
+
     void sortGroupsBySecond(Letter second);
     void buildHeads();
 
     quint64 m_revision = 0;
     bool m_built = false;
-    std::vector<Letters> m_letters;
+    Alphabet m_alphabet;
+    std::vector<quint64> m_packed;
     std::vector<Kind> m_kind;
     std::vector<quint8> m_alive;
     std::vector<char32_t> m_codePoints;
-    std::vector<int> m_removed; // ascending
+    std::vector<quint8> m_specialLetter; // letter -> a wildcard character or lone surrogate
+    std::vector<int> m_removed;          // ascending
+    std::vector<int> m_indexed;          // ids with letters, ascending
     KeyedEntryLists m_k01;
     KeyedEntryLists m_k013;
-    KeyedEntryLists m_k0123;
     KeyedEntryLists m_k03;
     std::vector<int> m_groupOf01;      // id -> its byFirstTwo() group (-1 for short entries)
     std::vector<int> m_head01;         // byFirstTwo() group -> first live entry or -1
@@ -123,4 +183,6 @@ private:
     std::vector<int> m_headCount;      // byFirstTwo() group -> live heads in its range
     std::vector<int> m_heads;          // third-letter heads per byFirstTwo() group
     std::vector<int> m_nextSameThree;  // id -> next id with the same first three letters
+    std::vector<int> m_seen;           // scratch: per letter, the last group or entry seen
+    std::vector<int> m_last;
 };
