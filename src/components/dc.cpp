@@ -1,8 +1,8 @@
 // Painting the countdown clock; see dc.h.
 #include "components/dc.h"
 
-#include "ui/olecolor.h"
 #include "components/sevensegment.h"
+#include "ui/olecolor.h"
 
 #include <QPainter>
 

@@ -54,9 +54,8 @@ void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vecto
         buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 32); });
         break;
     case WordIndex::kFirstTwoAndLast:
-        buildDense(packed, ids, [=](quint64 p) {
-            return (at(p, 48) * base + at(p, 32)) * base + at(p, 0);
-        });
+        buildDense(packed, ids,
+                   [=](quint64 p) { return (at(p, 48) * base + at(p, 32)) * base + at(p, 0); });
         break;
     case WordIndex::kFirstAndLast:
         buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 0); });

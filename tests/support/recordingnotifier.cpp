@@ -1,19 +1,16 @@
 // Recording notifier: see recordingnotifier.h.
 #include "support/recordingnotifier.h"
 
-int RecordingNotifier::MsgboxA(const QString& s, const QString& typ)
-{
+int RecordingNotifier::MsgboxA(const QString& s, const QString& typ) {
     m_messages.append({s, typ, QString(), false});
     return nextAnswer();
 }
 
-int RecordingNotifier::standardBox(const QString& text, const QString& typ, const QString& title)
-{
+int RecordingNotifier::standardBox(const QString& text, const QString& typ, const QString& title) {
     m_messages.append({text, typ, title, true});
     return nextAnswer();
 }
 
-int RecordingNotifier::nextAnswer()
-{
+int RecordingNotifier::nextAnswer() {
     return m_answers.isEmpty() ? AnswerOk : m_answers.takeFirst();
 }
