@@ -22,6 +22,18 @@ int darken(int v) {
     return v < 1 ? 8 : v;
 }
 
+// The StoredColours lines under the header `schemeFile` in the collection at `path`; nothing
+// when the collection cannot be read, has no such header or ends before the last of them.
+std::optional<QStringList> storedLines(const QString& path, const QString& schemeFile) {
+    const std::optional<QStringList> lines = SchemeFile::readLines(path);
+    if (!lines)
+        return std::nullopt;
+    const qsizetype header = lines->indexOf(schemeFile);
+    if (header < 0 || header + ColourScheme::StoredColours >= lines->size())
+        return std::nullopt;
+    return lines->mid(header + 1, ColourScheme::StoredColours);
+}
+
 } // namespace
 
 ColourScheme::ColourScheme(Settings& settings)
@@ -43,25 +55,20 @@ bool ColourScheme::LoadColourScheme(const QString& schemeFile) {
         return false;
     };
 
-    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    const std::optional<QStringList> lines =
+        storedLines(m_settings.SchemeCollectionPath, schemeFile);
     if (!lines)
-        return fail();
-    const qsizetype header = lines->indexOf(schemeFile);
-    if (header < 0)
         return fail();
 
     // Components as read (0..32767); they carry over from colour 2 to 3 and from 4 to 5.
     ColourComponents c;
     for (int k = 0; k < StoredColours; ++k) {
-        const qsizetype at = header + 1 + k;
-        if (at >= lines->size())
-            return fail();
         if (k == 3) {
             c = {lighten(c.red), lighten(c.green), lighten(c.blue)};
         } else if (k == 5) {
             c = {darken(c.red), darken(c.green), darken(c.blue)};
         } else {
-            const std::optional<ColourComponents> read = readColourLine(lines->at(at));
+            const std::optional<ColourComponents> read = readColourLine(lines->at(k));
             if (!read)
                 return fail();
             c = *read;
@@ -90,17 +97,12 @@ bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour)
         return false;
     };
 
-    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    const std::optional<QStringList> lines =
+        storedLines(m_settings.SchemeCollectionPath, schemeFile);
     if (!lines)
         return fail();
-    const qsizetype header = lines->indexOf(schemeFile);
-    if (header < 0)
-        return fail();
     for (int k = 0; k < StoredColours; ++k) {
-        const qsizetype at = header + 1 + k;
-        if (at >= lines->size())
-            return fail();
-        const std::optional<ColourComponents> read = readColourLine(lines->at(at));
+        const std::optional<ColourComponents> read = readColourLine(lines->at(k));
         if (!read)
             return fail();
         SchemeColours[k] = packComponents(*read);
