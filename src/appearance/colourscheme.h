@@ -72,7 +72,8 @@ public:
     // The editor's rewrites, each for the header SchemeFileName(name) and the current colours
     // 0..12. Append adds a section at the end (creating the file when missing); Replace puts
     // the colours in place of every section with that header; Delete drops every such
-    // section. Replace and Delete rewrite nothing when no section matches (and succeed).
+    // section. When no section matches, Replace and Delete change no section but still
+    // rewrite the collection (as UTF-8 with CR LF line ends) and succeed.
     // Replace and Delete write the whole new collection to "newall.cox" in the program folder
     // first (it stays there) and only then replace "all.col". Every failure (the collection
     // unreadable or unwritable, a matching section cut short, a colour that cannot be split)
