@@ -7,33 +7,22 @@ namespace {
 
 using namespace BoxGeometry;
 
-TEST(BoxGeometry, DarkEdgesOfAnAnswerButtonSitAt865And325) {
+TEST(BoxGeometry, EdgesOfAnAnswerButton) {
     const auto dark = darkEdges(885, 345);
     EXPECT_EQ(dark[0], QLineF(865, 20, 865, 325)); // right edge
     EXPECT_EQ(dark[1], QLineF(20, 325, 865, 325)); // bottom edge, from 20 to 865
-    // On pixels: column 57 of 59 and row 21 of 23, one pixel inside the face.
-    EXPECT_EQ(toPixel(865), 57);
-    EXPECT_EQ(toPixel(325), 21);
-    EXPECT_EQ(toPixel(20), 1);
+    const auto light = lightEdges(885, 345);
+    EXPECT_EQ(light[0], QLineF(0, 0, 0, 345));
+    EXPECT_EQ(light[1], QLineF(0, 0, 885, 0));
 }
 
-TEST(BoxGeometry, LightEdgesRunAlongTheTopAndLeft) {
-    const auto light = lightEdges(330, 330);
-    EXPECT_EQ(light[0], QLineF(0, 0, 0, 330));
-    EXPECT_EQ(light[1], QLineF(0, 0, 330, 0));
-}
-
-TEST(BoxGeometry, ASixteenPixelPictureOnA330ButtonHasItsCornerAt35_25) {
+TEST(BoxGeometry, PictureCornerAndNaturalSizes) {
     const QSize natural = himetricSize(QSize(16, 16));
     EXPECT_EQ(natural, QSize(423, 423));
     const QPointF corner = pictureCorner(330, 330, natural.width(), natural.height());
-    EXPECT_DOUBLE_EQ(corner.x(), 35.25); // (330 - 211.5) / 2 - 24
-    EXPECT_DOUBLE_EQ(corner.y(), 35.25);
-    EXPECT_EQ(toPixel(corner.x()), 2);
-}
-
-TEST(BoxGeometry, NaturalSizesRoundToWholeHundredthsOfAMillimetre) {
-    EXPECT_EQ(himetricSize(QSize(32, 1)), QSize(847, 26)); // 846.67 and 26.46
+    EXPECT_EQ(corner, QPointF(35.25, 35.25)); // (330 - 211.5) / 2 - 24
+    // Natural sizes round to whole hundredths of a millimetre: 846.67 and 26.46.
+    EXPECT_EQ(himetricSize(QSize(32, 1)), QSize(847, 26));
     EXPECT_EQ(himetricSize(QSize(96, 0)), QSize(2540, 0));
 }
 
@@ -48,6 +37,7 @@ TEST(BoxGeometry, WholePixelsAreCutNotRounded) {
         EXPECT_EQ(toPixel(15.0 * n), n) << n;
     EXPECT_EQ(toPixel(14.99), 0);
     EXPECT_EQ(toPixel(29.9), 1);
+    EXPECT_EQ(toPixel(865), 57);
     EXPECT_EQ(toPixel(-0.5), -1);
 }
 

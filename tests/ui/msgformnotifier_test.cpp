@@ -21,55 +21,49 @@ QAbstractButton* buttonCalled(QMessageBox& box, const QString& caption) {
     return nullptr;
 }
 
-class MsgFormNotifierTest : public ::testing::Test {
-protected:
-    MsgForm m_form;
-    MsgFormNotifier m_notifier{m_form};
-};
-
-TEST_F(MsgFormNotifierTest, MsgboxAAsksThroughTheMessageWindow) {
-    m_form.setShowHook([](MsgForm& form) {
-        EXPECT_EQ(form.button(1)->Caption(), QStringLiteral("No"));
-        QTest::mouseClick(form.button(1), Qt::LeftButton);
+TEST(MsgFormNotifier, MsgboxAAsksThroughTheMessageWindow) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    form.setShowHook([](MsgForm& shown) {
+        EXPECT_EQ(shown.button(1)->Caption(), QStringLiteral("No"));
+        QTest::mouseClick(shown.button(1), Qt::LeftButton);
     });
-    EXPECT_EQ(m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")),
+    EXPECT_EQ(notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")),
               AnswerNo);
-    EXPECT_EQ(m_form.label()->text(), QStringLiteral("Exit?"));
+    EXPECT_EQ(form.label()->text(), QStringLiteral("Exit?"));
 }
 
-TEST_F(MsgFormNotifierTest, StandardBoxShowsTitleTextIconAndNamedButtons) {
-    m_notifier.setStandardBoxHook([](QMessageBox& box) {
+TEST(MsgFormNotifier, StandardBoxShowsTitleTextIconAndAnswersTheButtonChosenOrNone) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    notifier.setStandardBoxHook([](QMessageBox& box) {
         EXPECT_EQ(box.windowTitle(), QStringLiteral("Pentalink"));
         EXPECT_EQ(box.text(), QStringLiteral("Replace color scheme: sea"));
         EXPECT_EQ(box.icon(), QMessageBox::Question);
         ASSERT_EQ(box.buttons().size(), 2);
-        QAbstractButton* yes = buttonCalled(box, QStringLiteral("Yes"));
-        ASSERT_NE(yes, nullptr);
-        yes->click();
-    });
-    EXPECT_EQ(m_notifier.standardBox(QStringLiteral("Replace color scheme: sea"),
-                                     QStringLiteral("vbquestion+vbyesno"),
-                                     QStringLiteral("Pentalink")),
-              AnswerYes);
-}
-
-TEST_F(MsgFormNotifierTest, StandardBoxAnswersTheButtonChosenOrNoneWhenClosed) {
-    m_notifier.setStandardBoxHook([](QMessageBox& box) {
-        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        ASSERT_NE(buttonCalled(box, QStringLiteral("Yes")), nullptr);
         buttonCalled(box, QStringLiteral("No"))->click();
     });
-    EXPECT_EQ(
-        m_notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbyesno"), QStringLiteral("t")),
-        AnswerNo);
+    EXPECT_EQ(notifier.standardBox(QStringLiteral("Replace color scheme: sea"),
+                                   QStringLiteral("vbquestion+vbyesno"),
+                                   QStringLiteral("Pentalink")),
+              AnswerNo);
 
-    m_notifier.setStandardBoxHook([](QMessageBox& box) {
+    notifier.setStandardBoxHook([](QMessageBox& box) {
         EXPECT_EQ(box.icon(), QMessageBox::Critical);
         ASSERT_EQ(box.buttons().size(), 1);
         EXPECT_EQ(box.buttons()[0]->text(), QStringLiteral("Ok"));
     });
-    EXPECT_EQ(m_notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbcritical"),
-                                     QStringLiteral("t")),
+    EXPECT_EQ(notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbcritical"),
+                                   QStringLiteral("t")),
               AnswerNone);
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        buttonCalled(box, QStringLiteral("Yes"))->click();
+    });
+    EXPECT_EQ(
+        notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbyesno"), QStringLiteral("t")),
+        AnswerYes);
 }
 
 } // namespace
