@@ -1,11 +1,12 @@
 // The self-drawn push button, headless: its painted face, the pressed frame, the MouseDown /
-// MouseUp events under the mouse, and its properties.
+// MouseUp events under the mouse, its properties, and the colours it paints with.
 #include "ui/boxcontrol.h"
 
 #include "core/settings.h"
 #include "ui/olecolor.h"
 
 #include <QApplication>
+#include <QPalette>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -16,6 +17,23 @@ const QColor Face(200, 210, 220);
 
 QImage faceOf(BoxControl& button) {
     return button.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+TEST(OleTranslateColor, PlainColoursPassUnchangedSystemColoursComeFromThePalette) {
+    EXPECT_EQ(OleTranslateColor(packRgb(10, 128, 250)), QColor(10, 128, 250));
+    EXPECT_EQ(OleTranslateColor(0xFFFFFF), QColor(255, 255, 255));
+    EXPECT_EQ(packedColour(QColor(1, 2, 3)), packRgb(1, 2, 3));
+    QPalette palette;
+    const QPalette::ColorRole roles[] = {QPalette::Base, QPalette::Button, QPalette::ButtonText,
+                                         QPalette::Highlight, QPalette::ToolTipBase};
+    for (int i = 0; i < 5; ++i)
+        palette.setColor(QPalette::Active, roles[i], QColor(i + 1, i + 1, i + 1));
+    EXPECT_EQ(OleTranslateColor(0x80000005u, palette), QColor(1, 1, 1));   // window background
+    EXPECT_EQ(OleTranslateColor(0x8000000Fu, palette), QColor(2, 2, 2));   // button face
+    EXPECT_EQ(OleTranslateColor(0x80000012u, palette), QColor(3, 3, 3));   // button text
+    EXPECT_EQ(OleTranslateColor(0x8000000Du, palette), QColor(4, 4, 4));   // highlight
+    EXPECT_EQ(OleTranslateColor(0x80000018u, palette), QColor(5, 5, 5));   // info background
+    EXPECT_EQ(OleTranslateColor(0x800000FFu, palette), QColor(Qt::black)); // no such colour
 }
 
 // A button of `w` x `h` pixels with a plain face colour.
@@ -112,16 +130,8 @@ TEST_F(BoxControlTest, FontSizeZeroIsKeptButLeavesTheFontAndAWholeFontReplacesAl
     EXPECT_FALSE(button.FontBold());
 }
 
-// Records, for each event, the button state and the frame as the container sees them.
-struct Heard {
-    QString event;
-    qint16 button;
-    qint16 shift;
-    float x;
-    float y;
-    bool framed;
-};
-
+// Logs each event as "down|up button shift x y", with "framed" when the container sees the
+// pressed frame at that moment.
 class BoxControlMouse : public BoxControlTest {
 protected:
     void SetUp() override {
@@ -130,54 +140,49 @@ protected:
         const auto record = [this](const char* name) {
             return [this, name](qint16 button, qint16 shift, float x, float y) {
                 const bool framed = faceOf(m_button).pixelColor(58, 11) == QColor(Qt::black);
-                m_heard.append({QString::fromLatin1(name), button, shift, x, y, framed});
+                m_heard.append(QStringLiteral("%1 %2 %3 %4 %5%6")
+                                   .arg(QLatin1String(name))
+                                   .arg(button)
+                                   .arg(shift)
+                                   .arg(x)
+                                   .arg(y)
+                                   .arg(framed ? " framed" : ""));
             };
         };
         QObject::connect(&m_button, &BoxControl::MouseDown, record("down"));
         QObject::connect(&m_button, &BoxControl::MouseUp, record("up"));
     }
-    QList<Heard> m_heard;
+    QStringList m_heard;
 };
 
 TEST_F(BoxControlMouse, FrameShowsBeforeMouseDownAndGoesBeforeMouseUpEvenOffTheButton) {
-    EXPECT_FALSE(m_button.isPressed());
     QTest::mousePress(&m_button, Qt::LeftButton, {}, QPoint(10, 5));
     EXPECT_TRUE(m_button.isPressed());
     QTest::mouseMove(&m_button, QPoint(200, 90));
     QTest::mouseRelease(&m_button, Qt::LeftButton, {}, QPoint(200, 90));
     EXPECT_FALSE(m_button.isPressed());
-    ASSERT_EQ(m_heard.size(), 2);
-    EXPECT_EQ(m_heard[0].event, QStringLiteral("down"));
-    EXPECT_TRUE(m_heard[0].framed);
-    EXPECT_EQ(m_heard[1].event, QStringLiteral("up"));
-    EXPECT_FALSE(m_heard[1].framed);
     // Positions in twips, relative to the control.
-    EXPECT_FLOAT_EQ(m_heard[0].x, 150);
-    EXPECT_FLOAT_EQ(m_heard[0].y, 75);
-    EXPECT_FLOAT_EQ(m_heard[1].x, 3000);
-    EXPECT_FLOAT_EQ(m_heard[1].y, 1350);
+    EXPECT_EQ(m_heard, (QStringList{"down 1 0 150 75 framed", "up 1 0 3000 1350"}));
 }
 
 TEST_F(BoxControlMouse, EveryMouseButtonAndModifierIsReported) {
     const struct {
         Qt::MouseButton button;
         Qt::KeyboardModifiers modifiers;
-        qint16 buttonCode;
-        qint16 shiftCode;
+        const char* codes;
     } rows[] = {
-        {Qt::LeftButton, {}, 1, 0},
-        {Qt::RightButton, {}, 2, 0},
-        {Qt::MiddleButton, Qt::ShiftModifier, 4, 1},
-        {Qt::LeftButton, Qt::ControlModifier | Qt::AltModifier, 1, 6},
-        {Qt::RightButton, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier, 2, 7},
+        {Qt::RightButton, {}, "2 0"},
+        {Qt::MiddleButton, Qt::ShiftModifier, "4 1"},
+        {Qt::LeftButton, Qt::ControlModifier | Qt::AltModifier, "1 6"},
+        {Qt::RightButton, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier, "2 7"},
     };
     for (const auto& row : rows) {
         m_heard.clear();
         QTest::mousePress(&m_button, row.button, row.modifiers, QPoint(3, 3));
         QTest::mouseRelease(&m_button, row.button, row.modifiers, QPoint(3, 3));
-        ASSERT_EQ(m_heard.size(), 2);
-        for (const Heard& h : m_heard)
-            EXPECT_EQ(std::tie(h.button, h.shift), std::tie(row.buttonCode, row.shiftCode));
+        const QString codes = QString::fromLatin1(row.codes);
+        EXPECT_EQ(m_heard,
+                  (QStringList{"down " + codes + " 45 45 framed", "up " + codes + " 45 45"}));
     }
 }
 

@@ -1,14 +1,20 @@
 // The message window, headless: style, layout measured in the real font, the answers by
-// mouse and Enter, colours that stay in force, and the result that carries over. Messages are
-// answered through the show hook, so no modal loop runs except in the one test about it.
+// mouse and Enter, colours that stay in force, the result that carries over, its icon
+// pictures, and the Notifier built on it. Messages are answered through the show hook, so no
+// modal loop runs except in the one test about it.
 #include "ui/msgform.h"
 
 #include "core/settings.h"
 #include "ui/boxcontrol.h"
+#include "ui/msgformnotifier.h"
+#include "ui/msgicons.h"
 #include "ui/olecolor.h"
 
+#include <QAbstractButton>
 #include <QFontMetricsF>
 #include <QLabel>
+#include <QMessageBox>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 
@@ -236,6 +242,109 @@ TEST_F(MsgFormTest, WithoutAHookTheWindowIsModalUntilAButtonAnswers) {
     });
     EXPECT_EQ(m_form.MsgboxA(QStringLiteral("Really?"), QStringLiteral("vbyesno")), 7);
     EXPECT_FALSE(m_form.isVisible());
+}
+
+// Every pixel is transparent or one of the sixteen colours; returns the number of opaque ones.
+int checkColours(const QImage& image) {
+    QSet<QRgb> allowed;
+    for (const QColor& c : msgIconPalette())
+        allowed.insert(c.rgb());
+    int opaque = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qAlpha(pixel) == 0)
+                continue;
+            EXPECT_EQ(qAlpha(pixel), 255) << x << "," << y;
+            EXPECT_TRUE(allowed.contains(pixel | 0xFF000000u))
+                << x << "," << y << " " << QColor(pixel).name().toStdString();
+            ++opaque;
+        }
+    }
+    return opaque;
+}
+
+TEST(MsgIcons, SixteenPaletteColoursMakeNineDistinctPicturesTheFirstFiveAlsoSmall) {
+    EXPECT_EQ(msgIconPalette().size(), 16);
+    QSet<QByteArray> seen;
+    for (int slot = 0; slot <= 8; ++slot) {
+        SCOPED_TRACE(slot);
+        const QImage image = msgIcon(slot);
+        ASSERT_EQ(image.size(), QSize(32, 32));
+        // A real picture: a good part of the square is painted, but not all of it.
+        const int opaque = checkColours(image);
+        EXPECT_GT(opaque, 250);
+        EXPECT_LT(opaque, 32 * 32);
+        seen.insert(
+            QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()));
+        const QImage small = msgIcon(slot, 16);
+        if (slot <= 4) {
+            ASSERT_EQ(small.size(), QSize(16, 16));
+            EXPECT_GT(checkColours(small), 60);
+        } else {
+            EXPECT_TRUE(small.isNull());
+        }
+    }
+    EXPECT_EQ(seen.size(), 9);
+}
+
+TEST(MsgIcons, OtherSlotsAndSizesHaveNoPicture) {
+    for (const int slot : {-1, 9, 10, 11})
+        EXPECT_TRUE(msgIcon(slot).isNull()) << slot;
+    EXPECT_TRUE(msgIcon(0, 24).isNull());
+}
+
+QAbstractButton* buttonCalled(QMessageBox& box, const QString& caption) {
+    for (QAbstractButton* button : box.buttons()) {
+        if (button->text() == caption)
+            return button;
+    }
+    return nullptr;
+}
+
+TEST(MsgFormNotifier, MsgboxAAsksThroughTheMessageWindow) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    form.setShowHook([](MsgForm& shown) {
+        EXPECT_EQ(shown.button(1)->Caption(), QStringLiteral("No"));
+        QTest::mouseClick(shown.button(1), Qt::LeftButton);
+    });
+    EXPECT_EQ(notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")),
+              AnswerNo);
+    EXPECT_EQ(form.label()->text(), QStringLiteral("Exit?"));
+}
+
+TEST(MsgFormNotifier, StandardBoxShowsTitleTextIconAndAnswersTheButtonChosenOrNone) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Pentalink"));
+        EXPECT_EQ(box.text(), QStringLiteral("Replace color scheme: sea"));
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        ASSERT_EQ(box.buttons().size(), 2);
+        ASSERT_NE(buttonCalled(box, QStringLiteral("Yes")), nullptr);
+        buttonCalled(box, QStringLiteral("No"))->click();
+    });
+    EXPECT_EQ(notifier.standardBox(QStringLiteral("Replace color scheme: sea"),
+                                   QStringLiteral("vbquestion+vbyesno"),
+                                   QStringLiteral("Pentalink")),
+              AnswerNo);
+
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        ASSERT_EQ(box.buttons().size(), 1);
+        EXPECT_EQ(box.buttons()[0]->text(), QStringLiteral("Ok"));
+    });
+    EXPECT_EQ(notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbcritical"),
+                                   QStringLiteral("t")),
+              AnswerNone);
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        buttonCalled(box, QStringLiteral("Yes"))->click();
+    });
+    EXPECT_EQ(
+        notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbyesno"), QStringLiteral("t")),
+        AnswerYes);
 }
 
 } // namespace
