@@ -1,14 +1,20 @@
 // The message window, headless: style, layout measured in the real font, the answers by
-// mouse and Enter, colours that stay in force, and the result that carries over. Messages are
-// answered through the show hook, so no modal loop runs except in the one test about it.
+// mouse and Enter, colours that stay in force, the result that carries over, its icon
+// pictures, and the Notifier built on it. Messages are answered through the show hook, so no
+// modal loop runs except in the one test about it.
 #include "ui/msgform.h"
 
 #include "core/settings.h"
 #include "ui/boxcontrol.h"
+#include "ui/msgformnotifier.h"
+#include "ui/msgicons.h"
 #include "ui/olecolor.h"
 
+#include <QAbstractButton>
 #include <QFontMetricsF>
 #include <QLabel>
+#include <QMessageBox>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 
@@ -24,8 +30,16 @@ void click(MsgForm& form, int i, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(form.button(i), button, {}, QPoint(5, 5));
 }
 
-void pressEnter(MsgForm& form) {
-    QTest::keyClick(&form, Qt::Key_Return);
+// Keys that must not answer, then a click on button i.
+Act keysThenClick(std::initializer_list<Qt::Key> keys, int i) {
+    const QList<Qt::Key> list(keys);
+    return [list, i](MsgForm& form) {
+        for (const Qt::Key key : list)
+            QTest::keyClick(&form, key);
+        form.close(); // no close request ends a message either
+        EXPECT_TRUE(form.isVisible());
+        click(form, i);
+    };
 }
 
 QStringList shownCaptions(const MsgForm& form) {
@@ -63,117 +77,84 @@ protected:
     MsgForm m_form;
 };
 
-TEST_F(MsgFormTest, QuestionYesNoShowsTheQuestionIconAndAnswersYesOrNo) {
-    const Act check = [](MsgForm& form) {
-        EXPECT_EQ(shownIcons(form), QList<int>{0});
-        EXPECT_EQ(shownCaptions(form), (QStringList{QStringLiteral("Yes"), QStringLiteral("No")}));
-        EXPECT_LT(form.button(0)->x(), form.button(1)->x());
+TEST_F(MsgFormTest, AnyMouseButtonAnswersAndEnterOnlyAnOkFirstButton) {
+    const struct {
+        const char* typ;
+        Act act;
+        int answer;
+    } rows[] = {
+        {"vbQuestion + vbYesNo", [](MsgForm& f) { click(f, 0); }, 6},
+        {"vbQuestion + vbYesNo", [](MsgForm& f) { click(f, 1); }, 7},
+        // "vbnormal" answers 0, not the 7 stored before it.
+        {"vbnormal", [](MsgForm& f) { QTest::keyClick(&f, Qt::Key_Return); }, 0},
+        {"vbnormal", [](MsgForm& f) { click(f, 0); }, 0},
+        {"vbok+vbcancel", [](MsgForm& f) { QTest::keyClick(&f, Qt::Key_Return); }, 1},
+        {"", [](MsgForm& f) { QTest::keyClick(&f, Qt::Key_Enter); }, 1}, // keypad Enter
+        {"vbcancel+vbok", keysThenClick({Qt::Key_Return, Qt::Key_Enter}, 0), 2},
+        {"vbyesno", keysThenClick({Qt::Key_Return, Qt::Key_Escape, Qt::Key_Y, Qt::Key_Space}, 0),
+         6},
+        {"vbyesnocancel", [](MsgForm& f) { click(f, 1, Qt::RightButton); }, 7},
+        {"vbabortretryignore", [](MsgForm& f) { click(f, 2, Qt::MiddleButton); }, 5},
+        {"vbretrycancel",
+         [](MsgForm& f) { // released off the button
+             QTest::mousePress(f.button(0), Qt::LeftButton, {}, QPoint(5, 5));
+             QTest::mouseRelease(f.button(0), Qt::LeftButton, {}, QPoint(-40, 90));
+         },
+         4},
     };
-    EXPECT_EQ(ask(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"),
-                  [&](MsgForm& form) {
-                      check(form);
-                      click(form, 0);
-                      EXPECT_FALSE(form.isVisible());
-                  }),
-              6);
-    EXPECT_EQ(ask(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"),
-                  [&](MsgForm& form) { click(form, 1); }),
-              7);
-}
-
-TEST_F(MsgFormTest, EnterAnswersOnlyAnOkFirstButton) {
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbok+vbcancel"),
-                  [](MsgForm& form) {
-                      EXPECT_EQ(shownCaptions(form),
-                                (QStringList{QStringLiteral("Ok"), QStringLiteral("Cancel")}));
-                      pressEnter(form);
-                  }),
-              1);
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbcancel+vbok"),
-                  [](MsgForm& form) {
-                      EXPECT_EQ(shownCaptions(form),
-                                (QStringList{QStringLiteral("Cancel"), QStringLiteral("Ok")}));
-                      pressEnter(form);
-                      QTest::keyClick(&form, Qt::Key_Enter);
-                      EXPECT_TRUE(form.isVisible());
-                      click(form, 0);
-                  }),
-              2);
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbyesno"),
-                  [](MsgForm& form) {
-                      pressEnter(form);
-                      EXPECT_TRUE(form.isVisible());
-                      click(form, 1);
-                  }),
-              7);
-}
-
-TEST_F(MsgFormTest, AnEmptyStyleGivesOneOkButtonAndNoIcon) {
-    EXPECT_EQ(ask(QStringLiteral("Hello"), QString(),
-                  [](MsgForm& form) {
-                      EXPECT_TRUE(shownIcons(form).isEmpty());
-                      EXPECT_EQ(shownCaptions(form), QStringList{QStringLiteral("Ok")});
-                      QTest::keyClick(&form, Qt::Key_Enter); // the keypad Enter too
-                  }),
-              1);
-}
-
-TEST_F(MsgFormTest, NormalOkAnswersZeroAlsoThroughEnter) {
-    ask(QStringLiteral("m"), QStringLiteral("vbyesno"), [](MsgForm& form) { click(form, 0); });
-    ASSERT_EQ(m_form.result(), 6);
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbnormal"),
-                  [](MsgForm& form) { pressEnter(form); }),
-              0);
-    EXPECT_EQ(
-        ask(QStringLiteral("m"), QStringLiteral("vbnormal"), [](MsgForm& form) { click(form, 0); }),
-        0);
-}
-
-TEST_F(MsgFormTest, AnyMouseButtonAnswersEvenReleasedOffTheButton) {
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbyesnocancel"),
-                  [](MsgForm& form) { click(form, 1, Qt::RightButton); }),
-              7);
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbabortretryignore"),
-                  [](MsgForm& form) { click(form, 2, Qt::MiddleButton); }),
-              5);
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbretrycancel"),
-                  [](MsgForm& form) {
-                      QTest::mousePress(form.button(0), Qt::LeftButton, {}, QPoint(5, 5));
-                      QTest::mouseRelease(form.button(0), Qt::LeftButton, {}, QPoint(-40, 90));
-                  }),
-              4);
-}
-
-TEST_F(MsgFormTest, NoOtherKeyAndNoCloseRequestEndsTheMessage) {
-    EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbyesno"),
-                  [](MsgForm& form) {
-                      QTest::keyClick(&form, Qt::Key_Escape);
-                      QTest::keyClick(&form, Qt::Key_Y);
-                      QTest::keyClick(&form, Qt::Key_Space);
-                      form.close();
-                      EXPECT_TRUE(form.isVisible());
-                      click(form, 0);
-                  }),
-              6);
+    for (const auto& row : rows) {
+        EXPECT_EQ(ask(QStringLiteral("m"), QString::fromLatin1(row.typ), row.act), row.answer)
+            << row.typ;
+        EXPECT_FALSE(m_form.isVisible());
+    }
     EXPECT_FALSE(m_form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
     EXPECT_EQ(m_form.windowTitle(), QStringLiteral("Message"));
 }
 
-TEST_F(MsgFormTest, TheResultCarriesOverUntilTheNextAnswer) {
+TEST_F(MsgFormTest, EachMessageShowsItsOwnIconsAndButtonsInOrder) {
+    m_form.setBackColor(packRgb(10, 200, 30));
+    const struct {
+        const char* typ;
+        QList<int> icons;
+        QStringList captions;
+    } rows[] = {
+        {"vbQuestion + vbYesNo", {0}, {"Yes", "No"}},
+        {"vbexclamation+vbyesnocancel", {1}, {"Yes", "No", "Cancel"}},
+        {"vbhappy+vbok", {5}, {"Ok"}},
+        {"", {}, {"Ok"}},
+        {"vbcustom", {10}, {"Ok"}},
+    };
+    for (const auto& row : rows) {
+        m_form.prepare(QStringLiteral("m"), QString::fromLatin1(row.typ));
+        EXPECT_EQ(shownIcons(m_form), row.icons) << row.typ;
+        EXPECT_EQ(shownCaptions(m_form), row.captions) << row.typ;
+        EXPECT_EQ(m_form.lastButton(), row.captions.size() - 1) << row.typ;
+        for (int i = 1; i < row.captions.size(); ++i)
+            EXPECT_LT(m_form.button(i - 1)->x(), m_form.button(i)->x()) << row.typ;
+    }
+    // The custom slot is selected but shows no picture: 90, 90, 480 x 480 twips stay plain.
+    ask(QStringLiteral("m"), QStringLiteral("vbcustom"), [](MsgForm& form) {
+        const QImage image = form.grab().toImage();
+        for (int y = 6; y < 38; y += 3) {
+            for (int x = 6; x < 38; x += 3)
+                ASSERT_EQ(image.pixelColor(x, y), QColor(10, 200, 30)) << x << "," << y;
+        }
+        click(form, 0);
+    });
+}
+
+TEST_F(MsgFormTest, TheResultCarriesOverToUnansweredAndNestedCalls) {
     EXPECT_EQ(m_form.result(), 0);
     ask(QStringLiteral("m"), QStringLiteral("vbretrycancel"),
         [](MsgForm& form) { click(form, 1); });
     // A message left unanswered (closed some other way) returns the stored result.
     EXPECT_EQ(ask(QStringLiteral("m"), QStringLiteral("vbyesno"), [](MsgForm&) {}), 2);
     EXPECT_FALSE(m_form.isVisible());
-}
-
-TEST_F(MsgFormTest, ACallWhileAMessageIsUpShowsNothingAndReturnsTheStoredResult) {
-    ask(QStringLiteral("first"), QStringLiteral("vbyesno"), [](MsgForm& form) { click(form, 0); });
+    // A call while a message is up shows nothing and returns the stored result.
     EXPECT_EQ(ask(QStringLiteral("second"), QStringLiteral("vbok"),
                   [](MsgForm& form) {
                       EXPECT_EQ(form.MsgboxA(QStringLiteral("third"), QStringLiteral("vbnormal")),
-                                6);
+                                2);
                       EXPECT_EQ(form.label()->text(), QStringLiteral("second"));
                       EXPECT_TRUE(form.isVisible());
                       click(form, 0);
@@ -181,41 +162,11 @@ TEST_F(MsgFormTest, ACallWhileAMessageIsUpShowsNothingAndReturnsTheStoredResult)
               1);
 }
 
-TEST_F(MsgFormTest, EachMessageStartsFromScratch) {
-    ask(QStringLiteral("m"), QStringLiteral("vbexclamation+vbyesnocancel"),
-        [](MsgForm& form) { click(form, 2); });
-    ask(QStringLiteral("m"), QStringLiteral("vbhappy+vbok"), [](MsgForm& form) {
-        EXPECT_EQ(shownIcons(form), QList<int>{5});
-        EXPECT_EQ(shownCaptions(form), QStringList{QStringLiteral("Ok")});
-        EXPECT_EQ(form.lastButton(), 0);
-        click(form, 0);
-    });
-}
-
-TEST_F(MsgFormTest, TheCustomSlotIsSelectedButShowsNoPicture) {
-    m_form.setBackColor(packRgb(10, 200, 30));
-    ask(QStringLiteral("m"), QStringLiteral("vbcustom"), [](MsgForm& form) {
-        EXPECT_EQ(shownIcons(form), QList<int>{10});
-        const QImage image = form.grab().toImage();
-        const QRect iconArea(6, 6, 32, 32); // 90, 90, 480 x 480 twips
-        for (int y = iconArea.top(); y <= iconArea.bottom(); y += 3) {
-            for (int x = iconArea.left(); x <= iconArea.right(); x += 3)
-                ASSERT_EQ(image.pixelColor(x, y), QColor(10, 200, 30)) << x << "," << y;
-        }
-        click(form, 0);
-    });
-}
-
-TEST_F(MsgFormTest, ANarrowMessageGetsAWindowThreeButtonsWide) {
+TEST_F(MsgFormTest, TheWindowIsAtLeastThreeButtonsWideAndAsWideAsTheWidestLine) {
     m_form.prepare(QStringLiteral("Exit?"), QStringLiteral("vbok"));
     EXPECT_EQ(m_form.layout().windowWidth, 2655);
-    EXPECT_EQ(m_form.layout().buttonLefts, QList<double>{885});
     EXPECT_EQ(m_form.button(0)->geometry(), QRect(59, m_form.layout().buttonTop / 15, 59, 23));
-    EXPECT_FALSE(m_form.button(1)->isVisibleTo(&m_form));
-    EXPECT_FALSE(m_form.button(2)->isVisibleTo(&m_form));
-}
 
-TEST_F(MsgFormTest, AWideMessageSetsTheWindowWidthFromItsText) {
     const QString text = QStringLiteral("A colour scheme called Harbour Lights could not be found");
     m_form.prepare(text, QStringLiteral("vbyesnocancel"));
     const QFontMetricsF metrics(m_form.label()->font());
@@ -223,9 +174,6 @@ TEST_F(MsgFormTest, AWideMessageSetsTheWindowWidthFromItsText) {
     ASSERT_GT(textWidth, 975);
     EXPECT_EQ(m_form.label()->width() * 15, textWidth);
     EXPECT_EQ(m_form.layout().windowWidth, 1680 + textWidth);
-    const double first = (m_form.layout().windowWidth - 2655) / 2.0;
-    EXPECT_EQ(m_form.layout().buttonLefts, (QList<double>{first, first + 885, first + 1770}));
-    // The widest line counts, not the whole text.
     m_form.prepare(text + QStringLiteral("\nshort"), QStringLiteral("vbok"));
     EXPECT_EQ(m_form.layout().windowWidth, 1680 + textWidth);
 }
@@ -237,12 +185,10 @@ TEST_F(MsgFormTest, ASecondLineMakesTheWindowTallerByOneLineHeight) {
     EXPECT_GT(lineHeight, 0);
     EXPECT_EQ(lineHeight % 15, 0);
     m_form.prepare(QStringLiteral("Configuration file:\r\n/tmp/x"), QStringLiteral("vbok"));
-    const MsgLayout two = m_form.layout();
-    EXPECT_EQ(two.windowHeight - one.windowHeight, lineHeight);
-    EXPECT_EQ(two.labelHeight - one.labelHeight, lineHeight);
+    EXPECT_EQ(m_form.layout().windowHeight - one.windowHeight, lineHeight);
+    EXPECT_EQ(m_form.layout().labelHeight - one.labelHeight, lineHeight);
     EXPECT_EQ(m_form.label()->text(), QStringLiteral("Configuration file:\n/tmp/x"));
-    // A bigger font makes a taller line.
-    m_form.setFontSize(18);
+    m_form.setFontSize(18); // a bigger font makes a taller line
     m_form.prepare(QStringLiteral("x"), QStringLiteral("vbok"));
     EXPECT_GT(m_form.lineHeight(), lineHeight);
 }
@@ -289,7 +235,6 @@ TEST_F(MsgFormTest, AttributesReachTheLabelAndTheButtons) {
 }
 
 TEST_F(MsgFormTest, WithoutAHookTheWindowIsModalUntilAButtonAnswers) {
-    m_form.setShowHook({});
     QTimer::singleShot(0, &m_form, [this] {
         EXPECT_TRUE(m_form.isVisible());
         EXPECT_TRUE(m_form.isModal());
@@ -297,6 +242,109 @@ TEST_F(MsgFormTest, WithoutAHookTheWindowIsModalUntilAButtonAnswers) {
     });
     EXPECT_EQ(m_form.MsgboxA(QStringLiteral("Really?"), QStringLiteral("vbyesno")), 7);
     EXPECT_FALSE(m_form.isVisible());
+}
+
+// Every pixel is transparent or one of the sixteen colours; returns the number of opaque ones.
+int checkColours(const QImage& image) {
+    QSet<QRgb> allowed;
+    for (const QColor& c : msgIconPalette())
+        allowed.insert(c.rgb());
+    int opaque = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qAlpha(pixel) == 0)
+                continue;
+            EXPECT_EQ(qAlpha(pixel), 255) << x << "," << y;
+            EXPECT_TRUE(allowed.contains(pixel | 0xFF000000u))
+                << x << "," << y << " " << QColor(pixel).name().toStdString();
+            ++opaque;
+        }
+    }
+    return opaque;
+}
+
+TEST(MsgIcons, SixteenPaletteColoursMakeNineDistinctPicturesTheFirstFiveAlsoSmall) {
+    EXPECT_EQ(msgIconPalette().size(), 16);
+    QSet<QByteArray> seen;
+    for (int slot = 0; slot <= 8; ++slot) {
+        SCOPED_TRACE(slot);
+        const QImage image = msgIcon(slot);
+        ASSERT_EQ(image.size(), QSize(32, 32));
+        // A real picture: a good part of the square is painted, but not all of it.
+        const int opaque = checkColours(image);
+        EXPECT_GT(opaque, 250);
+        EXPECT_LT(opaque, 32 * 32);
+        seen.insert(
+            QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()));
+        const QImage small = msgIcon(slot, 16);
+        if (slot <= 4) {
+            ASSERT_EQ(small.size(), QSize(16, 16));
+            EXPECT_GT(checkColours(small), 60);
+        } else {
+            EXPECT_TRUE(small.isNull());
+        }
+    }
+    EXPECT_EQ(seen.size(), 9);
+}
+
+TEST(MsgIcons, OtherSlotsAndSizesHaveNoPicture) {
+    for (const int slot : {-1, 9, 10, 11})
+        EXPECT_TRUE(msgIcon(slot).isNull()) << slot;
+    EXPECT_TRUE(msgIcon(0, 24).isNull());
+}
+
+QAbstractButton* buttonCalled(QMessageBox& box, const QString& caption) {
+    for (QAbstractButton* button : box.buttons()) {
+        if (button->text() == caption)
+            return button;
+    }
+    return nullptr;
+}
+
+TEST(MsgFormNotifier, MsgboxAAsksThroughTheMessageWindow) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    form.setShowHook([](MsgForm& shown) {
+        EXPECT_EQ(shown.button(1)->Caption(), QStringLiteral("No"));
+        QTest::mouseClick(shown.button(1), Qt::LeftButton);
+    });
+    EXPECT_EQ(notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")),
+              AnswerNo);
+    EXPECT_EQ(form.label()->text(), QStringLiteral("Exit?"));
+}
+
+TEST(MsgFormNotifier, StandardBoxShowsTitleTextIconAndAnswersTheButtonChosenOrNone) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Pentalink"));
+        EXPECT_EQ(box.text(), QStringLiteral("Replace color scheme: sea"));
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        ASSERT_EQ(box.buttons().size(), 2);
+        ASSERT_NE(buttonCalled(box, QStringLiteral("Yes")), nullptr);
+        buttonCalled(box, QStringLiteral("No"))->click();
+    });
+    EXPECT_EQ(notifier.standardBox(QStringLiteral("Replace color scheme: sea"),
+                                   QStringLiteral("vbquestion+vbyesno"),
+                                   QStringLiteral("Pentalink")),
+              AnswerNo);
+
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        ASSERT_EQ(box.buttons().size(), 1);
+        EXPECT_EQ(box.buttons()[0]->text(), QStringLiteral("Ok"));
+    });
+    EXPECT_EQ(notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbcritical"),
+                                   QStringLiteral("t")),
+              AnswerNone);
+    notifier.setStandardBoxHook([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        buttonCalled(box, QStringLiteral("Yes"))->click();
+    });
+    EXPECT_EQ(
+        notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbyesno"), QStringLiteral("t")),
+        AnswerYes);
 }
 
 } // namespace
