@@ -41,19 +41,11 @@ TEST(ButtonPictures, AreFourDifferentBlackLineDrawingsOnATransparentGround) {
     EXPECT_EQ(seen.size(), 4u);
 }
 
-TEST(ButtonPictures, PagesShareTheFoldedPageAndKeepTheirSignOffItsEdges) {
-    const QImage tick = buttonPictureImage(ButtonPicture::PageTick);
+TEST(ButtonPictures, PagesHaveTheFoldedCornerAndKeepTheirSignOffTheEdges) {
     for (const ButtonPicture p :
          {ButtonPicture::PageTick, ButtonPicture::PageArrows, ButtonPicture::PageStar}) {
         SCOPED_TRACE(static_cast<int>(p));
         const QImage image = buttonPictureImage(p);
-        // The page's edges and the fold are the same on all three.
-        for (int i = 0; i < 16; ++i) {
-            EXPECT_EQ(image.pixel(2, i), tick.pixel(2, i));
-            EXPECT_EQ(image.pixel(13, i), tick.pixel(13, i));
-            EXPECT_EQ(image.pixel(i, 15), tick.pixel(i, 15));
-            EXPECT_EQ(image.pixel(i, 0), tick.pixel(i, 0));
-        }
         EXPECT_FALSE(isClear(image, 9, 2)); // the fold
         EXPECT_TRUE(isClear(image, 13, 1)); // the corner folded away
         // A clear pixel between the sign and the page's sides and bottom, so the sign reads

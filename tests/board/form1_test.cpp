@@ -78,8 +78,6 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     Form1& form = start();
     const QColor colour2 = OleTranslateColor(m_scheme.SchemeColours[2]);
     const QColor colour4 = OleTranslateColor(m_scheme.SchemeColours[4]);
-    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
-    EXPECT_EQ(m_scheme.ButtonColourIndex, 4);
     EXPECT_EQ(background(form.centralWidget()), colour2);
     EXPECT_EQ(background(&form.starArea()), colour2);
     EXPECT_EQ(background(form.starArea().cell(3)), colour2);

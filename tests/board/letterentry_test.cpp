@@ -162,14 +162,14 @@ TEST_F(LetterEntry, ClicksThatChangeNothingAreIgnored) {
 TEST_F(LetterEntry, ChangeIsAnnouncedOncePerEffectiveMove) {
     // Select, place, remove (its redraw is part of the same move), place again, click the
     // placed tile (nothing happens, nothing announced).
-    const Move moves[] = {Move::tile(Pony), Move::marker(PonyOn), Move::marker(PonyOn),
-                          Move::marker(PonyOn), Move::tile(Pony)};
-    const int expected[] = {1, 2, 3, 4, 4};
+    std::vector<int> counts;
     m_changes = 0;
-    for (int i = 0; i < 5; ++i) {
-        m_board.apply(moves[i]);
-        EXPECT_EQ(m_changes, expected[i]) << "after move " << i;
+    for (const Move move : {Move::tile(Pony), Move::marker(PonyOn), Move::marker(PonyOn),
+                            Move::marker(PonyOn), Move::tile(Pony)}) {
+        m_board.apply(move);
+        counts.push_back(m_changes);
     }
+    EXPECT_EQ(counts, (std::vector<int>{1, 2, 3, 4, 4}));
 }
 
 // --- Faults found or feared --------------------------------------------------------------
