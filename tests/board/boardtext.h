@@ -3,7 +3,8 @@
 //   tiles   "aspa-___"   - tiles 1..8: a available (sunken), s selected (flat), p placed
 //                          (sunken, faded), f flat and faded; upper case when struck out;
 //                          "-" no caption; "_" disabled without caption, "x" disabled with one;
-//   markers "3.6......." - readings 1..10: the tile placed there, "." none.
+//   markers "3.6......." - readings 1..10: the tile placed there, "." none;
+//   board   "gponyaa.dw ppaaapaa 216......." - all three, links checked.
 #pragma once
 
 #include "board/playboard.h"
@@ -18,12 +19,14 @@ std::string cellsText(const PlayBoard& board);
 std::string tilesText(const PlayBoard& board);
 std::string markersText(const PlayBoard& board);
 
-// "" when every tile link matches its marker link (tile i on reading k exactly when marker k
-// holds tile i), else a description of the first mismatch.
-std::string linkMismatch(const PlayBoard& board);
+// The three pictures in one line, "cells tiles markers", followed by " link: ..." when the
+// tiles' links disagree with the markers' (tile i is on reading k exactly when marker k holds
+// tile i).
+std::string boardText(const PlayBoard& board);
 
 // A puzzle record built by hand: `cells` the ten solution letters of cells 0..9, `words` the
 // eight candidate words in tile order, `decoys` eight characters, "x" marking a decoy tile.
+// All three must be complete.
 StarGrid makeStar(const QString& cells, const QStringList& words, const char* decoys);
 
 // The reference puzzle of the board tests:

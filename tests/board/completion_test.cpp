@@ -1,6 +1,8 @@
 // The completion check: when it runs, when it congratulates, and that it never opens a second
-// message while one is open.
+// message while one is open; the message gate that knows when one is.
 #include "playfixture.h"
+
+#include <utility>
 
 using namespace ref;
 
@@ -8,8 +10,6 @@ namespace {
 
 class Completion : public PlayTest {
 protected:
-    Completion() { newPuzzle(); }
-
     // Four agreeing words fill all ten cells.
     void fillBoard() {
         place(Pony, PonyOn);
@@ -19,83 +19,69 @@ protected:
         ASSERT_EQ(cellsText(m_board), "gponyaardw");
     }
 
+    // A full board and the check running.
+    void fillAndCheck() {
+        fillBoard();
+        showSolutionOnce();
+    }
+
     int allDoneCount() const { return static_cast<int>(shownTexts().count("All Done!")); }
 };
 
 } // namespace
 
 TEST_F(Completion, CheckIsOffUntilTheSolutionButtonIsReleased) {
+    fillBoard();
     EXPECT_FALSE(m_board.completionCheckRunning());
+    EXPECT_FALSE(m_board.completionTick()); // full, but never congratulated without the button
     m_board.apply(Move::solutionPress());
     EXPECT_FALSE(m_board.completionCheckRunning());
     m_board.apply(Move::solutionRelease());
     EXPECT_TRUE(m_board.completionCheckRunning());
     EXPECT_EQ(m_checkSignals, std::vector<bool>{true});
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
 }
 
 TEST_F(Completion, ActionsSwitchTheRunningCheckOffOrLeaveIt) {
-    struct Row {
+    const struct {
         const char* name;
-        std::function<void(PlayBoard&, RecordingNotifier&)> action;
+        std::function<void()> action;
         bool running;
+    } rows[] = {
+        {"solution pressed", [&] { m_board.apply(Move::solutionPress()); }, false},
+        {"create request", [&] { m_board.generationStarted(); }, false},
+        {"new puzzle", [&] { m_board.puzzleCreated(); }, false},
+        {"dictionary loaded", [&] { m_board.stopCompletionCheck(); }, false},
+        {"board cleared alone", [&] { m_board.ClearBoard(); }, true},
+        {"entries cleared", [&] { clearEntries(AnswerYes); }, false},
+        {"clear declined", [&] { clearEntries(AnswerNo); }, true},
+        {"a word placed", [&] { place(Pony, PonyOn); }, true},
     };
-    const Row rows[] = {
-        {"solution pressed",
-         [](PlayBoard& b, RecordingNotifier&) { b.apply(Move::solutionPress()); }, false},
-        {"create request", [](PlayBoard& b, RecordingNotifier&) { b.generationStarted(); }, false},
-        {"new puzzle", [](PlayBoard& b, RecordingNotifier&) { b.puzzleCreated(); }, false},
-        {"dictionary loaded", [](PlayBoard& b, RecordingNotifier&) { b.stopCompletionCheck(); },
-         false},
-        {"board cleared alone", [](PlayBoard& b, RecordingNotifier&) { b.ClearBoard(); }, true},
-        {"entries cleared",
-         [](PlayBoard& b, RecordingNotifier& n) {
-             n.queueAnswer(AnswerYes);
-             b.apply(Move::clearEntries());
-         },
-         false},
-        {"clear declined",
-         [](PlayBoard& b, RecordingNotifier& n) {
-             n.queueAnswer(AnswerNo);
-             b.apply(Move::clearEntries());
-         },
-         true},
-        {"a word placed",
-         [](PlayBoard& b, RecordingNotifier&) {
-             b.apply(Move::tile(Pony));
-             b.apply(Move::marker(PonyOn));
-         },
-         true},
-    };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         newPuzzle();
         showSolutionOnce();
         ASSERT_TRUE(m_board.completionCheckRunning());
-        row.action(m_board, m_notifier);
+        row.action();
         EXPECT_EQ(m_board.completionCheckRunning(), row.running);
     }
 }
 
-TEST_F(Completion, FullBoardWithoutTheSolutionButtonIsNeverCongratulated) {
-    fillBoard();
-    for (int tick = 0; tick < 3; ++tick)
-        EXPECT_FALSE(m_board.completionTick());
-    EXPECT_TRUE(m_notifier.messages().isEmpty());
-}
-
-TEST_F(Completion, FullBoardIsCongratulatedAtTheFirstTickAfterARelease) {
-    fillBoard();
-    showSolutionOnce();
+TEST_F(Completion, FullBoardIsCongratulatedOnceAtTheFirstTickAfterEachRelease) {
+    fillAndCheck();
     EXPECT_TRUE(m_board.completionTick());
     ASSERT_EQ(m_notifier.messages().size(), 1);
     EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("All Done!"));
     EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbhappy+vbok"));
     EXPECT_FALSE(m_notifier.messages()[0].standard);
     // The check is off from then on.
-    EXPECT_FALSE(m_board.completionCheckRunning());
     EXPECT_EQ(m_checkSignals, (std::vector<bool>{true, false}));
     EXPECT_FALSE(m_board.completionTick());
     EXPECT_EQ(allDoneCount(), 1);
+    // Another press and release brings the message again.
+    showSolutionOnce();
+    EXPECT_TRUE(m_board.completionTick());
+    EXPECT_EQ(allDoneCount(), 2);
 }
 
 TEST_F(Completion, RunningCheckWaitsForTheTenthCell) {
@@ -107,83 +93,81 @@ TEST_F(Completion, RunningCheckWaitsForTheTenthCell) {
     EXPECT_TRUE(m_board.completionCheckRunning());
     place(Yard, YardOn);
     EXPECT_TRUE(m_board.completionTick());
-    EXPECT_EQ(allDoneCount(), 1);
 }
 
-TEST_F(Completion, AnotherPressAndReleaseBringsTheMessageAgain) {
-    fillBoard();
-    showSolutionOnce();
-    m_board.completionTick();
-    showSolutionOnce();
-    EXPECT_TRUE(m_board.completionTick());
-    EXPECT_EQ(allDoneCount(), 2);
-}
-
-TEST_F(Completion, FilledCellsCountNotTheSolutionLetters) {
+TEST_F(Completion, FilledCellsCountNotTheSolutionLettersButTheTilesMustShow) {
     // Same words, but a record whose solution letters are all different from them.
     m_grid.SolutionLetters.fill(QStringLiteral("x"));
-    fillBoard();
-    showSolutionOnce();
+    fillAndCheck();
     EXPECT_TRUE(m_board.completionTick());
-}
-
-TEST_F(Completion, NoCongratulationOnceTheTilesAreBlank) {
-    fillBoard();
-    showSolutionOnce();
-    m_board.ClearBoard(); // the cells go too, and with the tiles the puzzle
+    // Blank tiles: the cells go too, and with the tiles the puzzle.
+    newPuzzle();
+    fillAndCheck();
+    m_board.ClearBoard();
     EXPECT_FALSE(m_board.completionTick());
-    EXPECT_TRUE(m_notifier.messages().isEmpty());
+    EXPECT_EQ(allDoneCount(), 1);
 }
 
 // --- Re-entrancy: ticks that arrive while a message is open ------------------------------
 
-TEST_F(Completion, TickDuringAllDoneOpensNoSecondMessage) {
-    fillBoard();
-    showSolutionOnce();
-    m_notifier.duringMessage = [this] { m_board.completionTick(); };
+TEST_F(Completion, TickDuringAllDoneOpensNoSecondMessageAndEventsRunAfterIt) {
+    fillAndCheck();
+    QStringList order;
+    m_notifier.duringMessage = [&] {
+        order << "message";
+        m_board.completionTick();
+    };
+    m_pump.setAction([&] { order << "events"; });
     m_board.completionTick();
     EXPECT_EQ(allDoneCount(), 1);
-}
-
-TEST_F(Completion, TickDuringTheClearQuestionWaitsForTheAnswer) {
-    fillBoard();
-    showSolutionOnce();
-    m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
-    m_notifier.queueAnswer(AnswerNo);
-    m_board.apply(Move::clearEntries());
-    EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
-    // Declined: the board is still full and the check still on, so the next tick congratulates.
-    m_notifier.duringMessage = {};
-    EXPECT_TRUE(m_board.completionTick());
-    EXPECT_EQ(shownTexts(), QStringList({"Clear all User Entries?", "All Done!"}));
+    EXPECT_EQ(order, QStringList({"message", "events"}));
 }
 
 TEST_F(Completion, TickWhileTheClearLetsEventsRunIsDropped) {
-    fillBoard();
-    showSolutionOnce();
+    fillAndCheck();
     m_pump.setAction([this] { EXPECT_FALSE(m_board.completionTick()); });
-    m_notifier.queueAnswer(AnswerYes);
-    m_board.apply(Move::clearEntries());
+    clearEntries(AnswerYes);
     EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
     EXPECT_FALSE(m_board.completionCheckRunning());
 }
 
-TEST_F(Completion, TickWhileAMessageOfAnotherCommandIsOpenWaits) {
-    fillBoard();
-    showSolutionOnce();
+TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
+    fillAndCheck();
     m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
-    m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
-    EXPECT_EQ(shownTexts(), QStringList{"Exit?"});
+    clearEntries(AnswerNo); // the board's own question
+    m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")); // another's
+    EXPECT_EQ(shownTexts(), QStringList({"Clear all User Entries?", "Exit?"}));
+    // Declined and closed: the board is still full and the check on.
     m_notifier.duringMessage = {};
     EXPECT_TRUE(m_board.completionTick());
 }
 
-TEST_F(Completion, AllDoneLetsEventsRunAfterTheMessage) {
-    fillBoard();
-    showSolutionOnce();
-    QStringList order;
-    m_notifier.duringMessage = [&] { order << "message"; };
-    m_pump.setAction([&] { order << "events"; });
-    m_board.completionTick();
-    EXPECT_EQ(order, QStringList({"message", "events"}));
+// --- The message gate --------------------------------------------------------------------
+
+TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesCloses) {
+    HookedNotifier inner;
+    MessageGate gate(inner);
+    std::vector<bool> seen;
+    bool nested = false;
+    inner.duringMessage = [&] {
+        seen.push_back(gate.isOpen());
+        if (std::exchange(nested, true))
+            return;
+        inner.queueAnswer(AnswerRetry);
+        EXPECT_EQ(gate.standardBox("inner", "vbRetryCancel", "Options"), AnswerRetry);
+        seen.push_back(gate.isOpen());
+    };
+    EXPECT_FALSE(gate.isOpen());
+    gate.MsgboxA("outer", "vbOkOnly");
+    EXPECT_EQ(seen, (std::vector<bool>{true, true, true})); // outer, inner, outer after inner
+    EXPECT_FALSE(gate.isOpen());
+    EXPECT_EQ(inner.messages().last().title, QStringLiteral("Options"));
+}
+
+TEST(MessageGate, ClosesWhenTheMessageWindowThrows) {
+    HookedNotifier inner;
+    MessageGate gate(inner);
+    inner.fail = true;
+    EXPECT_THROW(gate.MsgboxA("x", "vbOkOnly"), std::runtime_error);
+    EXPECT_FALSE(gate.isOpen());
 }

@@ -1,6 +1,6 @@
 // The common set-up of the play tests: the reference puzzle on a board whose messages go to a
-// recording notifier. A hook can run while a message "is open" (inside MsgboxA), standing in
-// for the timer events a modal message loop delivers.
+// recording notifier. A hook can run while a message "is open" (inside MsgboxA or
+// standardBox), standing in for the timer events a modal message loop delivers.
 #pragma once
 
 #include "board/messagegate.h"
@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 
 class HookedNotifier : public RecordingNotifier {
 public:
@@ -19,19 +20,31 @@ public:
         const int answer = RecordingNotifier::MsgboxA(s, typ);
         if (duringMessage)
             duringMessage();
+        if (fail)
+            throw std::runtime_error("message window failed");
+        return answer;
+    }
+    int standardBox(const QString& text, const QString& typ, const QString& title) override {
+        const int answer = RecordingNotifier::standardBox(text, typ, title);
+        if (duringMessage)
+            duringMessage();
         return answer;
     }
 
     std::function<void()> duringMessage;
+    bool fail = false; // MsgboxA throws after its hook
 };
 
 class PlayTest : public ::testing::Test {
 protected:
-    explicit PlayTest(StarGrid grid = referenceStar())
+    // `created`: the puzzle is on the tiles, as after a successful create.
+    explicit PlayTest(StarGrid grid = referenceStar(), bool created = true)
         : m_grid(std::move(grid)) {
         QObject::connect(&m_board, &PlayBoard::changed, [this] { ++m_changes; });
         QObject::connect(&m_board, &PlayBoard::completionCheckChanged,
                          [this](bool on) { m_checkSignals.push_back(on); });
+        if (created)
+            newPuzzle();
     }
 
     // A new puzzle on the board, as after a successful create.
@@ -47,6 +60,12 @@ protected:
     void showSolutionOnce() {
         m_board.apply(Move::solutionPress());
         m_board.apply(Move::solutionRelease());
+    }
+
+    // Clear User Entries, answering the question with `answer`.
+    bool clearEntries(int answer) {
+        m_notifier.queueAnswer(answer);
+        return m_board.apply(Move::clearEntries());
     }
 
     // The message texts shown so far.

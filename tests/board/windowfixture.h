@@ -1,0 +1,49 @@
+// The common set-up of the main-window tests: a program folder with the shipped schemes and a
+// small dictionary, and a shown Form1 whose start-up has run with a fixed shuffle.
+#pragma once
+
+#include "board/form1.h"
+
+#include "appearance/colourscheme.h"
+#include "board/clicklabel.h"
+#include "board/stararea.h"
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+#include "ui/boxcontrol.h"
+#include "ui/msgform.h"
+
+#include <QLabel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+class WindowTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        m_folder.copyShipped(QStringLiteral("all.col"));
+        // Eight words that cross (sect/peek/heck/poet/hoes, keep, hawk, smut) give one puzzle.
+        m_folder.write(QStringLiteral("english1.txt"),
+                       "sect\npeek\nheck\npoet\nhoes\nkeep\nhawk\nsmut\n");
+    }
+
+    // Opens the window; files written before this call are what start-up finds.
+    Form1& start() {
+        m_scheme.setNotifier(&m_notifier);
+        m_form = std::make_unique<Form1>(m_settings, m_scheme, m_notifier, &m_msgForm);
+        m_form->show();
+        m_form->session().random().seed(1); // the shuffle that gives the small dictionary's puzzle
+        // Timer1's only tick loads the dictionary.
+        m_form->timer1().stop();
+        QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
+        return *m_form;
+    }
+
+    TestFolder m_folder;
+    Settings m_settings;
+    ColourScheme m_scheme{m_settings};
+    RecordingNotifier m_notifier;
+    MsgForm m_msgForm;
+    std::unique_ptr<Form1> m_form;
+};
