@@ -1,4 +1,6 @@
-// Start-up settings, the file-presence test and the choice of the start-up dictionary.
+// The program folder, start-up settings, the file-presence test and the choice of the
+// start-up dictionary.
+#include "core/appfolder.h"
 #include "core/fileexists.h"
 #include "core/settings.h"
 
@@ -6,10 +8,21 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
 #include <unistd.h>
+
+TEST(AppFolder, FollowsPentalinkHomeCreatingItAndEndsInSlash) {
+    const TestFolder folder;
+    EXPECT_EQ(AppFolder(), folder.path());
+    const QString nested = folder.path() + QStringLiteral("a/b");
+    qputenv("PENTALINK_HOME", nested.toLocal8Bit());
+    resetAppFolderForTests();
+    EXPECT_EQ(AppFolder(), nested + u'/');
+    EXPECT_TRUE(QFileInfo(nested).isDir());
+}
 
 TEST(Settings, ForFolderSetsTheStartupValues) {
     const Settings s = Settings::forFolder(QStringLiteral("/opt/pentalink"));
@@ -20,9 +33,6 @@ TEST(Settings, ForFolderSetsTheStartupValues) {
     EXPECT_EQ(s.TextColour, 28u + 256u * 28u + 65536u * 28u);
     EXPECT_TRUE(s.ActiveSchemeFile.isEmpty());
     EXPECT_TRUE(s.DictionaryPath.isEmpty());
-}
-
-TEST(Settings, ForFolderKeepsASingleTrailingSlash) {
     EXPECT_EQ(Settings::forFolder(QStringLiteral("/a/b/")).AppFolder, QStringLiteral("/a/b/"));
 }
 
@@ -30,6 +40,8 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
     const TestFolder folder;
     folder.write(QStringLiteral("full.txt"), "word\r\n");
     folder.write(QStringLiteral("empty.txt"), "");
+    folder.write(QStringLiteral("locked.txt"), "word\r\n");
+    QFile(folder.file(QStringLiteral("locked.txt"))).setPermissions(QFileDevice::WriteOwner);
     QDir(folder.path()).mkdir(QStringLiteral("sub"));
     QFile::link(folder.file(QStringLiteral("full.txt")), folder.file(QStringLiteral("link.txt")));
     QFile::link(folder.file(QStringLiteral("gone.txt")), folder.file(QStringLiteral("dead.txt")));
@@ -38,39 +50,18 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
         const char* name;
         bool exists;
     } rows[] = {
-        {"full.txt", true}, {"empty.txt", false}, {"missing.txt", false},
-        {"sub", false},     {"link.txt", true},   {"dead.txt", false},
+        {"full.txt", true},
+        {"empty.txt", false},
+        {"missing.txt", false},
+        {"sub", false},
+        {"link.txt", true},
+        {"dead.txt", false},
+        // Permissions do not stop root from reading.
+        {"locked.txt", geteuid() == 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(FileExists(folder.file(QString::fromLatin1(row.name))), row.exists) << row.name;
     EXPECT_FALSE(FileExists(QString()));
-}
-
-TEST(FileExists, UnreadableFileCountsAsAbsent) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "permissions do not stop root from reading";
-    const TestFolder folder;
-    folder.write(QStringLiteral("locked.txt"), "word\r\n");
-    QFile(folder.file(QStringLiteral("locked.txt"))).setPermissions(QFileDevice::WriteOwner);
-    EXPECT_FALSE(FileExists(folder.file(QStringLiteral("locked.txt"))));
-}
-
-TEST(ProgramPath, RelativeNamesBelongToTheProgramFolder) {
-    const QString app = QStringLiteral("/home/u/pl/");
-    const struct {
-        const char* path;
-        const char* expected;
-    } rows[] = {
-        {"english1.txt", "/home/u/pl/english1.txt"},
-        {"ENGLISH1.TXT", "/home/u/pl/ENGLISH1.TXT"},
-        {"words/big.dic", "/home/u/pl/words/big.dic"},
-        {"/usr/share/dict/words", "/usr/share/dict/words"},
-        {"", ""},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(programPath(QString::fromLatin1(row.path), app),
-                  QString::fromLatin1(row.expected))
-            << row.path;
 }
 
 TEST(StartupDictionary, LoadsTheConfiguredDictionaryWhenItExists) {
@@ -88,11 +79,10 @@ TEST(StartupDictionary, LoadsTheConfiguredDictionaryWhenItExists) {
         {folder.file(QStringLiteral("mine.txt")), folder.file(QStringLiteral("mine.txt"))},
         {QStringLiteral("mine.txt"), folder.file(QStringLiteral("mine.txt"))},
         {folder.file(QStringLiteral("blank.txt")), fallback},
-        {folder.file(QStringLiteral("nowhere.txt")), fallback},
+        {QStringLiteral("/nowhere/mine.txt"), fallback},
         // The default configuration's "ENGLISH1.TXT" names no file on a case-sensitive
         // file system; the program folder's english1.txt is loaded instead.
         {QStringLiteral("ENGLISH1.TXT"), fallback},
-        {QStringLiteral("english1.txt"), fallback},
         {QString(), fallback},
     };
     for (const auto& row : rows) {

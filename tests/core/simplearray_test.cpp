@@ -18,11 +18,6 @@ QStringList itemsOf(const clsSimpleArray& list) {
     return items;
 }
 
-void fill(clsSimpleArray& list, const QStringList& items) {
-    for (const QString& item : items)
-        list.AddItem(item, -1);
-}
-
 QList<int> dataOf(const clsSimpleArray& list) {
     QList<int> data;
     for (int i = 0; i < list.ListCount(); ++i)
@@ -33,6 +28,13 @@ QList<int> dataOf(const clsSimpleArray& list) {
 // Lists that report errors go to a throw-away program folder.
 class WordListTest : public ::testing::Test {
 protected:
+    // Replaces the list's items by `items`, appended in order.
+    void fill(const QStringList& items) {
+        m_list.Clear();
+        for (const QString& item : items)
+            m_list.AddItem(item, -1);
+    }
+
     TestFolder m_folder;
     RecordingNotifier m_notifier;
     clsSimpleArray m_list{&m_notifier};
@@ -40,71 +42,40 @@ protected:
 
 } // namespace
 
-TEST_F(WordListTest, NewListIsEmptyAndFirstItemGetsIndexZero) {
-    EXPECT_EQ(m_list.ListCount(), 0);
+TEST_F(WordListTest, InsertsBeforeAnIndexMovingItemDataAlong) {
     EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_FALSE(m_list.Sorted());
-    m_list.AddItem(QStringLiteral("cake"));
-    EXPECT_EQ(m_list.ListCount(), 1);
-    EXPECT_EQ(m_list.NewIndex(), 0);
-    EXPECT_EQ(m_list.ItemData(0), 0);
-    EXPECT_EQ(m_list.Text(), QStringLiteral("cake"));
-}
-
-TEST_F(WordListTest, InsertsBeforeAnIndexAndMovesItemDataAlong) {
-    fill(m_list, {"a", "b", "c"});
+    fill({"a", "b", "c"});
     m_list.ItemData(1, 7);
     m_list.AddItem(QStringLiteral("x"), 1);
     EXPECT_EQ(itemsOf(m_list), QStringList({"a", "x", "b", "c"}));
     EXPECT_EQ(dataOf(m_list), QList<int>({0, 0, 7, 0}));
-    EXPECT_EQ(m_list.NewIndex(), 1);
+    EXPECT_EQ(m_list.Text(), QStringLiteral("x"));
     m_list.AddItem(QStringLiteral("end"), m_list.ListCount()); // equal to the count appends
-    EXPECT_EQ(m_list.List(4), QStringLiteral("end"));
     EXPECT_EQ(m_list.NewIndex(), 4);
+    m_list.List(2, QStringLiteral("z")); // writing the text keeps the item data
+    EXPECT_EQ(m_list.ItemData(2), 7);
+    m_list.Clear();
+    EXPECT_EQ(m_list.NewIndex(), -1);
+    EXPECT_EQ(m_list.capacity(), 0);
+    EXPECT_EQ(m_list.Text(), QString());
     EXPECT_TRUE(m_notifier.messages().isEmpty());
-}
-
-TEST_F(WordListTest, AddingBeyondTheCountIsAnIndexErrorAndAddsNothing) {
-    fill(m_list, {"a", "b"});
-    m_list.AddItem(QStringLiteral("x"), 3);
-    EXPECT_EQ(itemsOf(m_list), QStringList({"a", "b"}));
-    ASSERT_EQ(m_notifier.messages().size(), 1);
-    EXPECT_TRUE(m_notifier.messages()[0].text.endsWith(QStringLiteral("Function: AddItem")));
 }
 
 TEST_F(WordListTest, SortedInsertionUsesCharacterCodesAndKeepsArrivalOrderOfEquals) {
-    m_list.Sorted(true);
-    fill(m_list, {"b", "a", "c", "b", "B"});
-    EXPECT_EQ(itemsOf(m_list), QStringList({"B", "a", "b", "b", "c"}));
-    // The second "b" went after the first: the first item greater than "b" is "c".
-    EXPECT_EQ(m_list.NewIndex(), 0);
-    m_list.ItemData(2, 1); // tag the first "b"
-    m_list.AddItem(QStringLiteral("b"));
-    EXPECT_EQ(m_list.NewIndex(), 4);
-    EXPECT_EQ(m_list.ItemData(2), 1);
-}
-
-TEST_F(WordListTest, SortedInsertionFallsBackToTheGivenIndexWhenNothingIsGreater) {
-    fill(m_list, {"b", "a"});
-    m_list.Sorted(true); // existing items are not reordered
-    EXPECT_EQ(itemsOf(m_list), QStringList({"b", "a"}));
-    m_list.AddItem(QStringLiteral("z"), 0);
+    fill({"b", "a"});
+    m_list.Sorted(true);                    // existing items are not reordered
+    m_list.AddItem(QStringLiteral("z"), 0); // nothing greater: the given index
     EXPECT_EQ(itemsOf(m_list), QStringList({"z", "b", "a"}));
     m_list.AddItem(QStringLiteral("c")); // before the first greater item, "z"
     EXPECT_EQ(m_list.NewIndex(), 0);
-}
 
-TEST_F(WordListTest, RemovingOneOfTwoLeavesAReadableItemAndEmptyingReleasesStorage) {
-    fill(m_list, {"cake", "bake"});
-    m_list.RemoveItem(0);
-    EXPECT_EQ(m_list.ListCount(), 1);
-    EXPECT_EQ(m_list.List(0), QStringLiteral("bake"));
+    fill({"b", "a", "c", "b", "B"});
+    EXPECT_EQ(itemsOf(m_list), QStringList({"B", "a", "b", "b", "c"}));
     EXPECT_EQ(m_list.NewIndex(), 0);
-    m_list.RemoveItem(0);
-    EXPECT_EQ(m_list.ListCount(), 0);
-    EXPECT_EQ(m_list.capacity(), 0);
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_TRUE(m_notifier.messages().isEmpty());
+    m_list.ItemData(2, 1); // tag the first "b": the next "b" goes after both, before "c"
+    m_list.AddItem(QStringLiteral("b"));
+    EXPECT_EQ(m_list.NewIndex(), 4);
+    EXPECT_EQ(m_list.ItemData(2), 1);
 }
 
 TEST_F(WordListTest, IndexErrorsLeaveTheListUnchangedAndNameTheirAccessor) {
@@ -122,63 +93,40 @@ TEST_F(WordListTest, IndexErrorsLeaveTheListUnchangedAndNameTheirAccessor) {
         {"AddItem", [](clsSimpleArray& l) { l.AddItem(QStringLiteral("x"), 3); }},
     };
     for (const Case& c : cases) {
-        RecordingNotifier notifier;
-        clsSimpleArray list(&notifier);
-        fill(list, {"a", "b"});
-        list.ItemData(1, 4);
-        c.call(list);
-        EXPECT_EQ(itemsOf(list), QStringList({"a", "b"})) << c.function;
-        EXPECT_EQ(dataOf(list), QList<int>({0, 4})) << c.function;
-        ASSERT_EQ(notifier.messages().size(), 1) << c.function;
-        EXPECT_TRUE(notifier.messages()[0].text.endsWith(QStringLiteral("Function: ") +
-                                                         QString::fromLatin1(c.function)))
+        fill({"a", "b"});
+        m_list.ItemData(1, 4);
+        m_notifier.clear();
+        c.call(m_list);
+        EXPECT_EQ(itemsOf(m_list), QStringList({"a", "b"})) << c.function;
+        EXPECT_EQ(dataOf(m_list), QList<int>({0, 4})) << c.function;
+        ASSERT_EQ(m_notifier.messages().size(), 1) << c.function;
+        EXPECT_TRUE(m_notifier.messages()[0].text.endsWith(QStringLiteral("Function: ") +
+                                                           QString::fromLatin1(c.function)))
             << c.function;
     }
 }
 
-TEST_F(WordListTest, WritingTextKeepsItemData) {
-    fill(m_list, {"a"});
-    m_list.ItemData(0, 3);
-    m_list.List(0, QStringLiteral("z"));
-    EXPECT_EQ(m_list.List(0), QStringLiteral("z"));
-    EXPECT_EQ(m_list.ItemData(0), 3);
-}
-
-TEST_F(WordListTest, ClearForgetsItemsAndNewIndex) {
-    fill(m_list, {"a", "b"});
-    m_list.Clear();
-    EXPECT_EQ(m_list.ListCount(), 0);
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_EQ(m_list.capacity(), 0);
-    EXPECT_EQ(m_list.Text(), QString());
-}
-
-TEST_F(WordListTest, FindItemExactOrContainedIgnoringCase) {
-    fill(m_list, {"", "Bread", "cake", "CAKES"});
-    EXPECT_TRUE(m_list.FindItem(QStringLiteral("CAKE"), true));
-    EXPECT_EQ(m_list.NewIndex(), 2);
-    EXPECT_TRUE(m_list.FindItem(QStringLiteral("kes")));
-    EXPECT_EQ(m_list.NewIndex(), 3);
-    EXPECT_FALSE(m_list.FindItem(QStringLiteral("kes"), true));
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    // An empty text is in every non-empty item, not in an empty one.
-    EXPECT_TRUE(m_list.FindItem(QString()));
-    EXPECT_EQ(m_list.NewIndex(), 1);
-    EXPECT_TRUE(m_list.FindItem(QString(), true));
-    EXPECT_EQ(m_list.NewIndex(), 0);
-}
-
-TEST_F(WordListTest, CaseIsIgnoredOneCharacterAtATime) {
-    fill(m_list, {QStringLiteral("stra\u00dfe"), QStringLiteral("\u00dcBER")});
-    EXPECT_TRUE(m_list.FindItem(QStringLiteral("\u00fcber"), true));
-    EXPECT_EQ(m_list.NewIndex(), 1);
-    // Upper-casing character by character keeps "ß", so it never equals "SS".
-    EXPECT_FALSE(m_list.FindItem(QStringLiteral("STRASSE"), true));
-    EXPECT_TRUE(m_list.FindItem(QStringLiteral("STRA\u00dfE"), true));
-}
-
-TEST_F(WordListTest, FindItemDataFindsTheFirstMatch) {
-    fill(m_list, {"a", "b", "c"});
+TEST_F(WordListTest, FindItemAndFindItemDataSetNewIndex) {
+    fill(
+        {"", "Bread", "cake", "CAKES", QStringLiteral("stra\u00dfe"), QStringLiteral("\u00dcBER")});
+    const struct {
+        QString text;
+        bool exact;
+        int index;
+    } rows[] = {
+        {QStringLiteral("CAKE"), true, 2},
+        {QStringLiteral("kes"), false, 3},
+        {QString(), false, 1}, // an empty text is in every non-empty item, not in an empty one
+        {QString(), true, 0},
+        {QStringLiteral("\u00fcber"), true, 5},
+        // Upper-casing character by character keeps "ß", so it never equals "SS".
+        {QStringLiteral("STRASSE"), true, -1},
+        {QStringLiteral("STRA\u00dfE"), true, 4},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(m_list.FindItem(row.text, row.exact), row.index >= 0) << qPrintable(row.text);
+        EXPECT_EQ(m_list.NewIndex(), row.index) << qPrintable(row.text);
+    }
     m_list.ItemData(1, 5);
     m_list.ItemData(2, 5);
     EXPECT_TRUE(m_list.FindItemData(5));
@@ -187,109 +135,85 @@ TEST_F(WordListTest, FindItemDataFindsTheFirstMatch) {
     EXPECT_EQ(m_list.NewIndex(), -1);
 }
 
-TEST_F(WordListTest, FindStringAllStepsThroughUnusedMatchesAndMarksThem) {
-    fill(m_list, {"cake", "bake", "kab*", "tram"});
-    m_list.AddItem(QStringLiteral("x")); // NewIndex 4
-    EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), 0);
+TEST_F(WordListTest, PatternSearchesAndWhatTheyMark) {
+    fill({"cake", "bake", "kab*", "tram", "x"});
+    // FindStringAll steps through unused matches, marks them and forgets NewIndex.
+    for (const int expected : {0, 1, 2, -1})
+        EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), expected);
     EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), 1);
-    EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), 2);
-    EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), -1);
     EXPECT_EQ(dataOf(m_list), QList<int>({1, 1, 1, 0, 0}));
-    for (int i = 0; i < m_list.ListCount(); ++i)
-        m_list.ItemData(i, 0);
-    EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), 0);
-}
 
-TEST_F(WordListTest, FindStringLeavesNewIndexAndFindStringOldSkipsOneIndexWithoutMarking) {
-    fill(m_list, {"cake", "bake"});
-    m_list.FindItem(QStringLiteral("bake"), true);
+    // FindString reads and sets the marks but leaves NewIndex; FindStringOld skips one index
+    // and ignores the marks.
+    fill({"cake", "bake"});
+    m_list.FindItem(QStringLiteral("cake"), true);
     EXPECT_EQ(m_list.FindString(QStringLiteral("*ake")), 0);
-    EXPECT_EQ(m_list.NewIndex(), 1);
+    EXPECT_EQ(m_list.FindString(QStringLiteral("*ake")), 1);
+    EXPECT_EQ(m_list.NewIndex(), 0);
     EXPECT_EQ(m_list.FindStringOld(QStringLiteral("*ake"), 0), 1);
     EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_EQ(m_list.FindStringOld(QStringLiteral("*ake"), 5), 0); // marks are not read
-    EXPECT_EQ(dataOf(m_list), QList<int>({1, 0}));
-}
+    EXPECT_EQ(m_list.FindStringOld(QStringLiteral("*ake"), 5), 0);
+    EXPECT_EQ(dataOf(m_list), QList<int>({1, 1}));
 
-TEST_F(WordListTest, FindRandomMarksItemsThatTheLetterPoolCanSpell) {
-    fill(m_list, {"silent", "tins", "lilt", "set", "enlists"});
+    // FindRandom marks each item the letter pool can spell with its length.
+    fill({"silent", "tins", "lilt", "set", "enlists"});
     m_list.ItemData(2, 9);
     EXPECT_EQ(m_list.FindRandom(QStringLiteral("listen")), QString());
     EXPECT_EQ(dataOf(m_list), QList<int>({6, 4, 0, 0, 0}));
 }
 
-TEST_F(WordListTest, RemoveItemsMatchingIsAnEqualityTestIgnoringCase) {
-    fill(m_list, {"cake", "Cake", "cakes", "c*"});
-    m_list.RemoveItemsMatching(QStringLiteral("CAKE"));
-    EXPECT_EQ(itemsOf(m_list), QStringList({"cakes", "c*"}));
+TEST_F(WordListTest, Removals) {
+    fill({"cake", "Cake", "cakes", "c*", "x"});
+    m_list.RemoveItem(4);
+    EXPECT_EQ(m_list.NewIndex(), 3);                    // the new last index
+    m_list.RemoveItemsMatching(QStringLiteral("CAKE")); // equality ignoring case, no pattern
     m_list.RemoveItemsMatching(QStringLiteral("c*"));
     EXPECT_EQ(itemsOf(m_list), QStringList({"cakes"}));
-}
 
-TEST_F(WordListTest, RemoveItemDataMatchingRemovesEveryTaggedItem) {
-    fill(m_list, {"a", "b", "c", "d"});
+    fill({"a", "b", "c", "d"});
     m_list.ItemData(0, 2);
     m_list.ItemData(2, 2);
     m_list.RemoveItemDataMatching(2);
     EXPECT_EQ(itemsOf(m_list), QStringList({"b", "d"}));
     EXPECT_EQ(m_list.NewIndex(), 1);
-}
 
-TEST_F(WordListTest, RemoveDuplicatesKeepsFirstOccurrencesInOrder) {
-    fill(m_list, {"b", "a", "B", "c", "A", "b", "d"});
+    fill({"b", "a", "B", "c", "A", "b", "d"});
     m_list.ItemData(1, 8);
-    m_list.RemoveDuplicates();
+    m_list.RemoveDuplicates(); // first occurrences stay, in order
     EXPECT_EQ(itemsOf(m_list), QStringList({"b", "a", "c", "d"}));
     EXPECT_EQ(dataOf(m_list), QList<int>({0, 8, 0, 0}));
 }
 
-TEST(WordListCapacity, GrowsByOneHundredSlotsPastTheLastIndex) {
+TEST(WordListCapacity, GrowsPastTheLastSlotAndShrinksPastOneHundredUnused) {
     clsSimpleArray list;
-    EXPECT_EQ(list.capacity(), 0);
-    list.AddItem(QStringLiteral("w"));
+    list.AddItem(QStringLiteral("0"));
     EXPECT_EQ(list.capacity(), 101);
-    for (int n = 2; n <= 101; ++n)
-        list.AddItem(QStringLiteral("w"));
+    while (list.ListCount() < 101)
+        list.AddItem(QString::number(list.ListCount()));
     EXPECT_EQ(list.capacity(), 101);
     list.AddItem(QStringLiteral("w"), 0); // the 102nd item, inserted: last index 101
     EXPECT_EQ(list.capacity(), 202);
-    while (list.ListCount() < 203)
-        list.AddItem(QStringLiteral("w"));
-    EXPECT_EQ(list.capacity(), 303);
-}
+    list.RemoveItem(5); // last index 100: 201 > 200 unused
+    EXPECT_EQ(list.capacity(), 101);
+    EXPECT_EQ(list.List(5), QStringLiteral("5"));
+    list.RemoveItem(0); // last index 99: 100 is not more than 199
+    EXPECT_EQ(list.capacity(), 101);
 
-TEST(WordListCapacity, ShrinksToTheItemsWhenMoreThanOneHundredSlotsAreUnused) {
-    clsSimpleArray list;
-    for (int n = 0; n < 300; ++n)
-        list.AddItem(QString::number(n));
-    ASSERT_EQ(list.capacity(), 303); // last slot 302
+    while (list.ListCount() < 300)
+        list.AddItem(QString::number(list.ListCount()));
+    ASSERT_EQ(list.capacity(), 303);
     while (list.ListCount() > 203)
         list.RemoveItem(0);
     EXPECT_EQ(list.capacity(), 303); // last index 202: exactly 100 unused slots
     list.RemoveItem(0);
-    EXPECT_EQ(list.capacity(), 202); // last index 201: 101 unused, shrink to the 202 items
-    EXPECT_EQ(list.List(0), QStringLiteral("98"));
+    EXPECT_EQ(list.capacity(), 202); // 101 unused: shrink to the 202 items
     EXPECT_EQ(list.List(201), QStringLiteral("299"));
-}
 
-TEST(WordListCapacity, ShrinkPointAndBulkRemovalFollowTheSameRule) {
-    clsSimpleArray list;
+    list.Clear();
     for (int n = 0; n < 102; ++n)
-        list.AddItem(QString::number(n));
-    ASSERT_EQ(list.capacity(), 202); // last slot 201, last index 101
-    list.RemoveItem(5);              // last index 100: 201 > 200
+        list.AddItem(n % 2 ? QStringLiteral("odd") : QStringLiteral("even"));
+    list.RemoveItemsMatching(QStringLiteral("odd")); // 51 removals, the first one shrinks
     EXPECT_EQ(list.capacity(), 101);
-    EXPECT_EQ(list.List(5), QStringLiteral("6"));
-    list.RemoveItem(0); // last index 99: 100 is not more than 199
-    EXPECT_EQ(list.capacity(), 101);
-
-    clsSimpleArray bulk;
-    for (int n = 0; n < 102; ++n)
-        bulk.AddItem(n % 2 ? QStringLiteral("odd") : QStringLiteral("even"));
-    bulk.RemoveItemsMatching(QStringLiteral("odd")); // 51 removals, the first one shrinks
-    EXPECT_EQ(bulk.ListCount(), 51);
-    EXPECT_EQ(bulk.capacity(), 101);
-    bulk.RemoveItemsMatching(QStringLiteral("even"));
-    EXPECT_EQ(bulk.capacity(), 0);
+    list.RemoveItemsMatching(QStringLiteral("even"));
+    EXPECT_EQ(list.capacity(), 0);
 }

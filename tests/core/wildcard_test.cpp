@@ -67,60 +67,26 @@ bool regexMatches(const std::string& text, const std::string& pattern) {
 
 } // namespace
 
-TEST(Wildcard, TableOfCases) {
+TEST(Wildcard, CasesBeyondTheRandomAlphabet) {
+    // Case matters, ranges, the generator's own patterns, and "?" taking a whole surrogate
+    // pair, which a list can hold too. Everything over "ab1?*#[]!-" is left to the random
+    // comparison below.
     const Case cases[] = {
-        {"cake", "cake", true},
         {"cake", "Cake", false},
-        {"cake", "cak", false},
-        {"cake", "?a??*", true},
         {"ekac*", "?k??*", true},
-        {"cake", "?a??", true},
         {"cakes", "?a??", false},
-        {"", "*", true},
-        {"", "?", false},
-        {"", "", true},
-        {"a", "", false},
-        {"abc", "a*c", true},
-        {"ac", "a*c", true},
-        {"abcbc", "a*bc", true},
-        {"abcb", "a*bc", false},
-        {"a1", "a#", true},
-        {"ab", "a#", false},
-        {"b", "[abc]", true},
-        {"d", "[abc]", false},
-        {"d", "[!abc]", true},
-        {"a", "[!abc]", false},
         {"m", "[a-z]", true},
         {"M", "[a-z]", false},
-        {"-", "[a-]", true},
-        {"-", "[-a]", true},
-        {"b", "[z-a]", false},
-        {"x", "[]", false},
-        {"x", "[!]", true},
-        {"]", "]", true},
-        {"!", "!", true},
-        {"ab", "[a", false},
-        {"[a", "[a", false},
-        {"a[", "a[", false},
-        {"a*", "a[*]", true},
-        {"a?", "a[?]", true},
-        {"ab", "a[?]", false},
         {"\u00fcber", "?ber", true},
-        {"\u00fcber", "\u00fc*", true},
+        {"a\U0001F600b", "a?b", true},
+        {"a\U0001F600b", "a??b", false},
+        {"a\U0001F600b", "*[\U0001F600]*", true},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(matchesWildcard(QString::fromUtf8(c.text), QString::fromUtf8(c.pattern)),
                   c.matches)
             << '"' << c.text << "\" like \"" << c.pattern << '"';
     }
-}
-
-TEST(Wildcard, QuestionMarkTakesAWholeSurrogatePair) {
-    const QString emoji = QString::fromUtf8("a\xF0\x9F\x98\x80"
-                                            "b");
-    EXPECT_TRUE(matchesWildcard(emoji, QStringLiteral("a?b")));
-    EXPECT_FALSE(matchesWildcard(emoji, QStringLiteral("a??b")));
-    EXPECT_TRUE(matchesWildcard(emoji, QString::fromUtf8("*[\xF0\x9F\x98\x80]*")));
 }
 
 TEST(Wildcard, AgreesWithARegularExpressionFormulation) {
