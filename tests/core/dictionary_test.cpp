@@ -4,6 +4,7 @@
 #include "core/codepoints.h"
 #include "core/dictionary.h"
 #include "core/randomsource.h"
+#include "support/listitems.h"
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
@@ -15,13 +16,6 @@
 #include <random>
 
 namespace {
-
-QStringList itemsOf(const clsSimpleArray& list) {
-    QStringList items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items << list.List(i);
-    return items;
-}
 
 class DictionaryTest : public ::testing::Test {
 protected:

@@ -12,6 +12,7 @@
 #include "core/randomsource.h"
 #include "core/stargrid.h"
 
+#include "support/listitems.h"
 #include "support/testfolder.h"
 
 #include <QFile>
@@ -311,11 +312,8 @@ TEST(DifferentialTest, ShippedDictionaryWithSeveralSeeds) {
         RandomSource random(seed);
         DictionaryLoader loader(loaded, random);
         ASSERT_TRUE(loader.LoadDictionary(path));
-        QStringList entries;
-        for (int i = 0; i < loaded.ListCount(); ++i)
-            entries << loaded.List(i);
         Pair pair;
-        pair.fill(entries);
+        pair.fill(itemsOf(loaded));
         for (int r = 0; r < 2; ++r) {
             SCOPED_TRACE("request " + std::to_string(r));
             GenerationResult result;

@@ -6,6 +6,7 @@
 #include "core/literalgenerator.h"
 #include "core/randomsource.h"
 #include "core/stargrid.h"
+#include "support/listitems.h"
 
 #include "support/testfolder.h"
 
@@ -15,13 +16,6 @@
 #include <random>
 
 namespace {
-
-QStringList itemsOf(const clsSimpleArray& list) {
-    QStringList items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items << list.List(i);
-    return items;
-}
 
 // The eight offered words in tile order, decoys marked.
 QStringList offered(const StarGrid& grid) {

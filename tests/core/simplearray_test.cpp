@@ -1,6 +1,7 @@
 // The word-list class: insertion and sorted insertion, removal, the searches, the letter-pool
 // test, index errors and the capacity rules.
 #include "core/clssimplearray.h"
+#include "support/listitems.h"
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
@@ -10,13 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-QStringList itemsOf(const clsSimpleArray& list) {
-    QStringList items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items << list.List(i);
-    return items;
-}
 
 QList<int> dataOf(const clsSimpleArray& list) {
     QList<int> data;
