@@ -7,4 +7,12 @@ if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLAT
     # Not a failure of the build: there is simply nowhere to show the window.
     exit 0
 fi
+# Virtual screens started by root often come without a runtime folder; give Qt a private one
+# rather than let it warn about it.
+if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+    runtime="${TMPDIR:-/tmp}/pentalink-runtime-$(id -u)"
+    if mkdir -p -m 700 "$runtime" 2>/dev/null && [ -O "$runtime" ]; then
+        chmod 700 "$runtime" && export XDG_RUNTIME_DIR="$runtime"
+    fi
+fi
 exec "$exe"
