@@ -90,16 +90,7 @@ TEST_F(DictionaryTest, LoadOrderIsTheKeyOrderOfTheNumbersDrawnPerWord) {
     ASSERT_TRUE(m_loader.LoadDictionary(m_folder.file(QStringLiteral("d.txt"))));
 
     RandomSource draws(5);
-    std::vector<ShuffleKey> keys;
-    for (const QString& w : words) {
-        const qint64 number = draws.between(1, 99998);
-        keys.push_back({number, w});
-        keys.push_back({number, reversedCodePoints(w) + u'*'});
-    }
-    sortShuffleKeys(keys);
-    QStringList expected;
-    for (const ShuffleKey& k : keys)
-        expected << k.entry;
+    const QStringList expected = loadedEntries(words, draws);
     EXPECT_EQ(itemsOf(m_list), expected);
     // The next load draws on: another order.
     ASSERT_TRUE(m_loader.LoadDictionary(m_folder.file(QStringLiteral("d.txt"))));

@@ -126,22 +126,6 @@ private:
     IndexedPuzzleGenerator m_fast;
 };
 
-// The entries a dictionary load makes of `words`, shuffled as loading does (one number per
-// word, both entries of a word together, ordered by number then entry ignoring case).
-QStringList loadedEntries(const QStringList& words, RandomSource& random) {
-    std::vector<ShuffleKey> keys;
-    for (const QString& w : words) {
-        const qint64 number = random.between(1, 99998);
-        keys.push_back({number, w});
-        keys.push_back({number, reversedCodePoints(w) + u'*'});
-    }
-    sortShuffleKeys(keys);
-    QStringList entries;
-    for (const ShuffleKey& k : keys)
-        entries << k.entry;
-    return entries;
-}
-
 // Characters random dictionaries are made of: twins in both cases, digits, characters that
 // are wildcards in a pattern, characters that mean something only inside a list, and one
 // character outside the common plane (a surrogate pair).
