@@ -24,6 +24,62 @@ TEST(AppFolder, FollowsPentalinkHomeCreatingItAndEndsInSlash) {
     EXPECT_TRUE(QFileInfo(nested).isDir());
 }
 
+// Two starts of an installed game: the first seeds an empty folder, the player then edits
+// files, an upgrade installs newer data, and the second start seeds again.
+TEST(SeedProgramFolder, KeepsThePlayersFilesAcrossAnUpgradeAndRefreshesTheHelpPage) {
+    const TestFolder user;
+    const TestFolder install;
+    const QStringList shipped = {"english1.txt", "all.col", "pentalink.htm"};
+    for (const QString& name : shipped)
+        install.write(name, "v1 " + name.toUtf8());
+
+    seedProgramFolder(user.path(), install.path());
+    for (const QString& name : shipped)
+        EXPECT_EQ(user.read(name), "v1 " + name.toUtf8()) << name.toStdString();
+
+    user.write(QStringLiteral("all.col"), "edited schemes");
+    user.write(QStringLiteral("pentalink.cfg"), "player's settings");
+    QFile::remove(user.file(QStringLiteral("english1.txt")));
+    for (const QString& name : shipped)
+        install.write(name, "v2 " + name.toUtf8());
+    install.write(QStringLiteral("pentalink.cfg"), "never shipped");
+
+    seedProgramFolder(user.path(), install.path());
+    const struct {
+        const char* name;
+        QByteArray expected;
+    } rows[] = {
+        {"all.col", "edited schemes"},
+        {"pentalink.cfg", "player's settings"},
+        {"english1.txt", "v2 english1.txt"}, // deleted by the player: seeded again
+        {"pentalink.htm", "v2 pentalink.htm"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(user.read(QString::fromLatin1(row.name)), row.expected) << row.name;
+
+    // An unchanged dictionary is the player's too: it is not replaced by a newer one.
+    install.write(QStringLiteral("english1.txt"), "v3 english1.txt");
+    seedProgramFolder(user.path(), install.path());
+    EXPECT_EQ(user.read(QStringLiteral("english1.txt")), "v2 english1.txt");
+}
+
+TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
+    const TestFolder user;
+    const TestFolder install;
+    install.write(QStringLiteral("all.col"), "schemes");
+    // The help page is missing from the install; the dictionary's name is taken by a folder.
+    QDir(install.path()).mkdir(QStringLiteral("english1.txt"));
+    seedProgramFolder(user.path(), install.path());
+    EXPECT_EQ(QDir(user.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList{"all.col"});
+
+    // A folder that cannot exist (its path runs through a regular file) gets nothing.
+    const QString blocked = user.file(QStringLiteral("all.col")) + QStringLiteral("/sub/");
+    seedProgramFolder(blocked, install.path());
+    EXPECT_EQ(user.read(QStringLiteral("all.col")), "schemes");
+    EXPECT_FALSE(QFileInfo::exists(blocked));
+}
+
 TEST(Settings, ForFolderSetsTheStartupValues) {
     const Settings s = Settings::forFolder(QStringLiteral("/opt/pentalink"));
     EXPECT_EQ(s.AppFolder, QStringLiteral("/opt/pentalink/"));
