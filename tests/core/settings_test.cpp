@@ -1,6 +1,7 @@
 // The program folder, start-up settings, the file-presence test and the choice of the
 // start-up dictionary.
 #include "core/appfolder.h"
+#include "core/commandline.h"
 #include "core/fileexists.h"
 #include "core/settings.h"
 
@@ -78,6 +79,33 @@ TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
     seedProgramFolder(blocked, install.path());
     EXPECT_EQ(user.read(QStringLiteral("all.col")), "schemes");
     EXPECT_FALSE(QFileInfo::exists(blocked));
+}
+
+TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {
+    using Action = GameArguments::Action;
+    const struct {
+        QStringList args; // after argv[0]
+        Action action;
+        QStringList ignored;
+    } rows[] = {
+        {{}, Action::Run, {}},
+        {{"--help"}, Action::Help, {}},
+        {{"-h"}, Action::Help, {}},
+        {{"--version"}, Action::Version, {}},
+        {{"-V"}, Action::Version, {}},
+        {{"--version", "--help"}, Action::Version, {"--help"}},
+        {{"puzzle.txt", "-h", "-v"}, Action::Help, {"puzzle.txt", "-v"}},
+        {{"--helpme", "-help", "--"}, Action::Run, {"--helpme", "-help", "--"}},
+    };
+    for (const auto& row : rows) {
+        const GameArguments parsed = parseGameArguments(QStringList{"pentalink"} + row.args);
+        EXPECT_EQ(parsed.action, row.action) << row.args.join(u' ').toStdString();
+        EXPECT_EQ(parsed.ignored, row.ignored) << row.args.join(u' ').toStdString();
+    }
+    EXPECT_EQ(ignoredArgumentsWarning({}), QString());
+    EXPECT_EQ(ignoredArgumentsWarning({"x y"}), "pentalink: ignoring unknown argument 'x y'\n");
+    EXPECT_EQ(ignoredArgumentsWarning({"-a", "b"}),
+              "pentalink: ignoring unknown arguments '-a' 'b'\n");
 }
 
 TEST(Settings, ForFolderSetsTheStartupValues) {
