@@ -1,12 +1,12 @@
 // Entry point of the game: checks that there is a screen to draw on, builds the program-wide
 // objects (settings, colour scheme, message window) and opens the main window.
 #include "appearance/colourscheme.h"
-#include "board/buttonpictures.h"
 #include "board/form1.h"
 #include "core/commandline.h"
 #include "core/settings.h"
 #include "ui/msgform.h"
 #include "ui/msgformnotifier.h"
+#include "ui/programicon.h"
 
 #include <QApplication>
 
@@ -59,7 +59,7 @@ int main(int argc, char* argv[]) {
     // Ties the windows to the installed desktop entry (its icon and name in docks and task
     // switchers, the Wayland application id).
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.pentalink.Pentalink"));
-    QApplication::setWindowIcon(windowIcon());
+    QApplication::setWindowIcon(programIcon());
 
     Settings settings;
     ColourScheme scheme(settings);
