@@ -8,6 +8,8 @@
 #include "board/buttonpictures.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
+#include "board/printcommand.h"
+#include "board/sheetpainter.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
 #include "ui/aboutform.h"
@@ -20,6 +22,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
 #include <QLabel>
@@ -150,12 +153,9 @@ void Form1::connectCommands() {
             [this] { notAvailableYet(QStringLiteral("The Options window")); });
     connect(menu.mnuhelp, &QAction::triggered, this, &Form1::helpCommand);
     connect(menu.mnuabout, &QAction::triggered, this, &Form1::aboutCommand);
-    connect(menu.mnuprint, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("Printing")); });
-    for (int i : {0, 1}) {
-        connect(menu.mnu2clip[i], &QAction::triggered, this,
-                [this] { notAvailableYet(QStringLiteral("Copying to the clipboard")); });
-    }
+    connect(menu.mnuprint, &QAction::triggered, this, &Form1::printCommand);
+    for (int i : {0, 1})
+        connect(menu.mnu2clip[i], &QAction::triggered, this, [this, i] { CopyPuzzlePicture(i); });
 
     connect(m_cmdcreate, &BoxControl::MouseUp, this, [this] { createCommand(); });
     connect(m_cmddict, &BoxControl::MouseUp, this, [this] { dictionaryCommand(); });
@@ -352,6 +352,26 @@ void Form1::aboutCommand() {
     }
     m_aboutForm->exec();
     letEventsRun();
+}
+
+SheetContent Form1::sheet() const {
+    return sheetContent(m_session->grid(), m_board->state(), m_settings.BoardFontName);
+}
+
+void Form1::printCommand() {
+    if (m_printing)
+        return;
+    m_printing = true;
+    ::printCommand(
+        m_gate, [this] { letEventsRun(); },
+        [this] { return m_pagePrinter.print(composePage(sheet()), m_settings.AppFolder); });
+    m_printing = false;
+}
+
+void Form1::CopyPuzzlePicture(int ShowSolution) {
+    const QImage picture =
+        puzzlePicture(composePuzzlePicture(ShowSolution, sheet(), m_pictureFont));
+    QGuiApplication::clipboard()->setImage(picture);
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

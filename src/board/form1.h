@@ -6,7 +6,9 @@
 #pragma once
 
 #include "board/messagegate.h"
+#include "board/pageprinter.h"
 #include "board/playmove.h"
+#include "board/puzzlesheet.h"
 #include "core/configfile.h"
 #include "core/puzzlesession.h"
 #include "core/settings.h"
@@ -58,12 +60,19 @@ public:
     // once (modeless); About shows the About window and returns when it has closed.
     void helpCommand();
     void aboutCommand();
+    // Print: asks, then puts the puzzle and its solution on one page (printer, or a PDF file
+    // without one) and says how it went.
+    void printCommand();
+    // Copy to Clipboard: the puzzle (0) or its solution (1) as a 304 x 367 picture.
+    void CopyPuzzlePicture(int ShowSolution);
 
     PuzzleSession& session() { return *m_session; }
     QTimer& timer2() { return m_timer2; }
     FNDialog& gf1() { return *m_gf1; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
+    // Where the printed page goes (tests choose the printer and the documents folder).
+    PagePrinter& pagePrinter() { return m_pagePrinter; }
     BoardView& boardView() { return *m_boardView; }
     QLabel* statusLine() const { return m_label2; }
     BoxControl* cmddict() const { return m_cmddict; }
@@ -90,6 +99,9 @@ private:
     // The scheme colours the help and About windows take when they become active.
     SchemeLook schemeLook() const;
 
+    // The puzzle as the board shows it now, for the page and the picture.
+    SheetContent sheet() const;
+
     // Hands a player's action or a command's effect on the board to the play rules.
     void play(const Move& move);
 
@@ -115,6 +127,11 @@ private:
     FNDialog* m_gf1 = nullptr;
     Form4* m_form4 = nullptr;
     AboutForm* m_aboutForm = nullptr;
+
+    PagePrinter m_pagePrinter;
+    // The clipboard picture's font, which one composition leaves to the next.
+    SheetFont m_pictureFont;
+    bool m_printing = false;
 
     QTimer m_timer1;
     QTimer m_timer2;
