@@ -1,7 +1,7 @@
 // Entry point of the game: checks that there is a screen to draw on, builds the program-wide
 // objects (settings, colour scheme, message window) and opens the main window.
+#include "app/appsetup.h"
 #include "appearance/colourscheme.h"
-#include "board/buttonpictures.h"
 #include "board/form1.h"
 #include "core/settings.h"
 #include "ui/msgform.h"
@@ -29,9 +29,7 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("pentalink"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Pentalink"));
-    QApplication::setWindowIcon(windowIcon());
+    setUpApplication();
 
     Settings settings;
     ColourScheme scheme(settings);

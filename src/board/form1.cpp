@@ -46,18 +46,12 @@ void setTextColour(QWidget* widget, const QColor& colour) {
     widget->setPalette(palette);
 }
 
-// Gives the menu bar and every menu below it a solid background.
+// Gives the menu bar and every menu below it a solid background of exactly `colour`, with
+// black text. A style sheet, because styles paint drop-down menus from a lightened palette
+// colour; it reaches the drop-down menus because they are children of the bar.
 void setMenuColour(QMenuBar* bar, const QColor& colour) {
-    const auto paint = [&colour](QWidget* widget) {
-        QPalette palette = widget->palette();
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            palette.setColor(role, colour);
-        widget->setPalette(palette);
-        widget->setAutoFillBackground(true);
-    };
-    paint(bar);
-    for (QMenu* menu : bar->findChildren<QMenu*>())
-        paint(menu);
+    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; }")
+                           .arg(colour.name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {
@@ -82,6 +76,15 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_session(std::make_unique<PuzzleSession>(&m_gate))
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
+    // Scheme messages go through the gate too, so a completion tick never meets an open one.
+    m_scheme.setNotifier(&m_gate);
+    // The normal pointer shows while a message waits for the player, whatever work is going on.
+    m_gate.setOpenHook([](bool opening) {
+        if (opening)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(::windowIcon());
     // A fixed single frame with a minimise button and no maximise button.
@@ -98,7 +101,9 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     startUp();
 }
 
-Form1::~Form1() = default;
+Form1::~Form1() {
+    m_scheme.setNotifier(&m_notifier);
+}
 
 void Form1::buildLayout() {
     m_client = new QWidget(this);
@@ -238,12 +243,17 @@ void Form1::startUp() {
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
 
+    // Letters, markers and the status line are black whatever the desktop's palette says.
     for (int c = 0; c < StarGrid::CellCount; ++c) {
         QLabel* cell = m_starArea->cell(c);
         cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         cell->setFont(boardFont(m_settings.BoardFontName, 18, true));
+        setTextColour(cell, Qt::black);
         cell->clear();
     }
+    for (int k = 1; k <= StarGrid::DirectionCount; ++k)
+        setTextColour(m_starArea->marker(k), Qt::black);
+    setTextColour(m_label2, Qt::black);
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
         m_tiles[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 14, false));
@@ -266,6 +276,11 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
+    if (m_session->isBusy()) {
+        // A create request is still showing its message: load once it has been answered.
+        m_timer1.start();
+        return;
+    }
     renderPlay(); // no puzzle yet: empty tiles
     m_session->LoadDictionary(m_session->DictionaryPath());
     m_session->grid().SelectedWord = -1;
@@ -356,7 +371,7 @@ void Form1::exitCommand() {
     if (m_exiting)
         return;
     const int answer =
-        m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+        m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
     if (answer != AnswerYes)
         return;
@@ -387,8 +402,8 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void Form1::notAvailableYet(const QString& what) {
-    m_notifier.MsgboxA(what + QStringLiteral(" is not available yet."),
-                       QStringLiteral("vbok+vbinformation"));
+    m_gate.MsgboxA(what + QStringLiteral(" is not available yet."),
+                   QStringLiteral("vbok+vbinformation"));
     letEventsRun();
 }
 

@@ -3,6 +3,10 @@
 // the markers. Grabs the board to PNGs along the way.
 #include "windowfixture.h"
 
+#include "board/mainmenu.h"
+#include "board/playboard.h"
+
+#include <QAction>
 #include <QApplication>
 #include <QMouseEvent>
 
@@ -98,6 +102,31 @@ TEST_F(PlayWindowTest, WholeGameWithTheMouse) {
         EXPECT_EQ(form.tile(i)->text(), grid().CandidateWords[i]);
         EXPECT_EQ(form.tile(i)->frameShape(), QFrame::Panel);
     }
+}
+
+TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
+    Form1& form = *m_form;
+    for (int i = 1; i <= 8; ++i) {
+        if (const int k = directionOf(i)) {
+            form.board().apply(Move::tile(i));
+            form.board().apply(Move::marker(k));
+        }
+    }
+    form.board().apply(Move::solutionPress());
+    form.board().apply(Move::solutionRelease());
+    ASSERT_TRUE(form.timer2().isActive());
+    const auto tick = [&form] {
+        QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
+    };
+    m_notifier.duringMessage = tick;
+    m_notifier.queueAnswer(AnswerNo);
+    form.menu().cmdexitx->trigger();
+    m_settings.ActiveSchemeFile = QStringLiteral("gone.col");
+    form.Command2Click();
+    m_notifier.duringMessage = {};
+    EXPECT_EQ(m_notifier.texts(), QStringList({"Exit?", "Colour Scheme: gone.col not found"}));
+    tick();
+    EXPECT_EQ(m_notifier.texts().last(), QStringLiteral("All Done!"));
 }
 
 TEST_F(PlayWindowTest, PointerIsACrosshairOverMarkersOnlyWithASelection) {
