@@ -1,11 +1,11 @@
 // The application's identity; see appsetup.h.
 #include "app/appsetup.h"
 
-#include "board/buttonpictures.h"
+#include "ui/programicon.h"
 
 #include <QApplication>
 
 void setUpApplication() {
     QApplication::setApplicationName(QStringLiteral("pentalink"));
-    QApplication::setWindowIcon(windowIcon());
+    QApplication::setWindowIcon(programIcon());
 }
