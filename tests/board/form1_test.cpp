@@ -278,11 +278,15 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     EXPECT_FALSE(form.aboutWindow()->isVisible());
 }
 
-TEST_F(Form1Test, CloseBoxEndsWithoutSaving) {
+TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     Form1& form = start();
     const QByteArray before = m_folder.read("pentalink.cfg");
     loadOtherDictionary();
-    form.close();
+    form.menu().mnuhelp->trigger();
+    // The program's own event loop must end although the help window is still up.
+    QTimer::singleShot(0, &form, &QWidget::close);
+    QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
 }
