@@ -1,4 +1,4 @@
-// The main window `Form1`: the star board, the eight word tiles, the status line, the four
+// The main window `Form1`: the board (star and word tiles), the status line, the four
 // picture buttons and the menu bar, on a fixed layout. It owns the puzzle session (word list,
 // puzzle record, generator) for the whole run, runs the start-up sequence, applies the colour
 // scheme (SetCol) and turns menu choices and clicks into commands. It holds no game rules:
@@ -15,12 +15,11 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include <array>
 #include <memory>
 
 class AboutForm;
+class BoardView;
 class BoxControl;
-class ClickLabel;
 class ColourScheme;
 class FNDialog;
 class Form4;
@@ -28,7 +27,6 @@ class MsgForm;
 class Notifier;
 class PlayBoard;
 class QLabel;
-class StarArea;
 struct MainMenu;
 
 class Form1 : public QMainWindow {
@@ -62,13 +60,11 @@ public:
     void aboutCommand();
 
     PuzzleSession& session() { return *m_session; }
-    PlayBoard& board() { return *m_board; }
     QTimer& timer2() { return m_timer2; }
     FNDialog& gf1() { return *m_gf1; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
-    StarArea& starArea() { return *m_starArea; }
-    ClickLabel* tile(int i) const { return m_tiles.at(i); }
+    BoardView& boardView() { return *m_boardView; }
     QLabel* statusLine() const { return m_label2; }
     BoxControl* cmddict() const { return m_cmddict; }
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
@@ -94,11 +90,8 @@ private:
     // The scheme colours the help and About windows take when they become active.
     SchemeLook schemeLook() const;
 
-    // Hands a player's action to the play rules.
+    // Hands a player's action or a command's effect on the board to the play rules.
     void play(const Move& move);
-    // Shows the play state: cell letters, tile captions and looks.
-    void renderPlay();
-    void markerHovered();
 
     Settings& m_settings;
     ColourScheme& m_scheme;
@@ -113,8 +106,7 @@ private:
     std::unique_ptr<MainMenu> m_menu;
 
     QWidget* m_client = nullptr;
-    StarArea* m_starArea = nullptr;
-    std::array<ClickLabel*, StarGrid::CandidateCount + 1> m_tiles{};
+    BoardView* m_boardView = nullptr;
     QLabel* m_label2 = nullptr;
     BoxControl* m_cmddict = nullptr;
     BoxControl* m_cmdshowsol = nullptr;

@@ -1,40 +1,40 @@
 // Counting open messages; see messagegate.h.
 #include "board/messagegate.h"
 
+#include "core/scopedcount.h"
+
 namespace {
 
-// Counts one open message for its lifetime, also when the inner notifier throws, and tells
-// the hook.
-class OpenScope {
+// Tells the hook that a message opens, and that it has closed when the scope ends (also when
+// showing it throws).
+class HookScope {
 public:
-    OpenScope(int& open, const MessageGate::OpenHook& hook)
-        : m_open(open)
-        , m_hook(hook) {
-        ++m_open;
+    explicit HookScope(const MessageGate::OpenHook& hook)
+        : m_hook(hook) {
         if (m_hook)
             m_hook(true);
     }
-    ~OpenScope() {
-        --m_open;
+    ~HookScope() {
         if (m_hook)
             m_hook(false);
     }
-    OpenScope(const OpenScope&) = delete;
-    OpenScope& operator=(const OpenScope&) = delete;
+    HookScope(const HookScope&) = delete;
+    HookScope& operator=(const HookScope&) = delete;
 
 private:
-    int& m_open;
     const MessageGate::OpenHook& m_hook;
 };
 
 } // namespace
 
 int MessageGate::MsgboxA(const QString& s, const QString& typ) {
-    const OpenScope scope(m_open, m_hook);
+    const ScopedCount open(m_open);
+    const HookScope hook(m_hook);
     return m_inner.MsgboxA(s, typ);
 }
 
 int MessageGate::standardBox(const QString& text, const QString& typ, const QString& title) {
-    const OpenScope scope(m_open, m_hook);
+    const ScopedCount open(m_open);
+    const HookScope hook(m_hook);
     return m_inner.standardBox(text, typ, title);
 }

@@ -38,22 +38,14 @@ TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
     // X11 and Wayland append a display name to every title; the program sets none (the name
     // stands in for it then).
     EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
-    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409)); // 5340 x 6135 twips
-    EXPECT_EQ(form.starArea().geometry(), QRect(2, 4, 351, 317));
-    EXPECT_EQ(form.starArea().cell(0)->geometry(), QRect(158, 16, 31, 31));
-    EXPECT_EQ(form.starArea().cell(7)->geometry(), QRect(156, 216, 31, 31));
-    EXPECT_EQ(form.starArea().marker(1)->geometry(), QRect(152, 62, 23, 25));
-    EXPECT_EQ(form.starArea().marker(10)->geometry(), QRect(212, 260, 23, 25));
-    EXPECT_EQ(form.tile(2)->geometry(), QRect(92, 326, 80, 25)); // 1385 twips rounds to 92
-    EXPECT_EQ(form.tile(8)->geometry(), QRect(273, 354, 80, 25));
+    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409));      // 5340 x 6135 twips
+    EXPECT_EQ(form.boardView().geometry(), QRect(0, 0, 356, 382)); // down to the status line
     EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));
     EXPECT_EQ(form.cmdcreate()->geometry(), QRect(330, 382, 22, 22));
     EXPECT_EQ(form.cmddict()->toolTip(), QStringLiteral("Open a Dictionary File"));
     EXPECT_EQ(form.cmdshowsol()->toolTip(), QStringLiteral("Show Solution"));
     EXPECT_EQ(form.cmdreset()->toolTip(), QStringLiteral("Clear User Entries"));
     EXPECT_EQ(form.cmdcreate()->toolTip(), QStringLiteral("Create a New Puzzle"));
-    for (int k = 1; k <= 10; ++k)
-        EXPECT_EQ(form.starArea().marker(k)->text(), QStringLiteral("O"));
     EXPECT_FALSE(form.windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_TRUE(form.windowFlags() & Qt::WindowMinimizeButtonHint);
 }
@@ -90,16 +82,16 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     const QColor colour2 = OleTranslateColor(m_scheme.SchemeColours[2]);
     const QColor colour4 = OleTranslateColor(m_scheme.SchemeColours[4]);
     EXPECT_EQ(background(form.centralWidget()), colour2);
-    EXPECT_EQ(background(&form.starArea()), colour2);
-    EXPECT_EQ(background(form.starArea().cell(3)), colour2);
-    EXPECT_EQ(background(form.tile(5)), colour4);
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.ground, colour2);
+    EXPECT_EQ(style.tileFace, colour4);
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
     EXPECT_EQ(form.cmdcreate()->BackColor(), m_scheme.SchemeColours[4]);
-    const QFont cellFont = form.starArea().cell(0)->font();
-    EXPECT_TRUE(cellFont.bold());
-    EXPECT_EQ(cellFont.pointSize(), 18);
-    EXPECT_EQ(cellFont.family(), QStringLiteral("Arial"));
-    EXPECT_EQ(form.tile(1)->font().pointSize(), 12);
-    EXPECT_FALSE(form.tile(1)->font().bold());
+    EXPECT_TRUE(style.letterFont.bold());
+    EXPECT_EQ(style.letterFont.pointSize(), 18);
+    EXPECT_EQ(style.letterFont.family(), QStringLiteral("Arial"));
+    EXPECT_EQ(style.tileFont.pointSize(), 12);
+    EXPECT_FALSE(style.tileFont.bold());
     EXPECT_EQ(background(form.menuBar()), OleTranslateColor(m_scheme.SchemeColours[3]));
     EXPECT_EQ(OleTranslateColor(m_msgForm.ButtonColor()), colour4);
 
@@ -145,19 +137,17 @@ TEST_F(Form1Test, FixedTextColoursIgnoreADarkDesktopPalette) {
         dark.setColor(role, QColor(30, 30, 30));
     QApplication::setPalette(dark);
     Form1& form = start();
-    form.menu().mnucreate->trigger();
     const auto text = [](const QWidget* w) {
         w->ensurePolished();
         return w->palette().color(QPalette::WindowText);
     };
-    for (int c = 0; c < 10; ++c)
-        EXPECT_EQ(text(form.starArea().cell(c)), QColor(Qt::black)) << "cell " << c;
-    for (int k = 1; k <= 10; ++k)
-        EXPECT_EQ(text(form.starArea().marker(k)), QColor(Qt::black)) << "marker " << k;
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.letters, QColor(Qt::black));
+    EXPECT_EQ(style.markers, QColor(Qt::black));
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
     EXPECT_EQ(text(form.statusLine()), QColor(Qt::black));
     EXPECT_EQ(text(form.menuBar()), QColor(Qt::black));
     EXPECT_EQ(text(form.menu().mnumain), QColor(Qt::black));
-    EXPECT_EQ(text(form.tile(1)), QColor(28, 28, 28));
     QApplication::setPalette(desktop);
 }
 
