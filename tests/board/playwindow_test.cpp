@@ -5,7 +5,6 @@
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
-#include "board/playboard.h"
 
 #include <QAction>
 #include <QApplication>
@@ -124,12 +123,11 @@ TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
     Form1& form = *m_form;
     for (int i = 1; i <= 8; ++i) {
         if (const int k = directionOf(i)) {
-            form.board().apply(Move::tile(i));
-            form.board().apply(Move::marker(k));
+            clickBoard(BoardPart::Tile, i);
+            clickBoard(BoardPart::Marker, k);
         }
     }
-    form.board().apply(Move::solutionPress());
-    form.board().apply(Move::solutionRelease());
+    QTest::mouseClick(form.cmdshowsol(), Qt::LeftButton);
     ASSERT_TRUE(form.timer2().isActive());
     const auto tick = [&form] {
         QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
