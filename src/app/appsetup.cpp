@@ -7,5 +7,8 @@
 
 void setUpApplication() {
     QApplication::setApplicationName(QStringLiteral("pentalink"));
+    // Ties the windows to the installed desktop entry (its icon and name in docks and task
+    // switchers, the Wayland application id).
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.pentalink.Pentalink"));
     QApplication::setWindowIcon(programIcon());
 }
