@@ -45,18 +45,18 @@ void setBackground(QWidget* widget, const QColor& colour) {
     widget->setAutoFillBackground(true);
 }
 
-// Gives the menu bar and every menu below it a solid background.
+void setTextColour(QWidget* widget, const QColor& colour) {
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    widget->setPalette(palette);
+}
+
+// Gives the menu bar and every menu below it a solid background of exactly `colour`, with
+// black text. A style sheet, because styles paint drop-down menus from a lightened palette
+// colour; it reaches the drop-down menus because they are children of the bar.
 void setMenuColour(QMenuBar* bar, const QColor& colour) {
-    const auto paint = [&colour](QWidget* widget) {
-        QPalette palette = widget->palette();
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            palette.setColor(role, colour);
-        widget->setPalette(palette);
-        widget->setAutoFillBackground(true);
-    };
-    paint(bar);
-    for (QMenu* menu : bar->findChildren<QMenu*>())
-        paint(menu);
+    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; }")
+                           .arg(colour.name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {
@@ -81,6 +81,15 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_session(std::make_unique<PuzzleSession>(&m_gate))
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
+    // Scheme messages go through the gate too, so a completion tick never meets an open one.
+    m_scheme.setNotifier(&m_gate);
+    // The normal pointer shows while a message waits for the player, whatever work is going on.
+    m_gate.setOpenHook([](bool opening) {
+        if (opening)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
@@ -97,7 +106,9 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     startUp();
 }
 
-Form1::~Form1() = default;
+Form1::~Form1() {
+    m_scheme.setNotifier(&m_notifier);
+}
 
 void Form1::buildLayout() {
     m_client = new QWidget(this);
@@ -109,16 +120,16 @@ void Form1::buildLayout() {
 
     m_boardView = new BoardView(*m_board, m_client);
 
-    m_label2 = new QLabel(m_client);
-    m_label2->setObjectName(QStringLiteral("Label2"));
-    m_label2->setGeometry(toPixels(StatusLine));
-    m_label2->setFrameStyle(QFrame::Box | QFrame::Plain);
-    m_label2->setAutoFillBackground(true);
+    m_statusLine = new QLabel(m_client);
+    m_statusLine->setObjectName(QStringLiteral("Label2"));
+    m_statusLine->setGeometry(toPixels(StatusLine));
+    m_statusLine->setFrameStyle(QFrame::Box | QFrame::Plain);
+    m_statusLine->setAutoFillBackground(true);
 
     // The file-name picker has no visible part in this window.
-    m_gf1 = new FNDialog(m_client);
-    m_gf1->setObjectName(QStringLiteral("gf1"));
-    m_gf1->hide();
+    m_filePicker = new FNDialog(m_client);
+    m_filePicker->setObjectName(QStringLiteral("gf1"));
+    m_filePicker->hide();
 
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -146,16 +157,18 @@ void Form1::buildButtons() {
 
 void Form1::connectCommands() {
     MainMenu& menu = *m_menu;
-    connect(menu.mnudict, &QAction::triggered, this, &Form1::dictionaryCommand);
-    connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
-    connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.mnucolsch, &QAction::triggered, this,
+    connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
+    connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
+    connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
+    connect(menu.options, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("The Options window")); });
-    connect(menu.mnuhelp, &QAction::triggered, this, &Form1::helpCommand);
-    connect(menu.mnuabout, &QAction::triggered, this, &Form1::aboutCommand);
-    connect(menu.mnuprint, &QAction::triggered, this, &Form1::printCommand);
-    for (int i : {0, 1})
-        connect(menu.mnu2clip[i], &QAction::triggered, this, [this, i] { CopyPuzzlePicture(i); });
+    connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
+    connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
+    connect(menu.print, &QAction::triggered, this, &Form1::printCommand);
+    for (int i : {0, 1}) {
+        connect(menu.copyEntries[static_cast<size_t>(i)], &QAction::triggered, this,
+                [this, i] { CopyPuzzlePicture(i); });
+    }
 
     connect(m_cmdcreate, &BoxControl::MouseUp, this, [this] { createCommand(); });
     connect(m_cmddict, &BoxControl::MouseUp, this, [this] { dictionaryCommand(); });
@@ -182,8 +195,8 @@ void Form1::connectCommands() {
     connect(&m_timer2, &QTimer::timeout, m_board.get(), &PlayBoard::completionTick);
     connect(&session, &PuzzleSession::dictionaryStatusChanged, this,
             [this](const QString& text, const QString& toolTip) {
-                m_label2->setText(text);
-                m_label2->setToolTip(toolTip);
+                m_statusLine->setText(text);
+                m_statusLine->setToolTip(toolTip);
             });
 
     m_timer1.setSingleShot(true);
@@ -210,6 +223,9 @@ void Form1::startUp() {
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
 
+    // The status line's text is black whatever the desktop's palette says.
+    setTextColour(m_label2, Qt::black);
+
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
@@ -226,6 +242,11 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
+    if (m_session->isBusy()) {
+        // A create request is still showing its message: load once it has been answered.
+        m_timer1.start();
+        return;
+    }
     m_session->LoadDictionary(m_session->DictionaryPath());
     m_timer1.stop();
     QApplication::restoreOverrideCursor();
@@ -245,10 +266,10 @@ void Form1::SetCol() {
     setBackground(m_client, background);
     for (BoxControl* b : {m_cmdcreate, m_cmdreset, m_cmdshowsol, m_cmddict})
         b->setBackColor(m_scheme.SchemeColours[m_scheme.ButtonColourIndex]);
-    setBackground(m_label2, background);
-    QFont statusFont = m_label2->font();
+    setBackground(m_statusLine, background);
+    QFont statusFont = m_statusLine->font();
     statusFont.setFamily(m_settings.BoardFontName);
-    m_label2->setFont(statusFont);
+    m_statusLine->setFont(statusFont);
 
     // The board: star area and cells in the background colour, tiles in the button colour,
     // lines and tile words in the text colour; cell letters in the board font, bold.
@@ -299,11 +320,11 @@ void Form1::dictionaryCommand() {
     if (m_session->isBusy())
         return;
     const QString folder = QDir::currentPath();
-    m_gf1->setTitle(QStringLiteral("Select a Dictionary file"));
-    m_gf1->setFileTypes(QStringLiteral("*.txt;*.dic"));
-    m_gf1->setFileTypesName(QStringLiteral("Dictionary File"));
-    m_gf1->setDefaultDir(m_settings.AppFolder);
-    const QString answer = m_gf1->GetFileName(QStringLiteral("OPEN"));
+    m_filePicker->setTitle(QStringLiteral("Select a Dictionary file"));
+    m_filePicker->setFileTypes(QStringLiteral("*.txt;*.dic"));
+    m_filePicker->setFileTypesName(QStringLiteral("Dictionary File"));
+    m_filePicker->setDefaultDir(m_settings.AppFolder);
+    const QString answer = m_filePicker->GetFileName(QStringLiteral("OPEN"));
     QDir::setCurrent(folder);
     if (answer.isEmpty())
         return;
@@ -314,7 +335,7 @@ void Form1::exitCommand() {
     if (m_exiting)
         return;
     const int answer =
-        m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+        m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
     if (answer != AnswerYes)
         return;
@@ -391,8 +412,8 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void Form1::notAvailableYet(const QString& what) {
-    m_notifier.MsgboxA(what + QStringLiteral(" is not available yet."),
-                       QStringLiteral("vbok+vbinformation"));
+    m_gate.MsgboxA(what + QStringLiteral(" is not available yet."),
+                   QStringLiteral("vbok+vbinformation"));
     letEventsRun();
 }
 

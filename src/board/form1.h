@@ -68,13 +68,13 @@ public:
 
     PuzzleSession& session() { return *m_session; }
     QTimer& timer2() { return m_timer2; }
-    FNDialog& gf1() { return *m_gf1; }
+    FNDialog& filePicker() { return *m_filePicker; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
     // Where the printed page goes (tests choose the printer and the documents folder).
     PagePrinter& pagePrinter() { return m_pagePrinter; }
     BoardView& boardView() { return *m_boardView; }
-    QLabel* statusLine() const { return m_label2; }
+    QLabel* statusLine() const { return m_statusLine; }
     BoxControl* cmddict() const { return m_cmddict; }
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
     BoxControl* cmdreset() const { return m_cmdreset; }
@@ -107,10 +107,10 @@ private:
 
     Settings& m_settings;
     ColourScheme& m_scheme;
-    Notifier& m_notifier;
+    Notifier& m_notifier; // reached only through m_gate
     MsgForm* m_msgForm;
-    // Every message of the window and its rules passes this gate, so the completion check
-    // can tell when a message is already open.
+    // Every message of the window, its rules and the colour scheme passes this gate, so the
+    // completion check can tell when a message is already open.
     MessageGate m_gate;
     ConfigFile m_config;
     std::unique_ptr<PuzzleSession> m_session;
@@ -119,12 +119,12 @@ private:
 
     QWidget* m_client = nullptr;
     BoardView* m_boardView = nullptr;
-    QLabel* m_label2 = nullptr;
+    QLabel* m_statusLine = nullptr;
     BoxControl* m_cmddict = nullptr;
     BoxControl* m_cmdshowsol = nullptr;
     BoxControl* m_cmdreset = nullptr;
     BoxControl* m_cmdcreate = nullptr;
-    FNDialog* m_gf1 = nullptr;
+    FNDialog* m_filePicker = nullptr;
     Form4* m_form4 = nullptr;
     AboutForm* m_aboutForm = nullptr;
 

@@ -4,7 +4,12 @@
 // reference grabs of the window as it looked when the board was made of labels.
 #include "windowfixture.h"
 
+#include "board/mainmenu.h"
+
+#include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QImage>
 #include <QMouseEvent>
 
 namespace {
@@ -100,6 +105,32 @@ TEST_F(PlayWindowTest, WholeGameWithTheMouse) {
     }
 }
 
+// The board view's picture equals the reference grab `name` pixel for pixel; a different
+// picture is written to the temporary folder for a look.
+void expectBoardPicture(BoardView& view, const QString& name) {
+    const QImage expected(QStringLiteral(PENTALINK_BOARD_REFERENCE_DIR "/") + name);
+    ASSERT_FALSE(expected.isNull()) << name.toStdString();
+    const QImage actual = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const bool same = actual == expected.convertToFormat(QImage::Format_RGB32);
+    if (!same)
+        actual.save(QDir::temp().filePath(QStringLiteral("actual-") + name));
+    EXPECT_TRUE(same) << name.toStdString();
+}
+
+TEST_F(PlayWindowTest, BoardIsPaintedAsTheReferenceGrabsShowIt) {
+    // One word placed, another selected; then the solution shown.
+    int first = 0;
+    for (int i = 1; i <= 8 && first == 0; ++i)
+        first = directionOf(i) != 0 ? i : 0;
+    clickBoard(BoardPart::Tile, first);
+    clickBoard(BoardPart::Marker, directionOf(first));
+    clickBoard(BoardPart::Tile, first == 1 ? 2 : 1);
+    expectBoardPicture(m_form->boardView(), QStringLiteral("board-placed-selected.png"));
+    QTest::mousePress(m_form->cmdshowsol(), Qt::LeftButton);
+    expectBoardPicture(m_form->boardView(), QStringLiteral("board-solution.png"));
+    QTest::mouseRelease(m_form->cmdshowsol(), Qt::LeftButton);
+}
+
 TEST_F(PlayWindowTest, AClickIsTheReleaseOfAButtonPressedOnAPartWhereverItEnds) {
     BoardView& view = m_form->boardView();
     const QPoint tile1 = BoardView::toWidget(centreOf(BoardPart::Tile, 1));
@@ -114,6 +145,30 @@ TEST_F(PlayWindowTest, AClickIsTheReleaseOfAButtonPressedOnAPartWhereverItEnds) 
     QTest::mouseRelease(&view, Qt::LeftButton, {},
                         BoardView::toWidget(centreOf(BoardPart::Tile, 2)));
     EXPECT_EQ(board().SelectedWord, 1);
+}
+
+TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
+    Form1& form = *m_form;
+    for (int i = 1; i <= 8; ++i) {
+        if (const int k = directionOf(i)) {
+            clickBoard(BoardPart::Tile, i);
+            clickBoard(BoardPart::Marker, k);
+        }
+    }
+    QTest::mouseClick(form.cmdshowsol(), Qt::LeftButton);
+    ASSERT_TRUE(form.timer2().isActive());
+    const auto tick = [&form] {
+        QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
+    };
+    m_notifier.duringMessage = tick;
+    m_notifier.queueAnswer(AnswerNo);
+    form.menu().cmdexitx->trigger();
+    m_settings.ActiveSchemeFile = QStringLiteral("gone.col");
+    form.Command2Click();
+    m_notifier.duringMessage = {};
+    EXPECT_EQ(m_notifier.texts(), QStringList({"Exit?", "Colour Scheme: gone.col not found"}));
+    tick();
+    EXPECT_EQ(m_notifier.texts().last(), QStringLiteral("All Done!"));
 }
 
 TEST_F(PlayWindowTest, PointerIsACrosshairOverMarkersOnlyWithASelection) {
