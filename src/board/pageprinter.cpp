@@ -68,6 +68,13 @@ PrintResult savePagePdf(const QString& path, const SheetPage& page) {
         paintOn(painter, writer.resolution(), page);
         painter.end();
     }
+    // The file buffers what the writer gives it; a full disk may only show when the buffer
+    // goes out, and commit() does not always notice that.
+    if (!file.flush() || file.error() != QFileDevice::NoError) {
+        const QString cause = file.errorString();
+        file.cancelWriting();
+        return failed(QStringLiteral("Cannot write ") + shown + QStringLiteral(": ") + cause);
+    }
     if (!file.commit())
         return failed(QStringLiteral("Cannot write ") + shown + QStringLiteral(": ") +
                       file.errorString());

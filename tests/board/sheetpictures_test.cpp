@@ -9,6 +9,7 @@
 #include "board/mainmenu.h"
 #include "board/pageprinter.h"
 #include "board/sheetpainter.h"
+#include "support/filesizelimit.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -24,8 +25,8 @@
 namespace {
 
 // The top-left corners of the star picture's boxes, in its pixels.
-constexpr QPoint BoxCorners[10] = {{135, 0},   {1, 101},   {99, 101},  {173, 101}, {265, 101},
-                                   {78, 164},  {191, 164}, {133, 198}, {49, 252},  {214, 252}};
+constexpr QPoint BoxCorners[10] = {{135, 0},  {1, 101},   {99, 101},  {173, 101}, {265, 101},
+                                   {78, 164}, {191, 164}, {133, 198}, {49, 252},  {214, 252}};
 constexpr int BoxSize = 31; // the screen's cell; the picture's boxes are within 2 pixels of 33
 
 bool dark(const QImage& image, int x, int y) {
@@ -98,9 +99,9 @@ void expectBlock(const QImage& image, const QPointF& origin, double scale, bool 
         font.setPointSizeF(t.font.pointSize);
         font.setBold(t.font.bold);
         const QFontMetricsF metrics(font, &dpi96);
-        const QRect area = QRectF(t.at / 15, QSizeF(metrics.horizontalAdvance(t.text),
-                                                    metrics.height()))
-                               .toAlignedRect();
+        const QRect area =
+            QRectF(t.at / 15, QSizeF(metrics.horizontalAdvance(t.text), metrics.height()))
+                .toAlignedRect();
         EXPECT_GT(darkIn(image, area), 30) << t.text.toStdString();
         if (longestRowRun(image, area) >= 0.85 * metrics.horizontalAdvance(t.text))
             seenStruck << t.text;
@@ -197,16 +198,16 @@ TEST_F(SheetTest, CopyToClipboardPutsThePuzzleOrTheSolutionPictureThere) {
         clipboard->clear();
         form.menu().copyEntries[static_cast<size_t>(row.entry)]->trigger();
         const QImage picture = clipboard->image();
-        picture.save(QDir::tempPath() + QStringLiteral("/pentalink-clipboard-%1.png")
-                                            .arg(row.entry ? "solution" : "puzzle"));
+        picture.save(
+            QDir::tempPath() +
+            QStringLiteral("/pentalink-clipboard-%1.png").arg(row.entry ? "solution" : "puzzle"));
         EXPECT_EQ(picture.size(), QSize(304, 367));
         SheetFont font;
         const SheetBlock block = composePuzzlePicture(
             row.entry, sheetContent(form.session().grid(), board(), m_settings.BoardFontName),
             font);
         const bool letters = row.entry == 1 && form.session().grid().hasSolution();
-        expectBlock(picture, {0, 0}, 1.0, letters, block,
-                    letters ? decoys() : QStringList());
+        expectBlock(picture, {0, 0}, 1.0, letters, block, letters ? decoys() : QStringList());
         EXPECT_GT(darkIn(picture, QRect(103, 293, 150, 10)), 20); // the footer
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty());
@@ -230,33 +231,44 @@ TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
     QFile plain(root + QStringLiteral("plain"));
     ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
     plain.close();
+    const QString docs = root + QStringLiteral("docs/sub");
     Form1& form = startWithoutPrinter(QString());
     const struct {
         const char* name;
         bool create;
         int answer;
         QString documents;
-        QString folder;  // where the PDF is expected ("" for none)
-        QString message; // the message after the question ("" for none)
+        rlim_t diskSpace; // bytes a file may take (0: no limit)
+        QString folder;   // where the PDF is expected ("" for none)
+        QString message;  // the start of the message after the question ("" for none)
     } rows[] = {
-        {"declined", false, AnswerNo, root + "docs", "", ""},
-        {"no puzzle", false, AnswerYes, root + "docs/sub", root + "docs/sub", "Printed"},
-        {"a puzzle", true, AnswerYes, root + "docs/sub", root + "docs/sub", "Printed"},
-        {"no documents folder", false, AnswerYes, "", m_folder.path(), "Printed"},
-        {"a path through a file", false, AnswerYes, root + "plain/docs", "",
-         "The page was not printed.\nThe folder " + root + "plain/docs cannot be created: " +
-             root + "plain is a file, not a folder."},
+        {"declined", false, AnswerNo, docs, 0, "", ""},
+        {"no puzzle", false, AnswerYes, docs, 0, docs, "Printed\nSaved as " + docs + "/Pentalink "},
+        {"a puzzle", true, AnswerYes, docs, 0, docs, "Printed\nSaved as " + docs + "/Pentalink "},
+        {"no documents folder", false, AnswerYes, "", 0, m_folder.path(),
+         "Printed\nSaved as " + m_folder.path() + "Pentalink "},
+        {"a path through a file", false, AnswerYes, root + "plain/docs", 0, "",
+         "The page was not printed.\nThe folder " + root + "plain/docs cannot be created: " + root +
+             "plain is a file, not a folder."},
+        {"a full disk", false, AnswerYes, docs, 4000, "",
+         "The page was not printed.\nCannot write " + docs + "/Pentalink "},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         if (row.create)
             form.menu().create->trigger();
         QDir(root + QStringLiteral("docs")).removeRecursively();
-        const QStringList pdfsBefore = QDir(m_folder.path()).entryList({"*.pdf"});
+        for (const QString& pdf : QDir(m_folder.path()).entryList({"*.pdf"}))
+            QFile::remove(m_folder.file(pdf));
         form.pagePrinter().setDocumentsFolder(row.documents);
         m_notifier.clear();
         m_notifier.queueAnswer(row.answer);
-        form.menu().print->trigger();
+        {
+            std::optional<FileSizeLimit> full;
+            if (row.diskSpace > 0)
+                full.emplace(row.diskSpace);
+            form.menu().print->trigger();
+        }
 
         QStringList texts;
         for (const RecordedMessage& m : m_notifier.messages())
@@ -265,31 +277,31 @@ TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
         EXPECT_EQ(texts.takeFirst(),
                   QStringLiteral("Print Current Puzzle and its Solution on a page?"));
         EXPECT_EQ(m_notifier.messages().first().style, QStringLiteral("vbinformation+vbyesno"));
-
-        const QStringList pdfs =
-            row.folder.isEmpty() ? QStringList() : QDir(row.folder).entryList({"*.pdf"});
-        EXPECT_EQ(QDir(m_folder.path()).entryList({"*.pdf"}).size() - pdfsBefore.size(),
-                  row.folder == m_folder.path() ? 1 : 0);
-        EXPECT_FALSE(QDir(root + QStringLiteral("docs")).exists() && row.folder.isEmpty());
-        if (row.message.isEmpty()) {
-            EXPECT_TRUE(texts.isEmpty());
-            continue;
+        ASSERT_EQ(texts.size(), row.message.isEmpty() ? 0 : 1);
+        if (!row.message.isEmpty()) {
+            EXPECT_TRUE(texts[0].startsWith(row.message)) << texts[0].toStdString();
+            EXPECT_EQ(m_notifier.messages().last().style,
+                      row.folder.isEmpty() ? QStringLiteral("vbok+vbcritical")
+                                           : QStringLiteral("vbok+vbinformation"));
         }
-        ASSERT_EQ(texts.size(), 1);
+        // Only the PDF, where expected: no partial file, no scratch file.
+        QStringList files;
+        for (const QString& folder : {docs, m_folder.path()}) {
+            for (const QFileInfo& f : QDir(folder).entryInfoList({"*.pdf", "*.pdf.*"}, QDir::Files))
+                files << f.absoluteFilePath();
+        }
         if (row.folder.isEmpty()) {
-            EXPECT_EQ(texts[0], row.message);
-            EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbok+vbcritical"));
+            EXPECT_EQ(files, QStringList());
             continue;
         }
-        ASSERT_EQ(pdfs.size(), 1);
-        EXPECT_TRUE(QRegularExpression(QStringLiteral(
-                                           "^Pentalink \\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d\\.pdf$"))
-                        .match(pdfs[0])
-                        .hasMatch());
-        const QString file = QDir(row.folder).absoluteFilePath(pdfs[0]);
-        EXPECT_EQ(texts[0], QStringLiteral("Printed\nSaved as ") + file);
-        EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbok+vbinformation"));
-        expectPage(file, form.session().grid().hasSolution());
-        QFile::remove(file);
+        ASSERT_EQ(files.size(), 1);
+        EXPECT_TRUE(
+            QRegularExpression(
+                QStringLiteral("/Pentalink \\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d\\.pdf$"))
+                .match(files[0])
+                .hasMatch());
+        EXPECT_EQ(QFileInfo(files[0]).absolutePath(), QDir(row.folder).absolutePath());
+        EXPECT_EQ(texts.value(0), QStringLiteral("Printed\nSaved as ") + files[0]);
+        expectPage(files[0], form.session().grid().hasSolution());
     }
 }

@@ -2,6 +2,7 @@
 // defaults for a missing or damaged file, and the message when it cannot be saved.
 #include "core/configfile.h"
 
+#include "support/filesizelimit.h"
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
 
@@ -10,8 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -33,28 +32,6 @@ protected:
     TestFolder folder;
     Settings settings = Settings::forFolder(folder.path());
     RecordingNotifier notifier;
-};
-
-// Makes every file write of this process fail past `bytes`, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int) = nullptr;
 };
 
 } // namespace
