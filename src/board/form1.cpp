@@ -358,6 +358,8 @@ void Form1::helpCommand() {
         m_form4->setSchemeLook([this] { return schemeLook(); });
     }
     m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    // A help window left minimised comes back as it was before.
+    m_form4->setWindowState(m_form4->windowState() & ~Qt::WindowMinimized);
     m_form4->show();
     m_form4->raise();
     m_form4->activateWindow();

@@ -252,6 +252,9 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
     EXPECT_TRUE(help->isVisible());
+    help->showMinimized();
+    form.menu().help->trigger();
+    EXPECT_FALSE(help->isMinimized());
 
     // Another scheme applied, then About: modal, in the new colours, closed by OK.
     const QColor before = OleTranslateColor(m_scheme.SchemeColours[2]);
