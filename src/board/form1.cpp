@@ -222,7 +222,7 @@ void Form1::startUp() {
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
 
     // The status line's text is black whatever the desktop's palette says.
-    setTextColour(m_label2, Qt::black);
+    setTextColour(m_statusLine, Qt::black);
 
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);

@@ -124,7 +124,7 @@ TEST_F(Form1Test, DropDownMenusShowColour3Exactly) {
         form.Command2Click();
         const QColor colour3 = OleTranslateColor(m_scheme.SchemeColours[3]);
         for (QAction* entry :
-             {form.menu().mnudict, form.menu().mnucreate, form.menu().mnu2clip[1]}) {
+             {form.menu().loadDictionary, form.menu().create, form.menu().copyEntries[1]}) {
             auto* menu = qobject_cast<QMenu*>(entry->parent());
             ASSERT_NE(menu, nullptr);
             menu->popup(QPoint(0, 0));
@@ -157,7 +157,7 @@ TEST_F(Form1Test, FixedTextColoursIgnoreADarkDesktopPalette) {
     EXPECT_EQ(style.text, QColor(28, 28, 28));
     EXPECT_EQ(text(form.statusLine()), QColor(Qt::black));
     EXPECT_EQ(text(form.menuBar()), QColor(Qt::black));
-    EXPECT_EQ(text(form.menu().mnumain), QColor(Qt::black));
+    EXPECT_EQ(text(form.menu().fileMenu), QColor(Qt::black));
     QApplication::setPalette(desktop);
 }
 
@@ -165,7 +165,7 @@ TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) 
     Form1& form = open();
     // The tick falls while "No Dictioary Loaded" is open.
     m_notifier.duringMessage = [this] { tickTimer1(); };
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     m_notifier.duringMessage = {};
     EXPECT_EQ(m_notifier.texts(), QStringList{"No Dictioary Loaded"});
     ASSERT_TRUE(form.timer1().isActive());
@@ -182,7 +182,7 @@ TEST_F(Form1Test, NormalPointerShowsWhileAnyMessageIsOpen) {
         shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
     };
     Form1& form = start(); // the start-up load fails with a message
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     m_notifier.duringMessage = {};
     ASSERT_EQ(m_notifier.texts().size(), 2);
     EXPECT_TRUE(m_notifier.texts().at(0).startsWith(QStringLiteral("Unable to read")));

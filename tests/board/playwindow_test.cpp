@@ -162,7 +162,7 @@ TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
     };
     m_notifier.duringMessage = tick;
     m_notifier.queueAnswer(AnswerNo);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     m_settings.ActiveSchemeFile = QStringLiteral("gone.col");
     form.Command2Click();
     m_notifier.duringMessage = {};
