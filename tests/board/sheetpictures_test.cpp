@@ -151,13 +151,14 @@ protected:
     }
 
     // Checks both blocks of a one-page PDF file.
-    void expectPage(const QString& pdf, bool puzzle) {
+    // `picture`: a name in the temporary folder to keep the page's pixels under for a look.
+    void expectPage(const QString& pdf, bool puzzle, const QString& picture) {
         SCOPED_TRACE(pdf.toStdString());
         int pages = 0;
         const QImage image = pdfPage(pdf, pages);
         EXPECT_EQ(pages, 1);
         ASSERT_FALSE(image.isNull());
-        image.save(QDir::tempPath() + QStringLiteral("/pentalink-page.png"));
+        image.save(QDir::tempPath() + u'/' + picture);
         const std::array<SheetBlock, 2> blocks = page();
         expectBlock(image, QPointF(PuzzleSheet::PuzzleBlockAt) / 15, 1.4, false, blocks[0], {});
         expectBlock(image, QPointF(PuzzleSheet::SolutionBlockAt) / 15, 1.4, puzzle, blocks[1],
@@ -222,7 +223,7 @@ TEST_F(SheetTest, PrintedPageOnAPrinterInPdfModeHasBothBlocks) {
     printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
     const PrintResult result = printPage(printer, page());
     EXPECT_EQ(result.outcome, PrintResult::Outcome::Printed);
-    expectPage(printer.outputFileName(), true);
+    expectPage(printer.outputFileName(), true, QStringLiteral("pentalink-page.png"));
 }
 
 TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
@@ -302,6 +303,7 @@ TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
                 .hasMatch());
         EXPECT_EQ(QFileInfo(files[0]).absolutePath(), QDir(row.folder).absolutePath());
         EXPECT_EQ(texts.value(0), QStringLiteral("Printed\nSaved as ") + files[0]);
-        expectPage(files[0], form.session().grid().hasSolution());
+        expectPage(files[0], form.session().grid().hasSolution(),
+                   QStringLiteral("pentalink-page-saved.png"));
     }
 }
