@@ -4,6 +4,7 @@
 #include "board/printcommand.h"
 #include "board/puzzlesheet.h"
 #include "playfixture.h"
+#include "support/testfolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -153,13 +154,9 @@ TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowStarsAndFootersAndKeptLe
 TEST(PdfFile, NamedByDateAndTimeInTheDocumentsFolderOrTheProgramFolder) {
     QTemporaryDir dir;
     const QString root = dir.path() + QStringLiteral("/");
-    QFile regular(root + QStringLiteral("plain"));
-    ASSERT_TRUE(regular.open(QIODevice::WriteOnly));
-    regular.close();
+    ASSERT_TRUE(touchFile(root + QStringLiteral("plain")));
     QDir(root).mkpath(QStringLiteral("taken"));
-    QFile taken(root + QStringLiteral("taken/Pentalink 2026-11-23 15-08-53.pdf"));
-    ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
-    taken.close();
+    ASSERT_TRUE(touchFile(root + QStringLiteral("taken/Pentalink 2026-11-23 15-08-53.pdf")));
     const QDateTime when(QDate(2026, 11, 23), QTime(15, 8, 53));
     const struct {
         const char* name;

@@ -229,9 +229,7 @@ TEST_F(SheetTest, PrintedPageOnAPrinterInPdfModeHasBothBlocks) {
 TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
     QTemporaryDir dir;
     const QString root = dir.path() + QStringLiteral("/");
-    QFile plain(root + QStringLiteral("plain"));
-    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
-    plain.close();
+    ASSERT_TRUE(touchFile(root + QStringLiteral("plain")));
     const QString docs = root + QStringLiteral("docs/sub");
     Form1& form = startWithoutPrinter(QString());
     const struct {

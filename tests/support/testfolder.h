@@ -32,5 +32,9 @@ private:
     bool m_hadHome = false;
 };
 
+// Creates an empty regular file at `path` (replacing one); false when it cannot. A path
+// through such a file is one that not even root can create folders along.
+bool touchFile(const QString& path);
+
 // The repository's data/ folder, ending in "/".
 QString shippedDataDir();
