@@ -11,6 +11,16 @@ int RecordingNotifier::standardBox(const QString& text, const QString& typ, cons
     return nextAnswer();
 }
 
+QStringList RecordingNotifier::texts() const {
+    QStringList list;
+    for (const RecordedMessage& m : m_messages)
+        list << m.text;
+    return list;
+}
+
 int RecordingNotifier::nextAnswer() {
-    return m_answers.isEmpty() ? AnswerOk : m_answers.takeFirst();
+    const int answer = m_answers.isEmpty() ? AnswerOk : m_answers.takeFirst();
+    if (duringMessage)
+        duringMessage();
+    return answer;
 }
