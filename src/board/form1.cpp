@@ -2,6 +2,7 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "appearance/form6.h"
 #include "board/boardgeometry.h"
 #include "board/buttonpictures.h"
 #include "board/clicklabel.h"
@@ -20,6 +21,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
@@ -160,8 +162,7 @@ void Form1::connectCommands() {
     connect(menu.mnudict, &QAction::triggered, this, &Form1::dictionaryCommand);
     connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
     connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.mnucolsch, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The Options window")); });
+    connect(menu.mnucolsch, &QAction::triggered, this, &Form1::optionsCommand);
     connect(menu.mnuhelp, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("Help")); });
     connect(menu.mnuabout, &QAction::triggered, this,
@@ -222,6 +223,9 @@ void Form1::connectCommands() {
 void Form1::startUp() {
     m_settings.BoardFontName = QStringLiteral("Arial");
     m_settings.BoardFontSize = 18;
+    m_form6 = new Form6(m_settings, m_scheme, m_gate, this);
+    m_form6->model().setCommand2([this] { Command2Click(); });
+    m_form6->model().fillFontList(QFontDatabase::families());
     m_settings.AppFolder = AppFolder();
 
     if (m_msgForm) {
@@ -237,6 +241,7 @@ void Form1::startUp() {
     }
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
+    m_form6->model().fillSchemeList();
 
     for (int c = 0; c < StarGrid::CellCount; ++c) {
         QLabel* cell = m_starArea->cell(c);
@@ -350,6 +355,11 @@ void Form1::dictionaryCommand() {
     if (answer.isEmpty())
         return;
     m_session->openDictionary(answer);
+}
+
+void Form1::optionsCommand() {
+    m_form6->exec();
+    letEventsRun();
 }
 
 void Form1::exitCommand() {

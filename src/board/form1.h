@@ -21,6 +21,7 @@ class BoxControl;
 class ClickLabel;
 class ColourScheme;
 class FNDialog;
+class Form6;
 class MsgForm;
 class Notifier;
 class PlayBoard;
@@ -53,11 +54,14 @@ public:
     void createCommand();
     void dictionaryCommand();
     void exitCommand();
+    // File > Options: the Options window, modal; pending events run once it is closed.
+    void optionsCommand();
 
     PuzzleSession& session() { return *m_session; }
     PlayBoard& board() { return *m_board; }
     QTimer& timer2() { return m_timer2; }
     FNDialog& gf1() { return *m_gf1; }
+    Form6& form6() { return *m_form6; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
     StarArea& starArea() { return *m_starArea; }
@@ -109,6 +113,7 @@ private:
     BoxControl* m_cmdreset = nullptr;
     BoxControl* m_cmdcreate = nullptr;
     FNDialog* m_gf1 = nullptr;
+    Form6* m_form6 = nullptr; // created at start-up, hidden rather than closed
 
     QTimer m_timer1;
     QTimer m_timer2;

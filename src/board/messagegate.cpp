@@ -29,3 +29,8 @@ int MessageGate::standardBox(const QString& text, const QString& typ, const QStr
     const OpenScope scope(m_open);
     return m_inner.standardBox(text, typ, title);
 }
+
+QString MessageGate::inputBox(const QString& prompt, const QString& title) {
+    const OpenScope scope(m_open);
+    return m_inner.inputBox(prompt, title);
+}

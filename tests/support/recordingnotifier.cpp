@@ -11,6 +11,11 @@ int RecordingNotifier::standardBox(const QString& text, const QString& typ, cons
     return nextAnswer();
 }
 
+QString RecordingNotifier::inputBox(const QString& prompt, const QString& title) {
+    m_messages.append({prompt, QString(), title, false, true});
+    return m_texts.isEmpty() ? QString() : m_texts.takeFirst();
+}
+
 int RecordingNotifier::nextAnswer() {
     return m_answers.isEmpty() ? AnswerOk : m_answers.takeFirst();
 }
