@@ -3,19 +3,21 @@
 
 #include "appearance/colourscheme.h"
 #include "appearance/form6.h"
+#include "board/boardcommands.h"
 #include "board/boardgeometry.h"
+#include "board/boardview.h"
 #include "board/buttonpictures.h"
-#include "board/clicklabel.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
-#include "board/sessionwiring.h"
-#include "board/stararea.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
+#include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
 #include "ui/fndialog.h"
+#include "ui/form4.h"
 #include "ui/msgform.h"
 #include "ui/olecolor.h"
+#include "ui/programicon.h"
 
 #include <QAction>
 #include <QApplication>
@@ -40,12 +42,6 @@ void setBackground(QWidget* widget, const QColor& colour) {
     palette.setColor(QPalette::Window, colour);
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
-}
-
-void setTextColour(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, colour);
-    widget->setPalette(palette);
 }
 
 // Gives the menu bar and every menu below it a solid background.
@@ -85,7 +81,7 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Pentalink  "));
-    setWindowIcon(::windowIcon());
+    setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
@@ -110,17 +106,7 @@ void Form1::buildLayout() {
     setCentralWidget(m_client);
     setMouseTracking(true);
 
-    m_starArea = new StarArea(m_client);
-
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        auto* tile = new ClickLabel(i, m_client);
-        tile->setObjectName(QStringLiteral("pw%1").arg(i));
-        tile->setGeometry(toPixels(Tiles[i]));
-        tile->setAlignment(Qt::AlignCenter);
-        tile->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        tile->setAutoFillBackground(true);
-        m_tiles[i] = tile;
-    }
+    m_boardView = new BoardView(*m_board, m_client);
 
     m_label2 = new QLabel(m_client);
     m_label2->setObjectName(QStringLiteral("Label2"));
@@ -163,10 +149,8 @@ void Form1::connectCommands() {
     connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
     connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
     connect(menu.mnucolsch, &QAction::triggered, this, &Form1::optionsCommand);
-    connect(menu.mnuhelp, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("Help")); });
-    connect(menu.mnuabout, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The About window")); });
+    connect(menu.mnuhelp, &QAction::triggered, this, &Form1::helpCommand);
+    connect(menu.mnuabout, &QAction::triggered, this, &Form1::aboutCommand);
     connect(menu.mnuprint, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("Printing")); });
     for (int i : {0, 1}) {
@@ -179,16 +163,7 @@ void Form1::connectCommands() {
     connect(m_cmdshowsol, &BoxControl::MouseDown, this, [this] { play(Move::solutionPress()); });
     connect(m_cmdshowsol, &BoxControl::MouseUp, this, [this] { play(Move::solutionRelease()); });
     connect(m_cmdreset, &BoxControl::MouseUp, this, [this] { play(Move::clearEntries()); });
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        connect(m_tiles[i], &ClickLabel::released, this, [this](int t) { play(Move::tile(t)); });
-        connect(m_tiles[i], &ClickLabel::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
-    }
-    for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
-        ClickLabel* marker = m_starArea->marker(k);
-        connect(marker, &ClickLabel::released, this, [this](int m) { play(Move::marker(m)); });
-        connect(marker, &ClickLabel::hovered, this, &Form1::markerHovered);
-    }
-    connect(m_starArea, &StarArea::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
+    connect(m_boardView, &BoardView::moveMade, this, &Form1::play);
 
     PuzzleSession& session = *m_session;
     connect(&session, &PuzzleSession::waitPointerChanged, this, [this](bool waiting) {
@@ -197,9 +172,6 @@ void Form1::connectCommands() {
         else
             QApplication::restoreOverrideCursor();
     });
-    connectToSession(session, *m_board);
-    connect(&session, &PuzzleSession::boardEnabledChanged, m_starArea, &QWidget::setEnabled);
-    connect(m_board.get(), &PlayBoard::changed, this, &Form1::renderPlay);
     // The completion check runs exactly while the rules say so.
     m_timer2.setInterval(500);
     connect(m_board.get(), &PlayBoard::completionCheckChanged, this, [this](bool running) {
@@ -243,18 +215,6 @@ void Form1::startUp() {
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
     m_form6->model().fillSchemeList();
 
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        QLabel* cell = m_starArea->cell(c);
-        cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        cell->setFont(boardFont(m_settings.BoardFontName, 18, true));
-        cell->clear();
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        m_tiles[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 14, false));
-    }
-    m_session->grid().SelectedWord = -1;
-
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
@@ -271,9 +231,7 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
-    renderPlay(); // no puzzle yet: empty tiles
     m_session->LoadDictionary(m_session->DictionaryPath());
-    m_session->grid().SelectedWord = -1;
     m_timer1.stop();
     QApplication::restoreOverrideCursor();
 }
@@ -292,30 +250,30 @@ void Form1::SetCol() {
     setBackground(m_client, background);
     for (BoxControl* b : {m_cmdcreate, m_cmdreset, m_cmdshowsol, m_cmddict})
         b->setBackColor(m_scheme.SchemeColours[m_scheme.ButtonColourIndex]);
-    setBackground(m_starArea, background);
     setBackground(m_label2, background);
     QFont statusFont = m_label2->font();
     statusFont.setFamily(m_settings.BoardFontName);
     m_label2->setFont(statusFont);
 
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        QLabel* cell = m_starArea->cell(c);
-        cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        setBackground(cell, background);
-        cell->raise();
-        cell->setFont(boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true));
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        setBackground(m_tiles[i], button);
-        m_tiles[i]->raise();
-        m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 12, false));
-    }
-    m_starArea->setLineColour(text);
+    // The board: star area and cells in the background colour, tiles in the button colour,
+    // lines and tile words in the text colour; cell letters in the board font, bold.
+    const QPalette& palette = m_boardView->palette();
+    BoardStyle style;
+    style.ground = background;
+    style.tileFace = button;
+    style.text = text;
+    style.letters = Qt::black;
+    style.markers = Qt::black;
+    style.idleMarkers = palette.color(QPalette::Disabled, QPalette::WindowText);
+    style.light = palette.color(QPalette::Light);
+    style.shadow = palette.color(QPalette::Dark);
+    style.letterFont = boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true);
+    style.tileFont = boardFont(m_settings.BoardFontName, 12, false);
+    style.markerFont = boardFont(QStringLiteral("Arial"), 12, true);
+    m_boardView->setBoardStyle(style);
 
     if (!m_settings.ActiveSchemeFile.toUpper().contains(QStringLiteral("DEFAULT")))
         setMenuColour(menuBar(), colour(MenuColour));
-
-    m_starArea->setFont(boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, false));
 
     if (m_msgForm) {
         m_msgForm->setBackColor(background);
@@ -339,7 +297,7 @@ void Form1::SavecfgFile() {
 }
 
 void Form1::createCommand() {
-    m_session->createPuzzle();
+    createPuzzle(*m_session, *m_board);
 }
 
 void Form1::dictionaryCommand() {
@@ -354,7 +312,7 @@ void Form1::dictionaryCommand() {
     QDir::setCurrent(folder);
     if (answer.isEmpty())
         return;
-    m_session->openDictionary(answer);
+    openDictionary(*m_session, *m_board, answer);
 }
 
 void Form1::optionsCommand() {
@@ -378,6 +336,32 @@ void Form1::exitCommand() {
             window->close();
     }
     close();
+}
+
+SchemeLook Form1::schemeLook() const {
+    return {m_scheme.SchemeColours[BackgroundColour],
+            m_scheme.SchemeColours[m_scheme.ButtonColourIndex]};
+}
+
+void Form1::helpCommand() {
+    if (!m_form4) {
+        m_form4 = new Form4(this);
+        m_form4->setSchemeLook([this] { return schemeLook(); });
+    }
+    m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    m_form4->show();
+    m_form4->raise();
+    m_form4->activateWindow();
+    letEventsRun();
+}
+
+void Form1::aboutCommand() {
+    if (!m_aboutForm) {
+        m_aboutForm = new AboutForm(this);
+        m_aboutForm->setSchemeLook([this] { return schemeLook(); });
+    }
+    m_aboutForm->exec();
+    letEventsRun();
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
@@ -408,33 +392,4 @@ void Form1::letEventsRun() {
 
 void Form1::play(const Move& move) {
     m_board->apply(move);
-}
-
-void Form1::markerHovered() {
-    // A crosshair over a marker says "a click places the selected word here".
-    if (m_session->grid().SelectedWord != -1)
-        setCursor(Qt::CrossCursor);
-}
-
-void Form1::renderPlay() {
-    const PlayState& state = m_board->state();
-    for (int c = 0; c < StarGrid::CellCount; ++c)
-        m_starArea->cell(c)->setText(state.Entries[c]);
-
-    const QColor background = colour(BackgroundColour);
-    const QColor button = colour(m_scheme.ButtonColourIndex);
-    const QColor text = OleTranslateColor(m_settings.TextColour);
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const Tile& t = state.tiles[i];
-        ClickLabel* tile = m_tiles[i];
-        tile->setText(t.caption);
-        tile->setFrameStyle(t.look.border == TileBorder::Flat ? QFrame::Box | QFrame::Plain
-                                                              : QFrame::Panel | QFrame::Sunken);
-        setBackground(tile, button);
-        setTextColour(tile, t.look.text == TileText::Faded ? background : text);
-        QFont font = tile->font();
-        font.setStrikeOut(t.look.struckOut);
-        tile->setFont(font);
-        tile->setEnabled(t.look.enabled);
-    }
 }

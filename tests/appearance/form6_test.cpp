@@ -7,6 +7,7 @@
 #include "appearance/colpik.h"
 #include "appearance/form6.h"
 #include "appearance/pickercolours.h"
+#include "board/boardpainter.h"
 #include "board/mainmenu.h"
 #include "ui/olecolor.h"
 
@@ -151,10 +152,10 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
     EXPECT_EQ(m_settings.BoardFontSize, 19);
     const quint32 base = m_scheme.SchemeColours[2];
     EXPECT_EQ(pixelOf(&form, form.centralWidget()), OleTranslateColor(base));
-    EXPECT_EQ(form.tile(1)->palette().color(QPalette::Window),
-              OleTranslateColor(m_scheme.SchemeColours[4]));
-    EXPECT_EQ(form.starArea().cell(0)->font().family(), QStringLiteral("DejaVu Sans"));
-    EXPECT_EQ(form.starArea().cell(0)->font().pointSize(), 19);
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.tileFace, OleTranslateColor(m_scheme.SchemeColours[4]));
+    EXPECT_EQ(style.letterFont.family(), QStringLiteral("DejaVu Sans"));
+    EXPECT_EQ(style.letterFont.pointSize(), 19);
     const QStringList lines = SchemeFile::readLines(m_settings.SchemeCollectionPath).value();
     const qsizetype header = lines.indexOf(QStringLiteral("orchid.col"));
     ASSERT_GE(header, 0);
