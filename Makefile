@@ -1,6 +1,6 @@
 # Pentalink: the everyday commands. Each one installs what is missing, configures once and
 # builds incrementally, so repeating a command with nothing changed does almost nothing.
-.PHONY: all setup setup-package configure build run test test-sanitize bench fuzz format install package clean
+.PHONY: all setup setup-package configure build run test test-sanitize bench format install package clean
 
 BUILD_DIR := build
 SAN_DIR := build-sanitize

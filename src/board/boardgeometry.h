@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/stargrid.h"
+#include "core/twips.h"
 
 #include <QLine>
 #include <QRect>
@@ -14,17 +15,9 @@
 
 namespace BoardGeometry {
 
-constexpr int TwipsPerPixel = 15;
-
+constexpr int TwipsPerPixel = Twips::PerPixel;
 // Twips to the nearest logical pixel (halves round up), as the layout places controls.
-constexpr int toPixels(int twips) {
-    return twips >= 0 ? (twips + TwipsPerPixel / 2) / TwipsPerPixel
-                      : -((-twips + TwipsPerPixel / 2) / TwipsPerPixel);
-}
-constexpr QRect toPixels(const QRect& twips) {
-    return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
-            toPixels(twips.height())};
-}
+using Twips::toPixels;
 
 // The client area of the main window.
 constexpr int ClientWidth = 5340;

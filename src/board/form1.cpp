@@ -108,16 +108,16 @@ void Form1::buildLayout() {
 
     m_boardView = new BoardView(*m_board, m_client);
 
-    m_label2 = new QLabel(m_client);
-    m_label2->setObjectName(QStringLiteral("Label2"));
-    m_label2->setGeometry(toPixels(StatusLine));
-    m_label2->setFrameStyle(QFrame::Box | QFrame::Plain);
-    m_label2->setAutoFillBackground(true);
+    m_statusLine = new QLabel(m_client);
+    m_statusLine->setObjectName(QStringLiteral("Label2"));
+    m_statusLine->setGeometry(toPixels(StatusLine));
+    m_statusLine->setFrameStyle(QFrame::Box | QFrame::Plain);
+    m_statusLine->setAutoFillBackground(true);
 
     // The file-name picker has no visible part in this window.
-    m_gf1 = new FNDialog(m_client);
-    m_gf1->setObjectName(QStringLiteral("gf1"));
-    m_gf1->hide();
+    m_filePicker = new FNDialog(m_client);
+    m_filePicker->setObjectName(QStringLiteral("gf1"));
+    m_filePicker->hide();
 
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -145,16 +145,16 @@ void Form1::buildButtons() {
 
 void Form1::connectCommands() {
     MainMenu& menu = *m_menu;
-    connect(menu.mnudict, &QAction::triggered, this, &Form1::dictionaryCommand);
-    connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
-    connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.mnucolsch, &QAction::triggered, this, &Form1::optionsCommand);
-    connect(menu.mnuhelp, &QAction::triggered, this, &Form1::helpCommand);
-    connect(menu.mnuabout, &QAction::triggered, this, &Form1::aboutCommand);
-    connect(menu.mnuprint, &QAction::triggered, this,
+    connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
+    connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
+    connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
+    connect(menu.options, &QAction::triggered, this, &Form1::optionsCommand);
+    connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
+    connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
+    connect(menu.print, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("Printing")); });
     for (int i : {0, 1}) {
-        connect(menu.mnu2clip[i], &QAction::triggered, this,
+        connect(menu.copyEntries[i], &QAction::triggered, this,
                 [this] { notAvailableYet(QStringLiteral("Copying to the clipboard")); });
     }
 
@@ -183,8 +183,8 @@ void Form1::connectCommands() {
     connect(&m_timer2, &QTimer::timeout, m_board.get(), &PlayBoard::completionTick);
     connect(&session, &PuzzleSession::dictionaryStatusChanged, this,
             [this](const QString& text, const QString& toolTip) {
-                m_label2->setText(text);
-                m_label2->setToolTip(toolTip);
+                m_statusLine->setText(text);
+                m_statusLine->setToolTip(toolTip);
             });
 
     m_timer1.setSingleShot(true);
@@ -250,10 +250,10 @@ void Form1::SetCol() {
     setBackground(m_client, background);
     for (BoxControl* b : {m_cmdcreate, m_cmdreset, m_cmdshowsol, m_cmddict})
         b->setBackColor(m_scheme.SchemeColours[m_scheme.ButtonColourIndex]);
-    setBackground(m_label2, background);
-    QFont statusFont = m_label2->font();
+    setBackground(m_statusLine, background);
+    QFont statusFont = m_statusLine->font();
     statusFont.setFamily(m_settings.BoardFontName);
-    m_label2->setFont(statusFont);
+    m_statusLine->setFont(statusFont);
 
     // The board: star area and cells in the background colour, tiles in the button colour,
     // lines and tile words in the text colour; cell letters in the board font, bold.
@@ -304,11 +304,11 @@ void Form1::dictionaryCommand() {
     if (m_session->isBusy())
         return;
     const QString folder = QDir::currentPath();
-    m_gf1->setTitle(QStringLiteral("Select a Dictionary file"));
-    m_gf1->setFileTypes(QStringLiteral("*.txt;*.dic"));
-    m_gf1->setFileTypesName(QStringLiteral("Dictionary File"));
-    m_gf1->setDefaultDir(m_settings.AppFolder);
-    const QString answer = m_gf1->GetFileName(QStringLiteral("OPEN"));
+    m_filePicker->setTitle(QStringLiteral("Select a Dictionary file"));
+    m_filePicker->setFileTypes(QStringLiteral("*.txt;*.dic"));
+    m_filePicker->setFileTypesName(QStringLiteral("Dictionary File"));
+    m_filePicker->setDefaultDir(m_settings.AppFolder);
+    const QString answer = m_filePicker->GetFileName(QStringLiteral("OPEN"));
     QDir::setCurrent(folder);
     if (answer.isEmpty())
         return;

@@ -64,12 +64,12 @@ public:
 
     PuzzleSession& session() { return *m_session; }
     QTimer& timer2() { return m_timer2; }
-    FNDialog& gf1() { return *m_gf1; }
+    FNDialog& filePicker() { return *m_filePicker; }
     Form6& form6() { return *m_form6; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
     BoardView& boardView() { return *m_boardView; }
-    QLabel* statusLine() const { return m_label2; }
+    QLabel* statusLine() const { return m_statusLine; }
     BoxControl* cmddict() const { return m_cmddict; }
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
     BoxControl* cmdreset() const { return m_cmdreset; }
@@ -111,12 +111,12 @@ private:
 
     QWidget* m_client = nullptr;
     BoardView* m_boardView = nullptr;
-    QLabel* m_label2 = nullptr;
+    QLabel* m_statusLine = nullptr;
     BoxControl* m_cmddict = nullptr;
     BoxControl* m_cmdshowsol = nullptr;
     BoxControl* m_cmdreset = nullptr;
     BoxControl* m_cmdcreate = nullptr;
-    FNDialog* m_gf1 = nullptr;
+    FNDialog* m_filePicker = nullptr;
     Form6* m_form6 = nullptr; // created at start-up, hidden rather than closed
     Form4* m_form4 = nullptr;
     AboutForm* m_aboutForm = nullptr;

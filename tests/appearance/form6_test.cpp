@@ -142,7 +142,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         EXPECT_TRUE(options.isVisible());  // Apply keeps the window open
         click(options.Command2(), {5, 5}); // Exit hides it
     });
-    form.menu().mnucolsch->trigger();
+    form.menu().options->trigger();
     ASSERT_TRUE(ran);
     EXPECT_FALSE(options.isVisible());
 

@@ -25,8 +25,9 @@ protected:
     // Makes the picker answer with a new dictionary other.dic and picks File, Load a Dictionary.
     void loadOtherDictionary() {
         m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
-        m_form->gf1().setRunner([&](const FileNameRequest&) { return m_folder.file("other.dic"); });
-        m_form->menu().mnudict->trigger();
+        m_form->filePicker().setRunner(
+            [&](const FileNameRequest&) { return m_folder.file("other.dic"); });
+        m_form->menu().loadDictionary->trigger();
     }
 };
 
@@ -57,18 +58,22 @@ TEST_F(Form1Test, MenuBarHasTheEntriesInOrderCancelDoesNothingAndCreateCreates) 
     ASSERT_EQ(bar.size(), 2);
     EXPECT_EQ(bar[0]->text(), QStringLiteral("File"));
     EXPECT_EQ(bar[1]->text(), QStringLiteral("Puzzle"));
-    EXPECT_EQ(captions(form.menu().mnumain),
+    EXPECT_EQ(captions(form.menu().fileMenu),
               (QStringList{"Options", "Load a Dictionary", "-", "Help", "About", "-", "Exit", "-",
                            "Cancel"}));
-    EXPECT_EQ(captions(form.menu().mnudictx),
+    EXPECT_EQ(captions(form.menu().puzzleMenu),
               (QStringList{"Create", "Print", "-", "Copy to Clipboard", "-", "Cancel"}));
-    EXPECT_EQ(captions(form.menu().mnucopy2clip),
-              (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
+    // The historic names stay the object names.
+    EXPECT_EQ(form.menuBar()->findChild<QMenu*>(QStringLiteral("mnudictx")),
+              form.menu().puzzleMenu);
+    EXPECT_EQ(form.findChild<QAction*>(QStringLiteral("mnu2clip1")), form.menu().copyEntries[1]);
+    EXPECT_EQ(captions(form.menu().copyMenu), (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
     m_notifier.clear();
-    for (QAction* cancel : {form.menu().can1, form.menu().can6, form.menu().mnu2clip[3]})
+    for (QAction* cancel :
+         {form.menu().fileCancel, form.menu().puzzleCancel, form.menu().copyEntries[3]})
         cancel->trigger();
     EXPECT_TRUE(m_notifier.messages().isEmpty());
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
 }
 
@@ -122,7 +127,7 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
     Form1& form = start();
     m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
     FileNameRequest seen;
-    form.gf1().setRunner([&](const FileNameRequest& r) {
+    form.filePicker().setRunner([&](const FileNameRequest& r) {
         seen = r;
         return m_folder.file(QStringLiteral("other.dic"));
     });
@@ -140,9 +145,9 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
 TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
     Form1& form = start();
     loadOtherDictionary();
-    form.menu().mnuhelp->trigger();
+    form.menu().help->trigger();
     m_notifier.queueAnswer(AnswerNo);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(form.helpWindow()->isVisible());
     EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
@@ -150,7 +155,7 @@ TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
     EXPECT_FALSE(m_folder.read("pentalink.cfg").contains("other.dic"));
 
     m_notifier.queueAnswer(AnswerYes);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(form.helpWindow()->isVisible());
     EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()));
@@ -159,13 +164,13 @@ TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
 TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     Form1& form = start();
     EXPECT_EQ(form.helpWindow(), nullptr); // created on first use
-    form.menu().mnuhelp->trigger();
+    form.menu().help->trigger();
     Form4* help = form.helpWindow();
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
     EXPECT_EQ(help->WebBrowser1()->source().toLocalFile(), m_folder.file("pentalink.htm"));
     // Modeless: the game goes on while help is open.
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
     EXPECT_TRUE(help->isVisible());
 
@@ -182,7 +187,7 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
         shownBackground = about->palette().color(QPalette::Window);
         QTest::mouseClick(about->aboutok(), Qt::LeftButton);
     });
-    form.menu().mnuabout->trigger(); // returns once About has closed
+    form.menu().about->trigger(); // returns once About has closed
     EXPECT_TRUE(modal);
     EXPECT_EQ(shownBackground, OleTranslateColor(m_scheme.SchemeColours[2]));
     EXPECT_NE(shownBackground, before);
@@ -193,7 +198,7 @@ TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     Form1& form = start();
     const QByteArray before = m_folder.read("pentalink.cfg");
     loadOtherDictionary();
-    form.menu().mnuhelp->trigger();
+    form.menu().help->trigger();
     // The program's own event loop must end although the help window is still up.
     QTimer::singleShot(0, &form, &QWidget::close);
     QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });

@@ -5,6 +5,8 @@
 #include "windowfixture.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QImage>
 #include <QMouseEvent>
 
 namespace {
@@ -98,6 +100,32 @@ TEST_F(PlayWindowTest, WholeGameWithTheMouse) {
         EXPECT_EQ(board().tiles[i].word, grid().CandidateWords[i]);
         EXPECT_EQ(board().tiles[i].status, TileStatus::Available);
     }
+}
+
+// The board view's picture equals the reference grab `name` pixel for pixel; a different
+// picture is written to the temporary folder for a look.
+void expectBoardPicture(BoardView& view, const QString& name) {
+    const QImage expected(QStringLiteral(PENTALINK_BOARD_REFERENCE_DIR "/") + name);
+    ASSERT_FALSE(expected.isNull()) << name.toStdString();
+    const QImage actual = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const bool same = actual == expected.convertToFormat(QImage::Format_RGB32);
+    if (!same)
+        actual.save(QDir::temp().filePath(QStringLiteral("actual-") + name));
+    EXPECT_TRUE(same) << name.toStdString();
+}
+
+TEST_F(PlayWindowTest, BoardIsPaintedAsTheReferenceGrabsShowIt) {
+    // One word placed, another selected; then the solution shown.
+    int first = 0;
+    for (int i = 1; i <= 8 && first == 0; ++i)
+        first = directionOf(i) != 0 ? i : 0;
+    clickBoard(BoardPart::Tile, first);
+    clickBoard(BoardPart::Marker, directionOf(first));
+    clickBoard(BoardPart::Tile, first == 1 ? 2 : 1);
+    expectBoardPicture(m_form->boardView(), QStringLiteral("board-placed-selected.png"));
+    QTest::mousePress(m_form->cmdshowsol(), Qt::LeftButton);
+    expectBoardPicture(m_form->boardView(), QStringLiteral("board-solution.png"));
+    QTest::mouseRelease(m_form->cmdshowsol(), Qt::LeftButton);
 }
 
 TEST_F(PlayWindowTest, AClickIsTheReleaseOfAButtonPressedOnAPartWhereverItEnds) {

@@ -1,13 +1,13 @@
 // The help window, the About window and the program icon, headless: links and Back/Forward
 // on the shipped help page, re-activation, the resize rule, web links, the scheme colours,
 // the ways About closes, and the star against its SVG twin.
+#include "core/twips.h"
 #include "support/testfolder.h"
 #include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
 #include "ui/form4.h"
 #include "ui/msgform.h"
 #include "ui/programicon.h"
-#include "ui/twips.h"
 
 #include <QDesktopServices>
 #include <QDir>
