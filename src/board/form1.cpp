@@ -44,18 +44,18 @@ void setBackground(QWidget* widget, const QColor& colour) {
     widget->setAutoFillBackground(true);
 }
 
-// Gives the menu bar and every menu below it a solid background.
+void setTextColour(QWidget* widget, const QColor& colour) {
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    widget->setPalette(palette);
+}
+
+// Gives the menu bar and every menu below it a solid background of exactly `colour`, with
+// black text. A style sheet, because styles paint drop-down menus from a lightened palette
+// colour; it reaches the drop-down menus because they are children of the bar.
 void setMenuColour(QMenuBar* bar, const QColor& colour) {
-    const auto paint = [&colour](QWidget* widget) {
-        QPalette palette = widget->palette();
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            palette.setColor(role, colour);
-        widget->setPalette(palette);
-        widget->setAutoFillBackground(true);
-    };
-    paint(bar);
-    for (QMenu* menu : bar->findChildren<QMenu*>())
-        paint(menu);
+    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; }")
+                           .arg(colour.name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {
@@ -80,6 +80,15 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_session(std::make_unique<PuzzleSession>(&m_gate))
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
+    // Scheme messages go through the gate too, so a completion tick never meets an open one.
+    m_scheme.setNotifier(&m_gate);
+    // The normal pointer shows while a message waits for the player, whatever work is going on.
+    m_gate.setOpenHook([](bool opening) {
+        if (opening)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
@@ -96,7 +105,9 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     startUp();
 }
 
-Form1::~Form1() = default;
+Form1::~Form1() {
+    m_scheme.setNotifier(&m_notifier);
+}
 
 void Form1::buildLayout() {
     m_client = new QWidget(this);
@@ -215,6 +226,9 @@ void Form1::startUp() {
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
     m_form6->model().fillSchemeList();
 
+    // The status line's text is black whatever the desktop's palette says.
+    setTextColour(m_statusLine, Qt::black);
+
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
@@ -231,6 +245,11 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
+    if (m_session->isBusy()) {
+        // A create request is still showing its message: load once it has been answered.
+        m_timer1.start();
+        return;
+    }
     m_session->LoadDictionary(m_session->DictionaryPath());
     m_timer1.stop();
     QApplication::restoreOverrideCursor();
@@ -324,7 +343,7 @@ void Form1::exitCommand() {
     if (m_exiting)
         return;
     const int answer =
-        m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+        m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
     if (answer != AnswerYes)
         return;
@@ -349,6 +368,8 @@ void Form1::helpCommand() {
         m_form4->setSchemeLook([this] { return schemeLook(); });
     }
     m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    // A help window left minimised comes back as it was before.
+    m_form4->setWindowState(m_form4->windowState() & ~Qt::WindowMinimized);
     m_form4->show();
     m_form4->raise();
     m_form4->activateWindow();
@@ -381,8 +402,8 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void Form1::notAvailableYet(const QString& what) {
-    m_notifier.MsgboxA(what + QStringLiteral(" is not available yet."),
-                       QStringLiteral("vbok+vbinformation"));
+    m_gate.MsgboxA(what + QStringLiteral(" is not available yet."),
+                   QStringLiteral("vbok+vbinformation"));
     letEventsRun();
 }
 

@@ -99,10 +99,10 @@ private:
 
     Settings& m_settings;
     ColourScheme& m_scheme;
-    Notifier& m_notifier;
+    Notifier& m_notifier; // reached only through m_gate
     MsgForm* m_msgForm;
-    // Every message of the window and its rules passes this gate, so the completion check
-    // can tell when a message is already open.
+    // Every message of the window, its rules and the colour scheme passes this gate, so the
+    // completion check can tell when a message is already open.
     MessageGate m_gate;
     ConfigFile m_config;
     std::unique_ptr<PuzzleSession> m_session;

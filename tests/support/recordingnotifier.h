@@ -1,12 +1,17 @@
 // A Notifier for tests: records every message and answers from a queue of scripted answers
 // (AnswerOk when the queue is empty) and every input box from a queue of scripted texts (""
 // when empty, as Cancel gives), so code that asks the player runs without a modal loop.
+// A hook can run while a message "is open", standing in for the timer events a modal message
+// loop delivers.
 #pragma once
 
 #include "core/notifier.h"
 
 #include <QList>
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 struct RecordedMessage {
     QString text;
@@ -28,7 +33,12 @@ public:
     void queueText(const QString& text) { m_texts.append(text); }
 
     const QList<RecordedMessage>& messages() const { return m_messages; }
+    // The texts of the recorded messages, in order.
+    QStringList texts() const;
     void clear() { m_messages.clear(); }
+
+    // Runs inside every call, after the message is recorded (none: nothing).
+    std::function<void()> duringMessage;
 
 private:
     int nextAnswer();
