@@ -47,6 +47,9 @@ public:
         return result;
     }
 
+    // Records a duration measured otherwise.
+    void add(double us) { m_us.push_back(us); }
+
     void report(benchmark::State& state, const char* prefix = "") const {
         if (m_us.empty())
             return;
