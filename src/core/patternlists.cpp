@@ -15,13 +15,18 @@ constexpr int kTableAlphabet = 4096;
 // More placings than this (patterns full of "*") are not listed: such texts are tested as
 // characters.
 constexpr size_t kMaxAlignments = 64;
+// Up to this many candidates are tested as characters, without building tables.
+constexpr size_t kFewCandidates = 48;
 
 } // namespace
 
-PatternLists::Matcher::Matcher(QString pattern, const WordIndex& index)
+PatternLists::Matcher::Matcher(QString pattern)
     : m_pattern(std::move(pattern))
-    , m_tokens(m_pattern) {
-    if (m_tokens.matchesNothing() || index.alphabetSize() > kTableAlphabet || !align())
+    , m_tokens(m_pattern) {}
+
+void PatternLists::Matcher::useTables(const WordIndex& index) {
+    if (m_byTables || m_tokens.matchesNothing() || index.alphabetSize() > kTableAlphabet ||
+        !align())
         return;
     m_byTables = true;
     const auto letters = static_cast<size_t>(index.alphabetSize());
@@ -107,6 +112,8 @@ bool PatternLists::Matcher::matches(int id, const WordIndex& index,
 void PatternLists::clear() {
     m_lists.clear();
     m_byKey.clear();
+    for (auto& offsets : m_placeOffsets)
+        offsets.clear();
 }
 
 void PatternLists::resetCursors() {
@@ -119,7 +126,7 @@ PatternLists::List& PatternLists::list(Kind kind, quint64 letters) {
     if (!added)
         return m_lists[it->second];
     List& list = m_lists.emplace_back();
-    start(list, std::make_unique<Matcher>(patternText(kind, letters), *m_index));
+    start(list, std::make_unique<Matcher>(patternText(kind, letters)));
     return list;
 }
 
@@ -146,14 +153,32 @@ bool PatternLists::findMore(List& list) {
     if (!list.pending)
         return false;
     const WordIndex& index = *m_index;
-    for (int& id = list.nextToTest; id < index.entryCount();) {
-        const int tested = id++;
-        if (index.alive(tested) && list.pending->matches(tested, index, *m_wordList)) {
-            list.ids.push_back(tested);
-            return true;
+    auto test = [&](int id) {
+        if (!index.alive(id) || !list.pending->matches(id, index, *m_wordList))
+            return false;
+        list.ids.push_back(id);
+        return true;
+    };
+    if (list.candidates.empty()) {
+        for (int& id = list.nextToTest; id < index.entryCount();) {
+            if (test(id++))
+                return true;
+        }
+    } else {
+        const auto words = list.candidates.size();
+        for (int& id = list.nextToTest; static_cast<size_t>(id) / 64 < words;) {
+            const quint64 word = list.candidates[static_cast<size_t>(id) / 64] >> (id % 64);
+            if (word == 0) {
+                id = (id / 64 + 1) * 64;
+                continue;
+            }
+            id += std::countr_zero(word);
+            if (test(id++))
+                return true;
         }
     }
     list.pending.reset();
+    list.candidates = {};
     return false;
 }
 
@@ -179,8 +204,106 @@ QString PatternLists::patternText(Kind kind, quint64 letters) const {
     return {};
 }
 
+int PatternLists::takenByGroups(const Matcher& m) {
+    const WordIndex& index = *m_index;
+    const KeyedEntryLists& firstTwo = index.byFirstTwo();
+    const bool second = m.tokens().fixedPrefix() >= 2;
+    m_bits.assign((static_cast<size_t>(index.entryCount()) + 63) / 64, 0);
+    int taken = 0;
+    for (int g = 0; g < firstTwo.groupCount(); ++g) {
+        const quint64 key = firstTwo.groupKey(g);
+        if (!m.takes(0, static_cast<WordIndex::Letter>(key >> 48)) ||
+            (second && !m.takes(1, static_cast<WordIndex::Letter>(key >> 32))))
+            continue;
+        for (const int id : firstTwo.group(g))
+            m_bits[static_cast<size_t>(id) / 64] |= quint64{1} << (id % 64);
+        taken += static_cast<int>(firstTwo.group(g).size());
+    }
+    if (2 * taken > index.entryCount())
+        return taken;
+    m_candidates.clear();
+    for (size_t w = 0; w < m_bits.size(); ++w) {
+        for (quint64 word = m_bits[w]; word != 0; word &= word - 1)
+            m_candidates.push_back(static_cast<int>(w * 64) + std::countr_zero(word));
+    }
+    return taken;
+}
+
+void PatternLists::buildPlaces() {
+    const WordIndex& index = *m_index;
+    const auto letters = static_cast<size_t>(index.alphabetSize());
+    for (int p = 0; p < 4; ++p) {
+        std::vector<int>& offsets = m_placeOffsets[static_cast<size_t>(p)];
+        std::vector<int>& ids = m_placeIds[static_cast<size_t>(p)];
+        offsets.assign(letters + 1, 0);
+        for (int id = 0; id < index.entryCount(); ++id) {
+            if (index.hasLetters(id))
+                ++offsets[index.letter(id, p) + 1u];
+        }
+        for (size_t l = 1; l <= letters; ++l)
+            offsets[l] += offsets[l - 1];
+        ids.resize(static_cast<size_t>(offsets[letters]));
+        std::vector<int> fill(offsets.begin(), offsets.end() - 1);
+        for (int id = 0; id < index.entryCount(); ++id) {
+            if (index.hasLetters(id))
+                ids[static_cast<size_t>(fill[index.letter(id, p)]++)] = id;
+        }
+    }
+}
+
+int PatternLists::takenByPlaces(const Matcher& m) {
+    const WordIndex& index = *m_index;
+    if (m_placeOffsets[0].empty())
+        buildPlaces();
+    const int letters = index.alphabetSize();
+    auto takenAt = [&](int place, int token) {
+        const std::vector<int>& offsets = m_placeOffsets[static_cast<size_t>(place)];
+        int n = 0;
+        for (int l = 0; l < letters; ++l) {
+            if (m.takes(token, static_cast<WordIndex::Letter>(l)))
+                n += offsets[static_cast<size_t>(l) + 1] - offsets[static_cast<size_t>(l)];
+        }
+        return n;
+    };
+    m_bits.assign((static_cast<size_t>(index.entryCount()) + 63) / 64, 0);
+    auto set = [&](int id) { m_bits[static_cast<size_t>(id) / 64] |= quint64{1} << (id % 64); };
+    int taken = 0;
+    for (const int length : {4, 5}) {
+        for (const Matcher::Alignment& a : m.alignments(length)) {
+            int best = -1;
+            int bestTaken = index.entryCount() + 1;
+            for (int p = 0; p < 4; ++p) {
+                const int token = a[static_cast<size_t>(p)];
+                if (token < 0)
+                    continue;
+                const int n = takenAt(p, token);
+                if (n < bestTaken) {
+                    best = p;
+                    bestTaken = n;
+                }
+            }
+            if (best < 0)
+                return -1; // only the "*" mark is placed: nothing to narrow by
+            const std::vector<int>& offsets = m_placeOffsets[static_cast<size_t>(best)];
+            const std::vector<int>& ids = m_placeIds[static_cast<size_t>(best)];
+            const int token = a[static_cast<size_t>(best)];
+            for (int l = 0; l < letters; ++l) {
+                if (!m.takes(token, static_cast<WordIndex::Letter>(l)))
+                    continue;
+                for (int k = offsets[static_cast<size_t>(l)]; k < offsets[static_cast<size_t>(l) + 1]; ++k)
+                    set(ids[static_cast<size_t>(k)]);
+            }
+            taken += bestTaken;
+        }
+    }
+    // Entries of other lengths meet other placings: they are always candidates.
+    for (const int id : index.irregular())
+        set(id);
+    return taken;
+}
+
 void PatternLists::start(List& list, std::unique_ptr<Matcher> matcher) {
-    const Matcher& m = *matcher;
+    Matcher& m = *matcher;
     if (m.matchesNothing())
         return;
     const WordIndex& index = *m_index;
@@ -212,33 +335,25 @@ void PatternLists::start(List& list, std::unique_ptr<Matcher> matcher) {
         group(index.byFirstTwo(), WordIndex::pack(l0, l1, 0, 0));
     } else if (l0 >= 0 && l3 >= 0) {
         group(index.byFirstAndLast(), WordIndex::pack(l0, 0, 0, l3));
-    } else if (m.byTables() && tokens.fixedPrefix() >= 1) {
-        // The groups by the first two letters whose letters the first tokens take.
-        const KeyedEntryLists& firstTwo = index.byFirstTwo();
-        const bool second = tokens.fixedPrefix() >= 2;
-        m_bits.assign((static_cast<size_t>(index.entryCount()) + 63) / 64, 0);
-        int taken = 0;
-        for (int g = 0; g < firstTwo.groupCount(); ++g) {
-            const quint64 key = firstTwo.groupKey(g);
-            if (!m.takes(0, static_cast<WordIndex::Letter>(key >> 48)) ||
-                (second && !m.takes(1, static_cast<WordIndex::Letter>(key >> 32))))
-                continue;
-            for (const int id : firstTwo.group(g))
-                m_bits[static_cast<size_t>(id) / 64] |= quint64{1} << (id % 64);
-            taken += static_cast<int>(firstTwo.group(g).size());
-        }
-        if (2 * taken > index.entryCount()) {
-            list.pending = std::move(matcher); // nearly everything: test lazily
+    } else {
+        // Classes (or nothing known) at the first places: the groups by the first two letters
+        // whose letters the first tokens take; failing that, the entries by their letter at
+        // the most selective place of each placing, tested lazily in list order.
+        m.useTables(index);
+        if (!m.byTables()) {
+            list.pending = std::move(matcher);
             return;
         }
-        for (size_t w = 0; w < m_bits.size(); ++w) {
-            for (quint64 word = m_bits[w]; word != 0; word &= word - 1)
-                candidates.push_back(static_cast<int>(w * 64) + std::countr_zero(word));
+        const int taken = tokens.fixedPrefix() >= 1 ? takenByGroups(m) : -1;
+        if (taken < 0 || 2 * taken > index.entryCount()) {
+            if (takenByPlaces(m) >= 0)
+                list.candidates = m_bits;
+            list.pending = std::move(matcher);
+            return;
         }
-    } else {
-        list.pending = std::move(matcher); // every entry is a candidate: test lazily
-        return;
     }
+    if (candidates.size() > kFewCandidates)
+        m.useTables(index);
 
     for (const int id : candidates) {
         if (index.alive(id) && m.matches(id, index, *m_wordList))
@@ -247,8 +362,8 @@ void PatternLists::start(List& list, std::unique_ptr<Matcher> matcher) {
     // Entries of fewer than four characters are in no keyed list: a "*" from a letter can
     // still let a pattern match them.
     const size_t withLetters = list.ids.size();
-    for (const int id : index.withoutLetters()) {
-        if (index.alive(id) && m.matches(id, index, *m_wordList))
+    for (const int id : index.irregular()) {
+        if (!index.hasLetters(id) && index.alive(id) && m.matches(id, index, *m_wordList))
             list.ids.push_back(id);
     }
     if (list.ids.size() != withLetters)

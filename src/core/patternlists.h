@@ -42,7 +42,10 @@ public:
     // A pattern compiled for testing entries of the index.
     class Matcher {
     public:
-        Matcher(QString pattern, const WordIndex& index);
+        explicit Matcher(QString pattern);
+        // Prepares testing by tables of letters (worth it for many entries); nothing when the
+        // alphabet is too large or the pattern too full of "*".
+        void useTables(const WordIndex& index);
         bool matchesNothing() const { return m_tokens.matchesNothing(); }
         const WildcardTokens& tokens() const { return m_tokens; }
         // Whether the entry `id` (live) matches.
@@ -52,9 +55,14 @@ public:
             return m_takes[static_cast<size_t>(token)][letter] != 0;
         }
         bool byTables() const { return m_byTables; }
+        // The placings over texts of `length` (4 or 5) characters: for each character the
+        // token it meets, -1 inside a "*". Precondition: byTables().
+        using Alignment = std::array<int, 5>;
+        const std::vector<Alignment>& alignments(int length) const {
+            return m_alignments[static_cast<size_t>(length - 4)];
+        }
 
     private:
-        using Alignment = std::array<int, 5>;
         bool align();
 
         QString m_pattern;
@@ -73,9 +81,11 @@ public:
         std::vector<int> ids; // the matching entry ids found so far, ascending
         quint32 stamp = 0;    // the attempt the cursor belongs to
         quint32 cursor = 0;   // every id before it is marked in that attempt
-        // While the list is still being found: the matcher and the next id to test.
+        // While the list is still being found: the matcher, the next id to test, and the
+        // candidates (a bit per id; empty: every id).
         std::unique_ptr<Matcher> pending;
         int nextToTest = 0;
+        std::vector<quint64> candidates;
     };
 
     // Forgets every list (the index was rebuilt).
@@ -116,6 +126,17 @@ private:
 
     QString patternText(Kind kind, quint64 letters) const;
     void start(List& list, std::unique_ptr<Matcher> matcher);
+    // The number of entries in the groups by the first two letters that the first tokens of
+    // `m` take (which must have tables); when at most half of all, they become m_candidates.
+    int takenByGroups(const Matcher& m);
+    // Sets in m_bits the candidates for a pattern with tables: for each placing, the entries
+    // with a letter the most selective placed token takes, plus the irregular entries.
+    // Returns their number, or -1 when some placing fixes no letter (every entry is one).
+    int takenByPlaces(const Matcher& m);
+    // Entries by the letter at each of the first four places (built on first use).
+    void buildPlaces();
+    std::array<std::vector<int>, 4> m_placeOffsets; // letter -> range in m_placeIds
+    std::array<std::vector<int>, 4> m_placeIds;
     // Finds more of a pending list: up to and including its next match; false at the end.
     bool findMore(List& list);
 

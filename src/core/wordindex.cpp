@@ -196,7 +196,7 @@ void WordIndex::clear() {
     m_packed.clear();
     m_kind.clear();
     m_tail.clear();
-    m_short.clear();
+    m_irregular.clear();
     m_alive.clear();
     m_removed.clear();
     m_indexed.clear();
@@ -230,6 +230,8 @@ bool WordIndex::build(const clsSimpleArray& list) {
                                      m_specialLetter[d];
                 m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
                 m_tail[static_cast<size_t>(id)] = tailAfter(entry, 4);
+                if (m_tail[static_cast<size_t>(id)] == Tail::Other)
+                    m_irregular.push_back(id);
                 m_indexed.push_back(id);
                 continue;
             }
@@ -251,12 +253,14 @@ bool WordIndex::build(const clsSimpleArray& list) {
             special = special || m_specialLetter[static_cast<size_t>(letter)] != 0;
         }
         if (taken < 4) {
-            m_short.push_back(id);
+            m_irregular.push_back(id);
             continue;
         }
         m_packed[static_cast<size_t>(id)] = packed;
         m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
         m_tail[static_cast<size_t>(id)] = tailAfter(entry, i);
+        if (m_tail[static_cast<size_t>(id)] == Tail::Other)
+            m_irregular.push_back(id);
         m_indexed.push_back(id);
     }
     const int size = alphabetSize();

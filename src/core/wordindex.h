@@ -119,8 +119,9 @@ public:
             return 0;
         return tail == Tail::None ? 4 : 5;
     }
-    // The ids of the entries without letters (fewer than four characters), ascending.
-    const std::vector<int>& withoutLetters() const { return m_short; }
+    // The ids of the entries for which regularText() gives 0 (fewer than four characters, or
+    // more after the letters than one "*"), ascending.
+    const std::vector<int>& irregular() const { return m_irregular; }
     // The text of one letter as it stands in the entries (a lone surrogate stays one unit).
     QString letterText(Letter letter) const;
     // The packed letters of an entry. Precondition: hasLetters(id).
@@ -196,7 +197,7 @@ private:
     std::vector<quint64> m_packed;
     std::vector<Kind> m_kind;
     std::vector<Tail> m_tail;
-    std::vector<int> m_short; // ids without letters, ascending
+    std::vector<int> m_irregular; // ids without a regular text, ascending
     std::vector<quint8> m_alive;
     std::vector<char32_t> m_codePoints;
     std::vector<quint8> m_specialLetter; // letter -> a wildcard character or lone surrogate
