@@ -175,12 +175,10 @@ int main(int argc, char** argv) {
     add("Puzzle/16k_patterns/fast/successive", successive, patterns);
     const QString patternNoPuzzle = g_files->patternNoPuzzle16k();
     add("NoPuzzle/16k_patterns/fast", noPuzzle<IndexedPuzzleGenerator>, patternNoPuzzle, 10);
-    add("NoPuzzle/16k_hash_xyz/fast", noPuzzle<IndexedPuzzleGenerator>, g_files->hashXyz16k(),
-        10);
-    add("Abandon/16k_patterns_nopuzzle/fast", abandon<IndexedPuzzleGenerator>, patternNoPuzzle,
-        10);
-    add("Abandon/16k_patterns_nopuzzle/literal", abandon<LiteralPuzzleGenerator>,
-        patternNoPuzzle, 3);
+    add("NoPuzzle/16k_hash_xyz/fast", noPuzzle<IndexedPuzzleGenerator>, g_files->hashXyz16k(), 10);
+    add("Abandon/16k_patterns_nopuzzle/fast", abandon<IndexedPuzzleGenerator>, patternNoPuzzle, 10);
+    add("Abandon/16k_patterns_nopuzzle/literal", abandon<LiteralPuzzleGenerator>, patternNoPuzzle,
+        3);
     const std::string small = std::to_string(kLiteralNoPuzzleWords / 1000) + "k";
     add("NoPuzzle/" + small + "/literal", noPuzzle<LiteralPuzzleGenerator>,
         g_files->noPuzzle(kLiteralNoPuzzleWords), 1);

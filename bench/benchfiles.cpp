@@ -121,12 +121,12 @@ QString BenchFiles::patternWords16k() {
         for (int k = 0; k < 4; ++k)
             columns[static_cast<size_t>(k)] += w[k];
     }
-    return write(QStringLiteral("patterns16k.txt"),
-                 linesWithOneOf(QStringLiteral("?*#["), 16000, 17,
-                                [&](std::mt19937& random, int k) {
-                                    const QString& column = columns[static_cast<size_t>(k)];
-                                    return column[random() % column.size()];
-                                }));
+    return write(
+        QStringLiteral("patterns16k.txt"),
+        linesWithOneOf(QStringLiteral("?*#["), 16000, 17, [&](std::mt19937& random, int k) {
+            const QString& column = columns[static_cast<size_t>(k)];
+            return column[random() % column.size()];
+        }));
 }
 
 QString BenchFiles::patternNoPuzzle16k() {

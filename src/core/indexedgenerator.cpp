@@ -204,8 +204,7 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
 
     // Every root failed. The item data must show the marks of the last root's attempt.
     m_resumeFrom = m_index.entryCount();
-    m_statistics.remembered =
-        wordList.ListCount() - m_statistics.attempts - m_statistics.known;
+    m_statistics.remembered = wordList.ListCount() - m_statistics.attempts - m_statistics.known;
     int last = m_index.entryCount() - 1;
     while (last >= 0 && !m_index.alive(last))
         --last;
@@ -309,8 +308,8 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
     if (forwards < 0 && backwards < 0)
         return Outcome::Failed;
 
-    std::array<int, StarGrid::CandidateCount> entries = {
-        root, second, third, fourth, forwards >= 0 ? forwards : backwards};
+    std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth,
+                                                         forwards >= 0 ? forwards : backwards};
     return finish(wordList, grid, entries, {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9},
                   [this](Letter first, Letter last) {
                       const int decoy = findByFirstAndLast(first, last);
@@ -450,8 +449,8 @@ IndexedPuzzleGenerator::patternAttempt(const clsSimpleArray& wordList, StarGrid&
     if (forwards < 0 && backwards < 0)
         return Outcome::Failed;
 
-    std::array<int, StarGrid::CandidateCount> entries = {
-        root, second, third, fourth, forwards >= 0 ? forwards : backwards};
+    std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth,
+                                                         forwards >= 0 ? forwards : backwards};
     return finish(wordList, grid, entries, {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9},
                   [&](Letter first, Letter last) {
                       const int decoy = find(listOf(Kind::Decoy, first, last));

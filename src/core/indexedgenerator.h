@@ -75,8 +75,8 @@ public:
         int attempts = 0;        // attempts run
         int patternAttempts = 0; // of which run on pattern lists
         int literalAttempts = 0; // of which handed to the literal search
-        int known = 0; // roots passed over: one that makes the same search failed just before
-        int remembered = 0;      // roots passed over because their failure was remembered
+        int known = 0;      // roots passed over: one that makes the same search failed just before
+        int remembered = 0; // roots passed over because their failure was remembered
         bool indexBuilt = false; // the index was (re)built for this call
     };
     const Statistics& statistics() const { return m_statistics; }
@@ -184,7 +184,7 @@ private:
     bool m_searchFailed = false; // the last pattern attempt found no fourth word
     std::unordered_map<quint64, int> m_failedSearches;
     std::array<std::unordered_map<quint64, int>, 2> m_failedTexts;
-    std::vector<qint32> m_data;          // scratch: item data by id
+    std::vector<qint32> m_data; // scratch: item data by id
 
     // Remembered failures: every root before m_resumeFrom failed, except those in m_retry
     // (ascending), which must run again.

@@ -290,7 +290,8 @@ int PatternLists::takenByPlaces(const Matcher& m) {
             for (int l = 0; l < letters; ++l) {
                 if (!m.takes(token, static_cast<WordIndex::Letter>(l)))
                     continue;
-                for (int k = offsets[static_cast<size_t>(l)]; k < offsets[static_cast<size_t>(l) + 1]; ++k)
+                for (int k = offsets[static_cast<size_t>(l)];
+                     k < offsets[static_cast<size_t>(l) + 1]; ++k)
                     set(ids[static_cast<size_t>(k)]);
             }
             taken += bestTaken;

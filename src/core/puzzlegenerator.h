@@ -13,8 +13,8 @@ class StarGrid;
 
 struct GenerationResult {
     bool success = false;
-    QString root;       // the text of the root entry as stored (with its "*" when reversed)
-    int rootIndex = -1; // its index before it was removed
+    QString root;           // the text of the root entry as stored (with its "*" when reversed)
+    int rootIndex = -1;     // its index before it was removed
     bool abandoned = false; // the search stopped on request before it had an outcome
 };
 

@@ -85,6 +85,11 @@ bool PuzzleSession::openDictionary(const QString& path) {
     return true;
 }
 
+void PuzzleSession::abandonSearch() {
+    if (m_busy)
+        m_pump.requestStop();
+}
+
 PuzzleSession::CreateOutcome PuzzleSession::createPuzzle() {
     if (m_busy)
         return CreateOutcome::Ignored;
@@ -101,8 +106,15 @@ PuzzleSession::CreateOutcome PuzzleSession::createPuzzle() {
     Q_EMIT completionCheckStopped();
     Q_EMIT tilesCleared();
     Q_EMIT boardEnabledChanged(false);
+    m_pump.clearStop();
     m_lastGeneration = m_generator->generate(m_wordList, m_grid);
+    m_pump.clearStop();
     Q_EMIT boardEnabledChanged(true);
+
+    if (m_lastGeneration.abandoned) {
+        Q_EMIT waitPointerChanged(false);
+        return CreateOutcome::Abandoned;
+    }
 
     if (!m_lastGeneration.success) {
         Q_EMIT waitPointerChanged(false);

@@ -50,7 +50,7 @@ private:
     enum class Type : quint8 { Star, Any, Digit, Literal, List, NegatedList };
     struct Token {
         Type type;
-        char32_t c = 0;       // Literal: the character
+        char32_t c = 0;        // Literal: the character
         QStringView list = {}; // List, NegatedList: the body between "[" ("[!") and "]"
     };
     bool matchesToken(const Token& token, char32_t c) const;

@@ -37,9 +37,7 @@ WordIndex::Tail WordIndex::tailAfter(QStringView entry, qsizetype end) {
     return Tail::Other;
 }
 
-namespace {
-
-} // namespace
+namespace {} // namespace
 
 void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vector<int>& ids,
                             quint64 mask, int alphabetSize) {

@@ -198,7 +198,8 @@ QStringList randomWords(std::mt19937& random) {
         if (!alphabet.contains(c))
             alphabet << c;
     }
-    return wordsWithTwins(random, randomCount(random), [&] { return randomWord(random, alphabet); });
+    return wordsWithTwins(random, randomCount(random),
+                          [&] { return randomWord(random, alphabet); });
 }
 
 // A random dictionary where most words hold pattern characters, so that most patterns do:
