@@ -1,10 +1,11 @@
 # Pentalink: the everyday commands. Each one installs what is missing, configures once and
 # builds incrementally, so repeating a command with nothing changed does almost nothing.
-.PHONY: all setup configure build run test test-sanitize bench fuzz format install package clean
+.PHONY: all setup setup-package configure build run test test-sanitize bench format install package clean
 
 BUILD_DIR := build
 SAN_DIR := build-sanitize
 BENCH_DIR := build-bench
+PKG_DIR := build-package
 
 all: build
 
@@ -42,8 +43,29 @@ bench: setup $(BENCH_DIR)/build.ninja
 	$(BENCH_DIR)/bin/bench_generator
 	$(BENCH_DIR)/bin/bench_memory
 
+# Installs the game, pentalink-gen, the data files, desktop entry, metainfo, icons and manual
+# pages under PREFIX (default /usr/local); DESTDIR stages the install in another root.
+PREFIX ?= /usr/local
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD_DIR) --strip --prefix "$(PREFIX)"
+
+# The Debian package build-package/pentalink_<version>_<arch>.deb, built with Debian's
+# hardening flags from a separate optimised tree installed under /usr.
+setup-package: setup
+	@bash scripts/setup-deps.sh package
+
+$(PKG_DIR)/build.ninja: | setup-package
+	export DEB_BUILD_MAINT_OPTIONS=hardening=+all; \
+	CXXFLAGS="$$(dpkg-buildflags --get CXXFLAGS) $$(dpkg-buildflags --get CPPFLAGS)" \
+	LDFLAGS="$$(dpkg-buildflags --get LDFLAGS)" cmake --preset package
+
+package: setup-package $(PKG_DIR)/build.ninja
+	cmake --build --preset package
+	cpack --preset package
+	@ls $(PKG_DIR)/*.deb
+
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD_DIR) $(SAN_DIR) $(BENCH_DIR)
+	rm -rf $(BUILD_DIR) $(SAN_DIR) $(BENCH_DIR) $(PKG_DIR)

@@ -1,15 +1,21 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build, the tests and the benchmarks need, and nothing more.
-# As root it runs apt-get; otherwise it prints the one command to run. A machine that already
-# has everything is left alone (checked with dpkg, so a second run costs a fraction of a second).
+# Installs the Debian packages the build, the tests and the benchmarks need, and nothing more;
+# `setup-deps.sh package` installs what `make package` needs instead (dpkg-shlibdeps and the
+# tools CPack calls). As root it runs apt-get; otherwise it prints the one command to run. A
+# machine that already has everything is left alone (checked with dpkg, so a second run costs a
+# fraction of a second).
 set -euo pipefail
 
-packages=(
-    cmake ninja-build g++ make pkg-config
-    qt6-base-dev qt6-base-dev-tools libgl-dev
-    zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
-    fonts-liberation2 fonts-dejavu-core
-)
+if [ "${1:-}" = package ]; then
+    packages=(dpkg-dev file binutils gzip)
+else
+    packages=(
+        cmake ninja-build g++ make pkg-config
+        qt6-base-dev qt6-base-dev-tools libgl-dev
+        zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
+        fonts-liberation2 fonts-dejavu-core
+    )
+fi
 
 missing=()
 for p in "${packages[@]}"; do

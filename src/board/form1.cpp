@@ -2,19 +2,21 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "board/boardcommands.h"
 #include "board/boardgeometry.h"
+#include "board/boardview.h"
 #include "board/buttonpictures.h"
-#include "board/clicklabel.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
-#include "board/sessionwiring.h"
-#include "board/stararea.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
+#include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
 #include "ui/fndialog.h"
+#include "ui/form4.h"
 #include "ui/msgform.h"
 #include "ui/olecolor.h"
+#include "ui/programicon.h"
 
 #include <QAction>
 #include <QApplication>
@@ -38,12 +40,6 @@ void setBackground(QWidget* widget, const QColor& colour) {
     palette.setColor(QPalette::Window, colour);
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
-}
-
-void setTextColour(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, colour);
-    widget->setPalette(palette);
 }
 
 // Gives the menu bar and every menu below it a solid background.
@@ -83,7 +79,7 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Pentalink  "));
-    setWindowIcon(::windowIcon());
+    setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
@@ -108,28 +104,18 @@ void Form1::buildLayout() {
     setCentralWidget(m_client);
     setMouseTracking(true);
 
-    m_starArea = new StarArea(m_client);
+    m_boardView = new BoardView(*m_board, m_client);
 
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        auto* tile = new ClickLabel(i, m_client);
-        tile->setObjectName(QStringLiteral("pw%1").arg(i));
-        tile->setGeometry(toPixels(Tiles[i]));
-        tile->setAlignment(Qt::AlignCenter);
-        tile->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        tile->setAutoFillBackground(true);
-        m_tiles[i] = tile;
-    }
-
-    m_label2 = new QLabel(m_client);
-    m_label2->setObjectName(QStringLiteral("Label2"));
-    m_label2->setGeometry(toPixels(StatusLine));
-    m_label2->setFrameStyle(QFrame::Box | QFrame::Plain);
-    m_label2->setAutoFillBackground(true);
+    m_statusLine = new QLabel(m_client);
+    m_statusLine->setObjectName(QStringLiteral("Label2"));
+    m_statusLine->setGeometry(toPixels(StatusLine));
+    m_statusLine->setFrameStyle(QFrame::Box | QFrame::Plain);
+    m_statusLine->setAutoFillBackground(true);
 
     // The file-name picker has no visible part in this window.
-    m_gf1 = new FNDialog(m_client);
-    m_gf1->setObjectName(QStringLiteral("gf1"));
-    m_gf1->hide();
+    m_filePicker = new FNDialog(m_client);
+    m_filePicker->setObjectName(QStringLiteral("gf1"));
+    m_filePicker->hide();
 
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -157,19 +143,17 @@ void Form1::buildButtons() {
 
 void Form1::connectCommands() {
     MainMenu& menu = *m_menu;
-    connect(menu.mnudict, &QAction::triggered, this, &Form1::dictionaryCommand);
-    connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
-    connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.mnucolsch, &QAction::triggered, this,
+    connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
+    connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
+    connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
+    connect(menu.options, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("The Options window")); });
-    connect(menu.mnuhelp, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("Help")); });
-    connect(menu.mnuabout, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The About window")); });
-    connect(menu.mnuprint, &QAction::triggered, this,
+    connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
+    connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
+    connect(menu.print, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("Printing")); });
     for (int i : {0, 1}) {
-        connect(menu.mnu2clip[i], &QAction::triggered, this,
+        connect(menu.copyEntries[i], &QAction::triggered, this,
                 [this] { notAvailableYet(QStringLiteral("Copying to the clipboard")); });
     }
 
@@ -178,16 +162,7 @@ void Form1::connectCommands() {
     connect(m_cmdshowsol, &BoxControl::MouseDown, this, [this] { play(Move::solutionPress()); });
     connect(m_cmdshowsol, &BoxControl::MouseUp, this, [this] { play(Move::solutionRelease()); });
     connect(m_cmdreset, &BoxControl::MouseUp, this, [this] { play(Move::clearEntries()); });
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        connect(m_tiles[i], &ClickLabel::released, this, [this](int t) { play(Move::tile(t)); });
-        connect(m_tiles[i], &ClickLabel::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
-    }
-    for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
-        ClickLabel* marker = m_starArea->marker(k);
-        connect(marker, &ClickLabel::released, this, [this](int m) { play(Move::marker(m)); });
-        connect(marker, &ClickLabel::hovered, this, &Form1::markerHovered);
-    }
-    connect(m_starArea, &StarArea::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
+    connect(m_boardView, &BoardView::moveMade, this, &Form1::play);
 
     PuzzleSession& session = *m_session;
     connect(&session, &PuzzleSession::waitPointerChanged, this, [this](bool waiting) {
@@ -196,9 +171,6 @@ void Form1::connectCommands() {
         else
             QApplication::restoreOverrideCursor();
     });
-    connectToSession(session, *m_board);
-    connect(&session, &PuzzleSession::boardEnabledChanged, m_starArea, &QWidget::setEnabled);
-    connect(m_board.get(), &PlayBoard::changed, this, &Form1::renderPlay);
     // The completion check runs exactly while the rules say so.
     m_timer2.setInterval(500);
     connect(m_board.get(), &PlayBoard::completionCheckChanged, this, [this](bool running) {
@@ -210,8 +182,8 @@ void Form1::connectCommands() {
     connect(&m_timer2, &QTimer::timeout, m_board.get(), &PlayBoard::completionTick);
     connect(&session, &PuzzleSession::dictionaryStatusChanged, this,
             [this](const QString& text, const QString& toolTip) {
-                m_label2->setText(text);
-                m_label2->setToolTip(toolTip);
+                m_statusLine->setText(text);
+                m_statusLine->setToolTip(toolTip);
             });
 
     m_timer1.setSingleShot(true);
@@ -238,18 +210,6 @@ void Form1::startUp() {
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
 
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        QLabel* cell = m_starArea->cell(c);
-        cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        cell->setFont(boardFont(m_settings.BoardFontName, 18, true));
-        cell->clear();
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        m_tiles[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 14, false));
-    }
-    m_session->grid().SelectedWord = -1;
-
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
@@ -266,9 +226,7 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
-    renderPlay(); // no puzzle yet: empty tiles
     m_session->LoadDictionary(m_session->DictionaryPath());
-    m_session->grid().SelectedWord = -1;
     m_timer1.stop();
     QApplication::restoreOverrideCursor();
 }
@@ -287,30 +245,30 @@ void Form1::SetCol() {
     setBackground(m_client, background);
     for (BoxControl* b : {m_cmdcreate, m_cmdreset, m_cmdshowsol, m_cmddict})
         b->setBackColor(m_scheme.SchemeColours[m_scheme.ButtonColourIndex]);
-    setBackground(m_starArea, background);
-    setBackground(m_label2, background);
-    QFont statusFont = m_label2->font();
+    setBackground(m_statusLine, background);
+    QFont statusFont = m_statusLine->font();
     statusFont.setFamily(m_settings.BoardFontName);
-    m_label2->setFont(statusFont);
+    m_statusLine->setFont(statusFont);
 
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        QLabel* cell = m_starArea->cell(c);
-        cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        setBackground(cell, background);
-        cell->raise();
-        cell->setFont(boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true));
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        setBackground(m_tiles[i], button);
-        m_tiles[i]->raise();
-        m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 12, false));
-    }
-    m_starArea->setLineColour(text);
+    // The board: star area and cells in the background colour, tiles in the button colour,
+    // lines and tile words in the text colour; cell letters in the board font, bold.
+    const QPalette& palette = m_boardView->palette();
+    BoardStyle style;
+    style.ground = background;
+    style.tileFace = button;
+    style.text = text;
+    style.letters = Qt::black;
+    style.markers = Qt::black;
+    style.idleMarkers = palette.color(QPalette::Disabled, QPalette::WindowText);
+    style.light = palette.color(QPalette::Light);
+    style.shadow = palette.color(QPalette::Dark);
+    style.letterFont = boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true);
+    style.tileFont = boardFont(m_settings.BoardFontName, 12, false);
+    style.markerFont = boardFont(QStringLiteral("Arial"), 12, true);
+    m_boardView->setBoardStyle(style);
 
     if (!m_settings.ActiveSchemeFile.toUpper().contains(QStringLiteral("DEFAULT")))
         setMenuColour(menuBar(), colour(MenuColour));
-
-    m_starArea->setFont(boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, false));
 
     if (m_msgForm) {
         m_msgForm->setBackColor(background);
@@ -334,22 +292,22 @@ void Form1::SavecfgFile() {
 }
 
 void Form1::createCommand() {
-    m_session->createPuzzle();
+    createPuzzle(*m_session, *m_board);
 }
 
 void Form1::dictionaryCommand() {
     if (m_session->isBusy())
         return;
     const QString folder = QDir::currentPath();
-    m_gf1->setTitle(QStringLiteral("Select a Dictionary file"));
-    m_gf1->setFileTypes(QStringLiteral("*.txt;*.dic"));
-    m_gf1->setFileTypesName(QStringLiteral("Dictionary File"));
-    m_gf1->setDefaultDir(m_settings.AppFolder);
-    const QString answer = m_gf1->GetFileName(QStringLiteral("OPEN"));
+    m_filePicker->setTitle(QStringLiteral("Select a Dictionary file"));
+    m_filePicker->setFileTypes(QStringLiteral("*.txt;*.dic"));
+    m_filePicker->setFileTypesName(QStringLiteral("Dictionary File"));
+    m_filePicker->setDefaultDir(m_settings.AppFolder);
+    const QString answer = m_filePicker->GetFileName(QStringLiteral("OPEN"));
     QDir::setCurrent(folder);
     if (answer.isEmpty())
         return;
-    m_session->openDictionary(answer);
+    openDictionary(*m_session, *m_board, answer);
 }
 
 void Form1::exitCommand() {
@@ -374,6 +332,32 @@ void Form1::exitCommand() {
             window->close();
     }
     close();
+}
+
+SchemeLook Form1::schemeLook() const {
+    return {m_scheme.SchemeColours[BackgroundColour],
+            m_scheme.SchemeColours[m_scheme.ButtonColourIndex]};
+}
+
+void Form1::helpCommand() {
+    if (!m_form4) {
+        m_form4 = new Form4(this);
+        m_form4->setSchemeLook([this] { return schemeLook(); });
+    }
+    m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    m_form4->show();
+    m_form4->raise();
+    m_form4->activateWindow();
+    letEventsRun();
+}
+
+void Form1::aboutCommand() {
+    if (!m_aboutForm) {
+        m_aboutForm = new AboutForm(this);
+        m_aboutForm->setSchemeLook([this] { return schemeLook(); });
+    }
+    m_aboutForm->exec();
+    letEventsRun();
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
@@ -401,33 +385,4 @@ void Form1::letEventsRun() {
 
 void Form1::play(const Move& move) {
     m_board->apply(move);
-}
-
-void Form1::markerHovered() {
-    // A crosshair over a marker says "a click places the selected word here".
-    if (m_session->grid().SelectedWord != -1)
-        setCursor(Qt::CrossCursor);
-}
-
-void Form1::renderPlay() {
-    const PlayState& state = m_board->state();
-    for (int c = 0; c < StarGrid::CellCount; ++c)
-        m_starArea->cell(c)->setText(state.Entries[c]);
-
-    const QColor background = colour(BackgroundColour);
-    const QColor button = colour(m_scheme.ButtonColourIndex);
-    const QColor text = OleTranslateColor(m_settings.TextColour);
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const Tile& t = state.tiles[i];
-        ClickLabel* tile = m_tiles[i];
-        tile->setText(t.caption);
-        tile->setFrameStyle(t.look.border == TileBorder::Flat ? QFrame::Box | QFrame::Plain
-                                                              : QFrame::Panel | QFrame::Sunken);
-        setBackground(tile, button);
-        setTextColour(tile, t.look.text == TileText::Faded ? background : text);
-        QFont font = tile->font();
-        font.setStrikeOut(t.look.struckOut);
-        tile->setFont(font);
-        tile->setEnabled(t.look.enabled);
-    }
 }

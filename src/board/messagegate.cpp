@@ -1,31 +1,14 @@
 // Counting open messages; see messagegate.h.
 #include "board/messagegate.h"
 
-namespace {
-
-// Counts one open message for its lifetime, also when the inner notifier throws.
-class OpenScope {
-public:
-    explicit OpenScope(int& open)
-        : m_open(open) {
-        ++m_open;
-    }
-    ~OpenScope() { --m_open; }
-    OpenScope(const OpenScope&) = delete;
-    OpenScope& operator=(const OpenScope&) = delete;
-
-private:
-    int& m_open;
-};
-
-} // namespace
+#include "core/scopedcount.h"
 
 int MessageGate::MsgboxA(const QString& s, const QString& typ) {
-    const OpenScope scope(m_open);
+    const ScopedCount open(m_open);
     return m_inner.MsgboxA(s, typ);
 }
 
 int MessageGate::standardBox(const QString& text, const QString& typ, const QString& title) {
-    const OpenScope scope(m_open);
+    const ScopedCount open(m_open);
     return m_inner.standardBox(text, typ, title);
 }

@@ -31,7 +31,6 @@ GenerationResult LiteralPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         const QString rootEntry = wordList.List(root);
         if (attempt(wordList, grid, root)) {
             wordList.RemoveItem(root);
-            grid.SelectedWord = -1;
             return {true, rootEntry, root};
         }
         grid.clearSolution();

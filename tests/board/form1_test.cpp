@@ -1,15 +1,21 @@
 // The main window, headless: its fixed layout, the menu bar, SetCol, start-up with and
-// without a configuration, the create and dictionary commands, and Exit against the close box.
+// without a configuration, the create and dictionary commands, Help and About, and Exit
+// against the close box.
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
+#include "ui/aboutform.h"
 #include "ui/fndialog.h"
+#include "ui/form4.h"
 #include "ui/olecolor.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTextBrowser>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -22,8 +28,9 @@ protected:
     // Makes the picker answer with a new dictionary other.dic and picks File, Load a Dictionary.
     void loadOtherDictionary() {
         m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
-        m_form->gf1().setRunner([&](const FileNameRequest&) { return m_folder.file("other.dic"); });
-        m_form->menu().mnudict->trigger();
+        m_form->filePicker().setRunner(
+            [&](const FileNameRequest&) { return m_folder.file("other.dic"); });
+        m_form->menu().loadDictionary->trigger();
     }
 
     // Picks, through the dictionary command, a dictionary of 3,000 lines (one "#" and three
@@ -41,9 +48,9 @@ protected:
             lines << w.insert(n % 4, u'#');
         }
         m_folder.write(QStringLiteral("nopuzzle.txt"), lines.join(u'\n').toUtf8());
-        m_form->gf1().setRunner(
+        m_form->filePicker().setRunner(
             [&](const FileNameRequest&) { return m_folder.file("nopuzzle.txt"); });
-        m_form->menu().mnudict->trigger();
+        m_form->menu().loadDictionary->trigger();
         ASSERT_EQ(m_form->session().WordList().ListCount(), 6000);
         EventPump& pump = m_form->session().eventPump();
         pump.setClock([t = qint64{0}]() mutable { return t += EventPump::kDefaultIntervalMs; });
@@ -58,22 +65,14 @@ protected:
 TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
     Form1& form = start();
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Pentalink  "));
-    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409)); // 5340 x 6135 twips
-    EXPECT_EQ(form.starArea().geometry(), QRect(2, 4, 351, 317));
-    EXPECT_EQ(form.starArea().cell(0)->geometry(), QRect(158, 16, 31, 31));
-    EXPECT_EQ(form.starArea().cell(7)->geometry(), QRect(156, 216, 31, 31));
-    EXPECT_EQ(form.starArea().marker(1)->geometry(), QRect(152, 62, 23, 25));
-    EXPECT_EQ(form.starArea().marker(10)->geometry(), QRect(212, 260, 23, 25));
-    EXPECT_EQ(form.tile(2)->geometry(), QRect(92, 326, 80, 25)); // 1385 twips rounds to 92
-    EXPECT_EQ(form.tile(8)->geometry(), QRect(273, 354, 80, 25));
+    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409));      // 5340 x 6135 twips
+    EXPECT_EQ(form.boardView().geometry(), QRect(0, 0, 356, 382)); // down to the status line
     EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));
     EXPECT_EQ(form.cmdcreate()->geometry(), QRect(330, 382, 22, 22));
     EXPECT_EQ(form.cmddict()->toolTip(), QStringLiteral("Open a Dictionary File"));
     EXPECT_EQ(form.cmdshowsol()->toolTip(), QStringLiteral("Show Solution"));
     EXPECT_EQ(form.cmdreset()->toolTip(), QStringLiteral("Clear User Entries"));
     EXPECT_EQ(form.cmdcreate()->toolTip(), QStringLiteral("Create a New Puzzle"));
-    for (int k = 1; k <= 10; ++k)
-        EXPECT_EQ(form.starArea().marker(k)->text(), QStringLiteral("O"));
     EXPECT_FALSE(form.windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_TRUE(form.windowFlags() & Qt::WindowMinimizeButtonHint);
 }
@@ -90,18 +89,22 @@ TEST_F(Form1Test, MenuBarHasTheEntriesInOrderCancelDoesNothingAndCreateCreates) 
     ASSERT_EQ(bar.size(), 2);
     EXPECT_EQ(bar[0]->text(), QStringLiteral("File"));
     EXPECT_EQ(bar[1]->text(), QStringLiteral("Puzzle"));
-    EXPECT_EQ(captions(form.menu().mnumain),
+    EXPECT_EQ(captions(form.menu().fileMenu),
               (QStringList{"Options", "Load a Dictionary", "-", "Help", "About", "-", "Exit", "-",
                            "Cancel"}));
-    EXPECT_EQ(captions(form.menu().mnudictx),
+    EXPECT_EQ(captions(form.menu().puzzleMenu),
               (QStringList{"Create", "Print", "-", "Copy to Clipboard", "-", "Cancel"}));
-    EXPECT_EQ(captions(form.menu().mnucopy2clip),
-              (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
+    // The historic names stay the object names.
+    EXPECT_EQ(form.menuBar()->findChild<QMenu*>(QStringLiteral("mnudictx")),
+              form.menu().puzzleMenu);
+    EXPECT_EQ(form.findChild<QAction*>(QStringLiteral("mnu2clip1")), form.menu().copyEntries[1]);
+    EXPECT_EQ(captions(form.menu().copyMenu), (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
     m_notifier.clear();
-    for (QAction* cancel : {form.menu().can1, form.menu().can6, form.menu().mnu2clip[3]})
+    for (QAction* cancel :
+         {form.menu().fileCancel, form.menu().puzzleCancel, form.menu().copyEntries[3]})
         cancel->trigger();
     EXPECT_TRUE(m_notifier.messages().isEmpty());
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
 }
 
@@ -110,16 +113,16 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     const QColor colour2 = OleTranslateColor(m_scheme.SchemeColours[2]);
     const QColor colour4 = OleTranslateColor(m_scheme.SchemeColours[4]);
     EXPECT_EQ(background(form.centralWidget()), colour2);
-    EXPECT_EQ(background(&form.starArea()), colour2);
-    EXPECT_EQ(background(form.starArea().cell(3)), colour2);
-    EXPECT_EQ(background(form.tile(5)), colour4);
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.ground, colour2);
+    EXPECT_EQ(style.tileFace, colour4);
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
     EXPECT_EQ(form.cmdcreate()->BackColor(), m_scheme.SchemeColours[4]);
-    const QFont cellFont = form.starArea().cell(0)->font();
-    EXPECT_TRUE(cellFont.bold());
-    EXPECT_EQ(cellFont.pointSize(), 18);
-    EXPECT_EQ(cellFont.family(), QStringLiteral("Arial"));
-    EXPECT_EQ(form.tile(1)->font().pointSize(), 12);
-    EXPECT_FALSE(form.tile(1)->font().bold());
+    EXPECT_TRUE(style.letterFont.bold());
+    EXPECT_EQ(style.letterFont.pointSize(), 18);
+    EXPECT_EQ(style.letterFont.family(), QStringLiteral("Arial"));
+    EXPECT_EQ(style.tileFont.pointSize(), 12);
+    EXPECT_FALSE(style.tileFont.bold());
     EXPECT_EQ(background(form.menuBar()), OleTranslateColor(m_scheme.SchemeColours[3]));
     EXPECT_EQ(OleTranslateColor(m_msgForm.ButtonColor()), colour4);
 
@@ -155,7 +158,7 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
     Form1& form = start();
     m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
     FileNameRequest seen;
-    form.gf1().setRunner([&](const FileNameRequest& r) {
+    form.filePicker().setRunner([&](const FileNameRequest& r) {
         seen = r;
         return m_folder.file(QStringLiteral("other.dic"));
     });
@@ -170,27 +173,67 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
     EXPECT_EQ(form.session().WordList().ListCount(), 4);
 }
 
-TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndCloses) {
+TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
     Form1& form = start();
     loadOtherDictionary();
+    form.menu().help->trigger();
     m_notifier.queueAnswer(AnswerNo);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.helpWindow()->isVisible());
     EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
     EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbQuestion + vbYesNo"));
     EXPECT_FALSE(m_folder.read("pentalink.cfg").contains("other.dic"));
 
     m_notifier.queueAnswer(AnswerYes);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(form.helpWindow()->isVisible());
     EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()));
 }
 
-TEST_F(Form1Test, CloseBoxEndsWithoutSaving) {
+TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
+    Form1& form = start();
+    EXPECT_EQ(form.helpWindow(), nullptr); // created on first use
+    form.menu().help->trigger();
+    Form4* help = form.helpWindow();
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->WebBrowser1()->source().toLocalFile(), m_folder.file("pentalink.htm"));
+    // Modeless: the game goes on while help is open.
+    form.menu().create->trigger();
+    EXPECT_TRUE(form.session().grid().hasSolution());
+    EXPECT_TRUE(help->isVisible());
+
+    // Another scheme applied, then About: modal, in the new colours, closed by OK.
+    const QColor before = OleTranslateColor(m_scheme.SchemeColours[2]);
+    m_settings.ActiveSchemeFile = QStringLiteral("ocean.col");
+    form.Command2Click();
+    QColor shownBackground;
+    bool modal = false;
+    QTimer::singleShot(0, &form, [&] {
+        AboutForm* about = form.aboutWindow();
+        ASSERT_NE(about, nullptr);
+        modal = QApplication::activeModalWidget() == about;
+        shownBackground = about->palette().color(QPalette::Window);
+        QTest::mouseClick(about->aboutok(), Qt::LeftButton);
+    });
+    form.menu().about->trigger(); // returns once About has closed
+    EXPECT_TRUE(modal);
+    EXPECT_EQ(shownBackground, OleTranslateColor(m_scheme.SchemeColours[2]));
+    EXPECT_NE(shownBackground, before);
+    EXPECT_FALSE(form.aboutWindow()->isVisible());
+}
+
+TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     Form1& form = start();
     const QByteArray before = m_folder.read("pentalink.cfg");
     loadOtherDictionary();
-    form.close();
+    form.menu().help->trigger();
+    // The program's own event loop must end although the help window is still up.
+    QTimer::singleShot(0, &form, &QWidget::close);
+    QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
 }
@@ -213,7 +256,7 @@ TEST_F(Form1Test, CloseBoxDuringASearchAbandonsItAtOnceWithoutSaving) {
     });
     QElapsedTimer clock;
     clock.start();
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     std::printf("[ info     ] the create command returned %lld ms after it started\n",
                 static_cast<long long>(clock.elapsed()));
     EXPECT_TRUE(closed);
@@ -233,10 +276,10 @@ TEST_F(Form1Test, ExitDuringASearchAbandonsItThenAsksSavesAndEnds) {
     m_notifier.clear();
     m_notifier.queueAnswer(AnswerYes);
     QTimer::singleShot(0, &form, [&] {
-        form.menu().cmdexitx->trigger();
+        form.menu().exit->trigger();
         closed = true;
     });
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     EXPECT_TRUE(form.session().lastGeneration().abandoned);
     EXPECT_EQ(pollsAfterClose, 0);
     EXPECT_TRUE(m_notifier.messages().isEmpty()) << "the question comes after the search";

@@ -48,7 +48,7 @@ protected:
     }
 
     // A new puzzle on the board, as after a successful create.
-    void newPuzzle() { m_board.puzzleCreated(); }
+    void newPuzzle() { m_board.apply(Move::newPuzzle()); }
 
     // Selects tile `i` and clicks marker `k`.
     void place(int i, int k) {

@@ -5,8 +5,8 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
-#include "board/clicklabel.h"
-#include "board/stararea.h"
+#include "board/boardhit.h"
+#include "board/boardview.h"
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
 #include "ui/boxcontrol.h"
@@ -39,6 +39,13 @@ protected:
         QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
         return *m_form;
     }
+
+    // A mouse click (press and release) at the centre of a part of the board.
+    void clickBoard(BoardPart part, int index, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&m_form->boardView(), button, {},
+                          BoardView::toWidget(centreOf(part, index)));
+    }
+    const BoardState& board() const { return m_form->boardView().state(); }
 
     TestFolder m_folder;
     Settings m_settings;
