@@ -1,12 +1,12 @@
 // Entry point of the game: checks that there is a screen to draw on, builds the program-wide
 // objects (settings, colour scheme, message window) and opens the main window.
+#include "app/appsetup.h"
 #include "appearance/colourscheme.h"
 #include "board/form1.h"
 #include "core/commandline.h"
 #include "core/settings.h"
 #include "ui/msgform.h"
 #include "ui/msgformnotifier.h"
-#include "ui/programicon.h"
 
 #include <QApplication>
 
@@ -54,12 +54,7 @@ int main(int argc, char* argv[]) {
                    .toLocal8Bit()
                    .constData(),
                stderr);
-    QApplication::setApplicationName(QStringLiteral("pentalink"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Pentalink"));
-    // Ties the windows to the installed desktop entry (its icon and name in docks and task
-    // switchers, the Wayland application id).
-    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.pentalink.Pentalink"));
-    QApplication::setWindowIcon(programIcon());
+    setUpApplication();
 
     Settings settings;
     ColourScheme scheme(settings);

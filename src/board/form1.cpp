@@ -2,6 +2,7 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "appearance/form6.h"
 #include "board/boardcommands.h"
 #include "board/boardgeometry.h"
 #include "board/boardview.h"
@@ -22,6 +23,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
@@ -42,18 +44,18 @@ void setBackground(QWidget* widget, const QColor& colour) {
     widget->setAutoFillBackground(true);
 }
 
-// Gives the menu bar and every menu below it a solid background.
+void setTextColour(QWidget* widget, const QColor& colour) {
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    widget->setPalette(palette);
+}
+
+// Gives the menu bar and every menu below it a solid background of exactly `colour`, with
+// black text. A style sheet, because styles paint drop-down menus from a lightened palette
+// colour; it reaches the drop-down menus because they are children of the bar.
 void setMenuColour(QMenuBar* bar, const QColor& colour) {
-    const auto paint = [&colour](QWidget* widget) {
-        QPalette palette = widget->palette();
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            palette.setColor(role, colour);
-        widget->setPalette(palette);
-        widget->setAutoFillBackground(true);
-    };
-    paint(bar);
-    for (QMenu* menu : bar->findChildren<QMenu*>())
-        paint(menu);
+    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; }")
+                           .arg(colour.name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {
@@ -78,6 +80,15 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_session(std::make_unique<PuzzleSession>(&m_gate))
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
+    // Scheme messages go through the gate too, so a completion tick never meets an open one.
+    m_scheme.setNotifier(&m_gate);
+    // The normal pointer shows while a message waits for the player, whatever work is going on.
+    m_gate.setOpenHook([](bool opening) {
+        if (opening)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
@@ -94,7 +105,9 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     startUp();
 }
 
-Form1::~Form1() = default;
+Form1::~Form1() {
+    m_scheme.setNotifier(&m_notifier);
+}
 
 void Form1::buildLayout() {
     m_client = new QWidget(this);
@@ -146,8 +159,7 @@ void Form1::connectCommands() {
     connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
     connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
     connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.options, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The Options window")); });
+    connect(menu.options, &QAction::triggered, this, &Form1::optionsCommand);
     connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
     connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
     connect(menu.print, &QAction::triggered, this,
@@ -194,6 +206,9 @@ void Form1::connectCommands() {
 void Form1::startUp() {
     m_settings.BoardFontName = QStringLiteral("Arial");
     m_settings.BoardFontSize = 18;
+    m_form6 = new Form6(m_settings, m_scheme, m_gate, this);
+    m_form6->model().setCommand2([this] { Command2Click(); });
+    m_form6->model().fillFontList(QFontDatabase::families());
     m_settings.AppFolder = AppFolder();
 
     if (m_msgForm) {
@@ -209,6 +224,10 @@ void Form1::startUp() {
     }
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
+    m_form6->model().fillSchemeList();
+
+    // The status line's text is black whatever the desktop's palette says.
+    setTextColour(m_statusLine, Qt::black);
 
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
@@ -226,6 +245,11 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
+    if (m_session->isBusy()) {
+        // A create request is still showing its message: load once it has been answered.
+        m_timer1.start();
+        return;
+    }
     m_session->LoadDictionary(m_session->DictionaryPath());
     m_timer1.stop();
     QApplication::restoreOverrideCursor();
@@ -310,6 +334,11 @@ void Form1::dictionaryCommand() {
     openDictionary(*m_session, *m_board, answer);
 }
 
+void Form1::optionsCommand() {
+    m_form6->exec();
+    letEventsRun();
+}
+
 void Form1::exitCommand() {
     if (m_exiting)
         return;
@@ -320,7 +349,7 @@ void Form1::exitCommand() {
         return;
     }
     const int answer =
-        m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+        m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
     if (answer != AnswerYes)
         return;
@@ -345,6 +374,8 @@ void Form1::helpCommand() {
         m_form4->setSchemeLook([this] { return schemeLook(); });
     }
     m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    // A help window left minimised comes back as it was before.
+    m_form4->setWindowState(m_form4->windowState() & ~Qt::WindowMinimized);
     m_form4->show();
     m_form4->raise();
     m_form4->activateWindow();
@@ -374,8 +405,8 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void Form1::notAvailableYet(const QString& what) {
-    m_notifier.MsgboxA(what + QStringLiteral(" is not available yet."),
-                       QStringLiteral("vbok+vbinformation"));
+    m_gate.MsgboxA(what + QStringLiteral(" is not available yet."),
+                   QStringLiteral("vbok+vbinformation"));
     letEventsRun();
 }
 

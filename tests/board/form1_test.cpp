@@ -3,6 +3,7 @@
 // against the close box.
 #include "windowfixture.h"
 
+#include "app/appsetup.h"
 #include "board/mainmenu.h"
 #include "ui/aboutform.h"
 #include "ui/fndialog.h"
@@ -12,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
@@ -63,8 +65,16 @@ protected:
 };
 
 TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
+    setUpApplication();
     Form1& form = start();
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Pentalink  "));
+    // X11 and Wayland append a display name to every title; the program sets none (the name
+    // stands in for it then).
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
+    // Docks and task switchers match the windows with the desktop entry the install ships.
+    EXPECT_TRUE(QFileInfo::exists(shippedDataDir() + QStringLiteral("../packaging/") +
+                                  QGuiApplication::desktopFileName() + QStringLiteral(".desktop")))
+        << QGuiApplication::desktopFileName().toStdString();
     EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409));      // 5340 x 6135 twips
     EXPECT_EQ(form.boardView().geometry(), QRect(0, 0, 356, 382)); // down to the status line
     EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));
@@ -137,6 +147,80 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     EXPECT_EQ(background(form.menuBar()), QColor(255, 0, 0));
 }
 
+TEST_F(Form1Test, DropDownMenusShowColour3Exactly) {
+    Form1& form = start();
+    for (const char* scheme : {"xp.col", "dusk.col", "ocean.col"}) {
+        SCOPED_TRACE(scheme);
+        m_settings.ActiveSchemeFile = QString::fromLatin1(scheme);
+        form.Command2Click();
+        const QColor colour3 = OleTranslateColor(m_scheme.SchemeColours[3]);
+        for (QAction* entry :
+             {form.menu().loadDictionary, form.menu().create, form.menu().copyEntries[1]}) {
+            auto* menu = qobject_cast<QMenu*>(entry->parent());
+            ASSERT_NE(menu, nullptr);
+            menu->popup(QPoint(0, 0));
+            const QImage image = menu->grab().toImage();
+            const QRect item = menu->actionGeometry(entry);
+            EXPECT_EQ(QColor(image.pixel(item.right() - 2, item.center().y())), colour3)
+                << entry->text().toStdString();
+            menu->hide();
+        }
+    }
+}
+
+TEST_F(Form1Test, FixedTextColoursIgnoreADarkDesktopPalette) {
+    const QPalette desktop = QApplication::palette();
+    QPalette dark = desktop;
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(role, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        dark.setColor(role, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    Form1& form = start();
+    const auto text = [](const QWidget* w) {
+        w->ensurePolished();
+        return w->palette().color(QPalette::WindowText);
+    };
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.letters, QColor(Qt::black));
+    EXPECT_EQ(style.markers, QColor(Qt::black));
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
+    EXPECT_EQ(text(form.statusLine()), QColor(Qt::black));
+    EXPECT_EQ(text(form.menuBar()), QColor(Qt::black));
+    EXPECT_EQ(text(form.menu().fileMenu), QColor(Qt::black));
+    QApplication::setPalette(desktop);
+}
+
+TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) {
+    Form1& form = open();
+    // The tick falls while "No Dictioary Loaded" is open.
+    m_notifier.duringMessage = [this] { tickTimer1(); };
+    form.menu().create->trigger();
+    m_notifier.duringMessage = {};
+    EXPECT_EQ(m_notifier.texts(), QStringList{"No Dictioary Loaded"});
+    ASSERT_TRUE(form.timer1().isActive());
+    tickTimer1();
+    EXPECT_EQ(form.session().WordList().ListCount(), 16);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Form1Test, NormalPointerShowsWhileAnyMessageIsOpen) {
+    QFile::remove(m_folder.file(QStringLiteral("english1.txt")));
+    QList<Qt::CursorShape> shapes;
+    m_notifier.duringMessage = [&] {
+        const QCursor* pointer = QApplication::overrideCursor();
+        shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
+    };
+    Form1& form = start(); // the start-up load fails with a message
+    form.menu().create->trigger();
+    m_notifier.duringMessage = {};
+    ASSERT_EQ(m_notifier.texts().size(), 2);
+    EXPECT_TRUE(m_notifier.texts().at(0).startsWith(QStringLiteral("Unable to read")));
+    EXPECT_EQ(shapes, QList<Qt::CursorShape>(2, Qt::ArrowCursor));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(Form1Test, FirstStartWritesTheConfigurationAndLoadsTheDictionary) {
     Form1& form = start();
     EXPECT_TRUE(m_folder.read(QStringLiteral("pentalink.cfg")).contains("\r\nENGLISH1.TXT\r\n"));
@@ -204,6 +288,9 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
     EXPECT_TRUE(help->isVisible());
+    help->showMinimized();
+    form.menu().help->trigger();
+    EXPECT_FALSE(help->isMinimized());
 
     // Another scheme applied, then About: modal, in the new colours, closed by OK.
     const QColor before = OleTranslateColor(m_scheme.SchemeColours[2]);

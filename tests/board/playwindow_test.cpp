@@ -4,6 +4,9 @@
 // reference grabs of the window as it looked when the board was made of labels.
 #include "windowfixture.h"
 
+#include "board/mainmenu.h"
+
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QImage>
@@ -142,6 +145,30 @@ TEST_F(PlayWindowTest, AClickIsTheReleaseOfAButtonPressedOnAPartWhereverItEnds) 
     QTest::mouseRelease(&view, Qt::LeftButton, {},
                         BoardView::toWidget(centreOf(BoardPart::Tile, 2)));
     EXPECT_EQ(board().SelectedWord, 1);
+}
+
+TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
+    Form1& form = *m_form;
+    for (int i = 1; i <= 8; ++i) {
+        if (const int k = directionOf(i)) {
+            clickBoard(BoardPart::Tile, i);
+            clickBoard(BoardPart::Marker, k);
+        }
+    }
+    QTest::mouseClick(form.cmdshowsol(), Qt::LeftButton);
+    ASSERT_TRUE(form.timer2().isActive());
+    const auto tick = [&form] {
+        QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
+    };
+    m_notifier.duringMessage = tick;
+    m_notifier.queueAnswer(AnswerNo);
+    form.menu().exit->trigger();
+    m_settings.ActiveSchemeFile = QStringLiteral("gone.col");
+    form.Command2Click();
+    m_notifier.duringMessage = {};
+    EXPECT_EQ(m_notifier.texts(), QStringList({"Exit?", "Colour Scheme: gone.col not found"}));
+    tick();
+    EXPECT_EQ(m_notifier.texts().last(), QStringLiteral("All Done!"));
 }
 
 TEST_F(PlayWindowTest, PointerIsACrosshairOverMarkersOnlyWithASelection) {

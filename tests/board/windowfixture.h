@@ -28,16 +28,26 @@ protected:
                        "sect\npeek\nheck\npoet\nhoes\nkeep\nhawk\nsmut\n");
     }
 
-    // Opens the window; files written before this call are what start-up finds.
+    // Opens the window and lets Timer1's tick load the dictionary; files written before this
+    // call are what start-up finds.
     Form1& start() {
-        m_scheme.setNotifier(&m_notifier);
+        open();
+        tickTimer1();
+        return *m_form;
+    }
+
+    // Opens the window before Timer1's tick: no dictionary yet.
+    Form1& open() {
         m_form = std::make_unique<Form1>(m_settings, m_scheme, m_notifier, &m_msgForm);
         m_form->show();
         m_form->session().random().seed(1); // the shuffle that gives the small dictionary's puzzle
-        // Timer1's only tick loads the dictionary.
+        return *m_form;
+    }
+
+    // One tick of Timer1, which loads the dictionary.
+    void tickTimer1() {
         m_form->timer1().stop();
         QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
-        return *m_form;
     }
 
     // A mouse click (press and release) at the centre of a part of the board.

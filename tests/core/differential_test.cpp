@@ -1,6 +1,7 @@
 // The indexed generator against the literal one: for the same word list, every request must
 // leave the same result, the same puzzle record, the same list items and the same item data,
-// on success and on failure, through successive requests and the reloads after failures.
+// on success and on failure, through successive requests and the reloads after failures;
+// every puzzle flags exactly its three decoys.
 //
 // Every random case is derived from one seed, printed with any failure. To rerun one case:
 //   PENTALINK_DIFF_SEED=<seed> ./tests/differential_tests
@@ -102,8 +103,13 @@ public:
         s_attempts += m_fast.statistics().attempts;
         s_patternAttempts += m_fast.statistics().patternAttempts;
         s_literalAttempts += m_fast.statistics().literalAttempts;
-        return sameOutcome(observe(result, m_literalList, m_literalGrid),
-                           observe(fast, m_fastList, m_fastGrid));
+        const Observed literal = observe(result, m_literalList, m_literalGrid);
+        // Exactly the three decoys are flagged, also when a solution word ends in "*".
+        if (result.success) {
+            EXPECT_EQ(literal.decoys.count(1), 3) << qPrintable(literal.candidates.join(u' '));
+        }
+        return sameOutcome(literal, observe(fast, m_fastList, m_fastGrid)) &&
+               (!result.success || literal.decoys.count(1) == 3);
     }
 
     int count() const { return m_literalList.ListCount(); }
