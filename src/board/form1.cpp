@@ -18,6 +18,7 @@
 #include "ui/msgform.h"
 #include "ui/olecolor.h"
 #include "ui/programicon.h"
+#include "ui/widgetcolours.h"
 
 #include <QAction>
 #include <QApplication>
@@ -36,13 +37,6 @@ namespace {
 
 constexpr int BackgroundColour = 2;
 constexpr int MenuColour = 3;
-
-void setBackground(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, colour);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-}
 
 void setTextColour(QWidget* widget, const QColor& colour) {
     QPalette palette = widget->palette();
