@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSizeGrip>
 
@@ -46,6 +47,31 @@ void setColours(QWidget* widget, const QColor& background) {
         palette.setColor(role, Qt::black);
     widget->setPalette(palette);
 }
+
+// A frame whose inside is exactly its background colour (the desktop style shades the inside
+// of a group box): an etched border below the middle of the caption, the caption on the
+// background at the top left.
+class PlainFrame : public QGroupBox {
+public:
+    PlainFrame(const QString& caption, QWidget* parent)
+        : QGroupBox(caption, parent) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Window));
+        const QFontMetrics metrics(font());
+        const QRect border = rect().adjusted(0, metrics.height() / 2, -1, -1);
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.drawRect(border.adjusted(0, 0, -1, -1));
+        painter.setPen(palette().color(QPalette::Light));
+        painter.drawRect(border.adjusted(1, 1, 0, 0));
+        const QRect caption(6, 0, metrics.horizontalAdvance(title()) + 4, metrics.height());
+        painter.fillRect(caption, palette().color(QPalette::Window));
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(caption, Qt::AlignCenter, title());
+    }
+};
 
 // The selected row of a single-selection list, -1 when none is selected.
 int selectedRow(const QListWidget* list) {
@@ -83,12 +109,12 @@ Form6::Form6(Settings& settings, ColourScheme& scheme, Notifier& notifier, QWidg
     setWindowTitle(QStringLiteral("Pentalink Options"));
     setFont(fontOf(QStringLiteral("Arial"), 8.25));
 
-    m_schemeFrame = new QGroupBox(QStringLiteral("Colour Scheme"), this);
+    m_schemeFrame = new PlainFrame(QStringLiteral("Colour Scheme"), this);
     m_schemeFrame->setObjectName(QStringLiteral("Frame1"));
     m_schemeFrame->setGeometry(twipsRect(60, 90, 2205, 3000));
     m_schemeList = makeList(m_schemeFrame, "List1", twipsRect(75, 240, 2040, 2580));
 
-    m_fontFrame = new QGroupBox(QStringLiteral("Fonts"), this);
+    m_fontFrame = new PlainFrame(QStringLiteral("Fonts"), this);
     m_fontFrame->setObjectName(QStringLiteral("Frame2"));
     m_fontFrame->setGeometry(twipsRect(2340, 90, 3000, 3855));
     m_fontList = makeList(m_fontFrame, "List2", twipsRect(120, 240, 2775, 2790));

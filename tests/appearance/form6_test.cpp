@@ -64,7 +64,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         EXPECT_EQ(options.windowTitle(), QStringLiteral("Pentalink Options"));
         // Activation: the active scheme in Frame1's caption, colour 2 behind, the board font.
         EXPECT_EQ(options.schemeFrame()->title(), QStringLiteral("Colour Scheme: xp.col"));
-        EXPECT_EQ(pixelOf(&options, &options, {20, 230}),
+        EXPECT_EQ(pixelOf(&options, options.schemeFrame(), {3, 195}),
                   OleTranslateColor(m_scheme.SchemeColours[2]));
         // The configured font is found ignoring case, selected and scrolled into view (to the
         // top, as far as the list can scroll).
@@ -91,7 +91,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         ASSERT_TRUE(stored.PreviewScheme(QStringLiteral("ocean.col"), oceanBase));
         EXPECT_EQ(m_scheme.SchemeColours, stored.SchemeColours);
         EXPECT_EQ(options.schemeFrame()->title(), QStringLiteral("Colour Scheme: ocean"));
-        EXPECT_EQ(pixelOf(&options, &options, {20, 230}), OleTranslateColor(oceanBase));
+        EXPECT_EQ(pixelOf(&options, options.schemeFrame(), {3, 195}), OleTranslateColor(oceanBase));
         EXPECT_EQ(options.picker()->SchemeColor(), oceanBase);
 
         // Widen: the whole editor shows.
@@ -126,7 +126,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         derived.DeriveScheme(drawn, 100);
         EXPECT_EQ(m_scheme.SchemeColours, derived.SchemeColours);
         added = derived.SchemeColours;
-        EXPECT_EQ(pixelOf(&options, &options, {20, 230}), OleTranslateColor(drawn));
+        EXPECT_EQ(pixelOf(&options, options.schemeFrame(), {3, 195}), OleTranslateColor(drawn));
 
         // Add it as "Orchid"; the list is refilled and shows it.
         m_notifier.clear();
