@@ -184,7 +184,8 @@ bool ColourScheme::AppendScheme(const QString& name) {
         lines = *existing;
     }
     lines.append(section);
-    return m_writer(m_settings.SchemeCollectionPath, SchemeFile::toBytes(lines));
+    const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(lines);
+    return bytes && m_writer(m_settings.SchemeCollectionPath, *bytes);
 }
 
 bool ColourScheme::rewrite(const QString& name, bool replace) {
@@ -202,8 +203,9 @@ bool ColourScheme::rewrite(const QString& name, bool replace) {
     const std::optional<QStringList> copy = SchemeFile::rewriteSections(*lines, header, section);
     if (!copy)
         return false;
-    const QByteArray bytes = SchemeFile::toBytes(*copy);
-    return m_writer(scratchPath(), bytes) && m_writer(m_settings.SchemeCollectionPath, bytes);
+    const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(*copy);
+    return bytes && m_writer(scratchPath(), *bytes) &&
+           m_writer(m_settings.SchemeCollectionPath, *bytes);
 }
 
 bool ColourScheme::ReplaceScheme(const QString& name) {
