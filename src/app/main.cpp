@@ -1,11 +1,11 @@
 // Entry point of the game: checks that there is a screen to draw on, builds the program-wide
 // objects (settings, colour scheme, message window) and opens the main window.
 #include "appearance/colourscheme.h"
-#include "board/buttonpictures.h"
 #include "board/form1.h"
 #include "core/settings.h"
 #include "ui/msgform.h"
 #include "ui/msgformnotifier.h"
+#include "ui/programicon.h"
 
 #include <QApplication>
 
@@ -31,7 +31,7 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("pentalink"));
     QApplication::setApplicationDisplayName(QStringLiteral("Pentalink"));
-    QApplication::setWindowIcon(windowIcon());
+    QApplication::setWindowIcon(programIcon());
 
     Settings settings;
     ColourScheme scheme(settings);

@@ -1,11 +1,10 @@
-// Drawing the button pictures and the window icon; see buttonpictures.h.
+// Drawing the button pictures; see buttonpictures.h.
 #include "board/buttonpictures.h"
 
 #include <QPainter>
 #include <QPainterPath>
 #include <QPolygon>
 #include <QTransform>
-#include <QtMath>
 
 #include <array>
 
@@ -91,33 +90,4 @@ QImage buttonPictureImage(ButtonPicture picture) {
 
 QPixmap buttonPicture(ButtonPicture picture) {
     return QPixmap::fromImage(buttonPictureImage(picture));
-}
-
-QImage windowIconImage(int size) {
-    // The program's mark: a black five-pointed star on a transparent ground.
-    QImage image = blankPicture(size);
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing, true);
-    const qreal s = size;
-    const QPointF centre(s / 2, s * 0.53);
-    const qreal outer = s * 0.48;
-    const qreal inner = outer * 0.381966; // where the star's lines cross
-    QPolygonF star;
-    for (int k = 0; k < 5; ++k) {
-        const qreal a = qDegreesToRadians(-90.0 + 72.0 * k);
-        const qreal b = qDegreesToRadians(-90.0 + 36.0 + 72.0 * k);
-        star << centre + QPointF(std::cos(a), std::sin(a)) * outer
-             << centre + QPointF(std::cos(b), std::sin(b)) * inner;
-    }
-    p.setPen(Qt::NoPen);
-    p.setBrush(Qt::black);
-    p.drawPolygon(star);
-    return image;
-}
-
-QIcon windowIcon() {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128})
-        icon.addPixmap(QPixmap::fromImage(windowIconImage(size)));
-    return icon;
 }

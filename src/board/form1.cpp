@@ -11,10 +11,13 @@
 #include "board/stararea.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
+#include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
 #include "ui/fndialog.h"
+#include "ui/form4.h"
 #include "ui/msgform.h"
 #include "ui/olecolor.h"
+#include "ui/programicon.h"
 
 #include <QAction>
 #include <QApplication>
@@ -83,7 +86,7 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Pentalink  "));
-    setWindowIcon(::windowIcon());
+    setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
@@ -162,10 +165,8 @@ void Form1::connectCommands() {
     connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
     connect(menu.mnucolsch, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("The Options window")); });
-    connect(menu.mnuhelp, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("Help")); });
-    connect(menu.mnuabout, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The About window")); });
+    connect(menu.mnuhelp, &QAction::triggered, this, &Form1::helpCommand);
+    connect(menu.mnuabout, &QAction::triggered, this, &Form1::aboutCommand);
     connect(menu.mnuprint, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("Printing")); });
     for (int i : {0, 1}) {
@@ -368,6 +369,32 @@ void Form1::exitCommand() {
             window->close();
     }
     close();
+}
+
+SchemeLook Form1::schemeLook() const {
+    return {m_scheme.SchemeColours[BackgroundColour],
+            m_scheme.SchemeColours[m_scheme.ButtonColourIndex]};
+}
+
+void Form1::helpCommand() {
+    if (!m_form4) {
+        m_form4 = new Form4(this);
+        m_form4->setSchemeLook([this] { return schemeLook(); });
+    }
+    m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    m_form4->show();
+    m_form4->raise();
+    m_form4->activateWindow();
+    letEventsRun();
+}
+
+void Form1::aboutCommand() {
+    if (!m_aboutForm) {
+        m_aboutForm = new AboutForm(this);
+        m_aboutForm->setSchemeLook([this] { return schemeLook(); });
+    }
+    m_aboutForm->exec();
+    letEventsRun();
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

@@ -10,6 +10,7 @@
 #include "core/configfile.h"
 #include "core/puzzlesession.h"
 #include "core/settings.h"
+#include "ui/schemelook.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -17,10 +18,12 @@
 #include <array>
 #include <memory>
 
+class AboutForm;
 class BoxControl;
 class ClickLabel;
 class ColourScheme;
 class FNDialog;
+class Form4;
 class MsgForm;
 class Notifier;
 class PlayBoard;
@@ -53,6 +56,10 @@ public:
     void createCommand();
     void dictionaryCommand();
     void exitCommand();
+    // Help shows the help window with the program folder's "pentalink.htm" and returns at
+    // once (modeless); About shows the About window and returns when it has closed.
+    void helpCommand();
+    void aboutCommand();
 
     PuzzleSession& session() { return *m_session; }
     PlayBoard& board() { return *m_board; }
@@ -67,6 +74,9 @@ public:
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
     BoxControl* cmdreset() const { return m_cmdreset; }
     BoxControl* cmdcreate() const { return m_cmdcreate; }
+    // The help and About windows, created on first use (null before).
+    Form4* helpWindow() const { return m_form4; }
+    AboutForm* aboutWindow() const { return m_aboutForm; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -81,6 +91,8 @@ private:
     void notAvailableYet(const QString& what);
     void letEventsRun();
     QColor colour(int index) const;
+    // The scheme colours the help and About windows take when they become active.
+    SchemeLook schemeLook() const;
 
     // Hands a player's action to the play rules.
     void play(const Move& move);
@@ -109,6 +121,8 @@ private:
     BoxControl* m_cmdreset = nullptr;
     BoxControl* m_cmdcreate = nullptr;
     FNDialog* m_gf1 = nullptr;
+    Form4* m_form4 = nullptr;
+    AboutForm* m_aboutForm = nullptr;
 
     QTimer m_timer1;
     QTimer m_timer2;

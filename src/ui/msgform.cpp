@@ -3,6 +3,7 @@
 
 #include "ui/boxcontrol.h"
 #include "ui/olecolor.h"
+#include "ui/programicon.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -45,6 +46,8 @@ MsgForm::MsgForm(QWidget* parent)
     setWindowTitle(QStringLiteral("Message"));
     // A fixed frame with a title and no close, minimise or maximise button.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    // Unlike every other window of the program, the message window carries no star.
+    setWindowIcon(noWindowIcon());
     setModal(true);
     setAutoFillBackground(true);
 

@@ -1,4 +1,4 @@
-// The button pictures and the window icon, checked pixel by pixel.
+// The button pictures, checked pixel by pixel.
 #include "board/buttonpictures.h"
 
 #include <gtest/gtest.h>
@@ -60,19 +60,4 @@ TEST(ButtonPictures, PagesHaveTheFoldedCornerAndKeepTheirSignOffTheEdges) {
                 inside += isClear(image, x, y) ? 0 : 1;
         EXPECT_GE(inside, 10);
     }
-}
-
-TEST(WindowIcon, IsABlackStarOnATransparentGroundInEverySize) {
-    for (const int size : {16, 24, 32, 48, 64, 128}) {
-        SCOPED_TRACE(size);
-        const QImage image = windowIconImage(size);
-        ASSERT_EQ(image.size(), QSize(size, size));
-        EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0);                         // corner: ground
-        EXPECT_EQ(qAlpha(image.pixel(0, size - 1)), 0);                  // between the feet
-        EXPECT_EQ(image.pixel(size / 2, size / 2), qRgba(0, 0, 0, 255)); // centre: star
-        EXPECT_EQ(qAlpha(image.pixel(size / 2, size - 2)), 0);           // the notch at the bottom
-    }
-    const QList<QSize> sizes = windowIcon().availableSizes();
-    for (const int size : {16, 32, 128})
-        EXPECT_TRUE(sizes.contains(QSize(size, size))) << size;
 }

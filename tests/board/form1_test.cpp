@@ -1,14 +1,20 @@
 // The main window, headless: its fixed layout, the menu bar, SetCol, start-up with and
-// without a configuration, the create and dictionary commands, and Exit against the close box.
+// without a configuration, the create and dictionary commands, Help and About, and Exit
+// against the close box.
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
+#include "ui/aboutform.h"
 #include "ui/fndialog.h"
+#include "ui/form4.h"
 #include "ui/olecolor.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTextBrowser>
+#include <QTimer>
 
 namespace {
 
@@ -139,12 +145,14 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
     EXPECT_EQ(form.session().WordList().ListCount(), 4);
 }
 
-TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndCloses) {
+TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
     Form1& form = start();
     loadOtherDictionary();
+    form.menu().mnuhelp->trigger();
     m_notifier.queueAnswer(AnswerNo);
     form.menu().cmdexitx->trigger();
     EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.helpWindow()->isVisible());
     EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
     EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbQuestion + vbYesNo"));
     EXPECT_FALSE(m_folder.read("pentalink.cfg").contains("other.dic"));
@@ -152,7 +160,41 @@ TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndCloses) {
     m_notifier.queueAnswer(AnswerYes);
     form.menu().cmdexitx->trigger();
     EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(form.helpWindow()->isVisible());
     EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()));
+}
+
+TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
+    Form1& form = start();
+    EXPECT_EQ(form.helpWindow(), nullptr); // created on first use
+    form.menu().mnuhelp->trigger();
+    Form4* help = form.helpWindow();
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->WebBrowser1()->source().toLocalFile(), m_folder.file("pentalink.htm"));
+    // Modeless: the game goes on while help is open.
+    form.menu().mnucreate->trigger();
+    EXPECT_TRUE(form.session().grid().hasSolution());
+    EXPECT_TRUE(help->isVisible());
+
+    // Another scheme applied, then About: modal, in the new colours, closed by OK.
+    const QColor before = OleTranslateColor(m_scheme.SchemeColours[2]);
+    m_settings.ActiveSchemeFile = QStringLiteral("ocean.col");
+    form.Command2Click();
+    QColor shownBackground;
+    bool modal = false;
+    QTimer::singleShot(0, &form, [&] {
+        AboutForm* about = form.aboutWindow();
+        ASSERT_NE(about, nullptr);
+        modal = QApplication::activeModalWidget() == about;
+        shownBackground = about->palette().color(QPalette::Window);
+        QTest::mouseClick(about->aboutok(), Qt::LeftButton);
+    });
+    form.menu().mnuabout->trigger(); // returns once About has closed
+    EXPECT_TRUE(modal);
+    EXPECT_EQ(shownBackground, OleTranslateColor(m_scheme.SchemeColours[2]));
+    EXPECT_NE(shownBackground, before);
+    EXPECT_FALSE(form.aboutWindow()->isVisible());
 }
 
 TEST_F(Form1Test, CloseBoxEndsWithoutSaving) {

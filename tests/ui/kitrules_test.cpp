@@ -1,6 +1,8 @@
 // The kit's rules that need no display: style texts into icons and buttons, the message
-// layout arithmetic, and the push button's face geometry in twips and on pixels.
+// layout arithmetic, the push button's face geometry in twips and on pixels, and the help
+// window's addresses and browser size.
 #include "ui/boxgeometry.h"
+#include "ui/helprules.h"
 #include "ui/msgstyle.h"
 
 #include <gtest/gtest.h>
@@ -109,6 +111,47 @@ TEST(BoxGeometry, WholePixelsAreCutNotRounded) {
     EXPECT_EQ(BoxGeometry::toPixel(29.9), 1);
     EXPECT_EQ(BoxGeometry::toPixel(865), 57);
     EXPECT_EQ(BoxGeometry::toPixel(-0.5), -1);
+}
+
+TEST(HelpRules, BackAndForwardActOnlyOnAnAddressWithAnAnchor) {
+    const QString page = QStringLiteral("/usr/share/pentalink/pentalink.htm");
+    const QString hashFolder = QStringLiteral("/home/ann/#games/pentalink.htm");
+    const struct {
+        QUrl shown;
+        bool inside;
+    } rows[] = {
+        {HelpRules::pageAddress(page), false},
+        {HelpRules::pageAddress(page, QStringLiteral("play")), true},
+        {QUrl(QStringLiteral("#play")), true},       // the browser may report an in-page step bare
+        {HelpRules::pageAddress(hashFolder), false}, // a "#" in a folder name is no anchor
+        {HelpRules::pageAddress(hashFolder, QStringLiteral("keys")), true},
+        {QUrl(), false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(HelpRules::pointsInsidePage(row.shown), row.inside)
+            << qPrintable(row.shown.toString());
+    const QUrl anchored = HelpRules::pageAddress(hashFolder, QStringLiteral("keys"));
+    EXPECT_EQ(anchored.toLocalFile(), hashFolder);
+    EXPECT_EQ(anchored.fragment(), QStringLiteral("keys"));
+}
+
+TEST(HelpRules, BrowserSizeIsTheOuterSizeLessFrameAndTopSkippingImpossibleSizes) {
+    const struct {
+        QSize window;
+        std::optional<int> width, height;
+    } rows[] = {
+        {{8000, 6000}, 7880, 5100},
+        {{7305, 6105}, 7185, 5205}, // the designed inner size with its frame
+        {{120, 900}, 0, 0},
+        {{119, 6000}, std::nullopt, 5100}, // each direction on its own
+        {{8000, 899}, 7880, std::nullopt},
+        {{0, 0}, std::nullopt, std::nullopt},
+    };
+    for (const auto& row : rows) {
+        const HelpRules::BrowserSize size = HelpRules::browserSize(row.window);
+        EXPECT_EQ(size.width, row.width) << row.window.width();
+        EXPECT_EQ(size.height, row.height) << row.window.height();
+    }
 }
 
 } // namespace

@@ -3,16 +3,21 @@
 //   pentalink-msgboxes.png    a message in every shipped scheme, each with another icon
 //   pentalink-msgicons.png    the icon pictures, four times enlarged, with the small variants
 //   pentalink-boxcontrol.png  push buttons at rest, pressed, with a picture, enlarged
+//   pentalink-help.png        the help window on the shipped help page, in the "xp" scheme
+//   pentalink-about.png       the About window, in the "xp" scheme
 // Each test also checks what it drew, so a broken picture fails.
 #include "appearance/colourscheme.h"
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
+#include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
+#include "ui/form4.h"
 #include "ui/msgform.h"
 
 #include <QDir>
 #include <QPainter>
 #include <QTest>
+#include <QTextBrowser>
 
 #include <gtest/gtest.h>
 
@@ -117,6 +122,34 @@ TEST(KitPictures, IconsEnlargedAndButtonsAtRestPressedAndWithAPicture) {
     EXPECT_TRUE(save(shot.scaled(shot.size() * 4), "pentalink-boxcontrol.png"));
     EXPECT_EQ(shot.pixelColor(75 + 58, 8 + 11), QColor(Qt::black));    // the pressed frame
     EXPECT_EQ(shot.pixelColor(8 + 58, 8 + 11), QColor(214, 223, 247)); // none at rest
+}
+
+TEST(KitPictures, HelpAndAboutWindowsInTheXpScheme) {
+    TestFolder folder;
+    folder.copyShipped(QStringLiteral("all.col"));
+    Settings settings = Settings::forFolder(folder.path());
+    ColourScheme scheme{settings};
+    ASSERT_TRUE(scheme.LoadColourScheme(QStringLiteral("xp.col")));
+    const SchemeLook xp{scheme.SchemeColours[2], scheme.SchemeColours[scheme.ButtonColourIndex]};
+
+    Form4 help;
+    help.setPagePath(shippedDataDir() + QStringLiteral("pentalink.htm"));
+    help.setSchemeLook([&xp] { return xp; });
+    help.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&help));
+    const QImage helpShot = help.grab().toImage();
+    EXPECT_TRUE(save(helpShot, "pentalink-help.png"));
+    EXPECT_EQ(helpShot.pixelColor(1, 1), OleTranslateColor(xp.background));
+    EXPECT_EQ(helpShot.pixelColor(help.WebBrowser1()->geometry().center()), QColor(Qt::white));
+
+    AboutForm about;
+    about.setSchemeLook([&xp] { return xp; });
+    about.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&about));
+    const QImage aboutShot = about.grab().toImage();
+    EXPECT_TRUE(save(aboutShot, "pentalink-about.png"));
+    EXPECT_EQ(aboutShot.pixelColor(about.aboutok()->geometry().topLeft() + QPoint(3, 3)),
+              OleTranslateColor(xp.button));
 }
 
 } // namespace
