@@ -2,6 +2,7 @@
 # Installs the Debian packages the build, the tests and the benchmarks need, and nothing more.
 # As root it runs apt-get; otherwise it prints the one command to run. A machine that already
 # has everything is left alone (checked with dpkg, so a second run costs a fraction of a second).
+# With the argument "fuzz" it adds clang and libFuzzer, which only the fuzz targets need.
 set -euo pipefail
 
 packages=(
@@ -10,6 +11,9 @@ packages=(
     zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation2 fonts-dejavu-core
 )
+if [ "${1:-}" = fuzz ]; then
+    packages+=(clang-14 libclang-rt-14-dev libfuzzer-14-dev)
+fi
 
 missing=()
 for p in "${packages[@]}"; do

@@ -168,6 +168,10 @@ QStringList ColourScheme::sectionFor(const QString& header) const {
 }
 
 bool ColourScheme::AppendScheme(const QString& name) {
+    // A header is one line: a name holding a line break would split it and shift every
+    // colour line of the section.
+    if (name.contains(u'\r') || name.contains(u'\n'))
+        return false;
     QStringList section;
     try {
         // Every colour is split before anything is written, so no partial section is left.

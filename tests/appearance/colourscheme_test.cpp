@@ -293,6 +293,14 @@ TEST_F(SchemeFailureTest, ATableColourThatCannotBeSplitWritesNothing) {
     EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("sea"))); // deleting needs no colours
 }
 
+TEST_F(SchemeFailureTest, ANameWithALineBreakIsNoHeaderAndIsNotAppended) {
+    // Found by fuzz_schemes: the header split into two lines and shifted the colours.
+    for (const char* name : {" 233; 216\r\n 254", "a\nb", "c\r"}) {
+        EXPECT_FALSE(m_scheme.AppendScheme(QString::fromLatin1(name))) << name;
+        expectUnchanged();
+    }
+}
+
 TEST_F(SchemeFailureTest, AMatchingSectionCutShortStopsReplaceAndDelete) {
     QByteArray cut = m_before + bytes(numberedSection(QStringLiteral("short.col")).mid(0, 13));
     m_folder.write(AllCol, cut);
