@@ -38,12 +38,14 @@ test-sanitize: setup $(SAN_DIR)/build.ninja
 $(BENCH_DIR)/build.ninja: | setup
 	cmake --preset bench
 
-# Google Benchmark programs: dictionary loads, the literal and the indexed generator, memory.
+# Google Benchmark programs: dictionary loads, the literal and the indexed generator, memory,
+# container restores.
 bench: setup $(BENCH_DIR)/build.ninja
 	cmake --build --preset bench
 	$(BENCH_DIR)/bin/bench_dictionary
 	$(BENCH_DIR)/bin/bench_generator
 	$(BENCH_DIR)/bin/bench_memory
+	$(BENCH_DIR)/bin/bench_container
 
 # libFuzzer targets (fuzz/), built with clang under ASan and UBSan; each runs FUZZ_SECONDS.
 setup-fuzz:

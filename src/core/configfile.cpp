@@ -161,10 +161,13 @@ bool ConfigFile::SavecfgFile() {
 bool ConfigFile::writeFile(const QString& content) const {
     // Unbuffered, so a short write (a full disk) shows in write()'s count; a buffered
     // QSaveFile can lose the tail in its final flush and still commit.
+    // A file the reader would refuse as too large must not replace a good one.
+    const QByteArray bytes = content.toUtf8();
+    if (bytes.size() > kMaxFileSize)
+        return false;
     QSaveFile file(path());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
-    const QByteArray bytes = content.toUtf8();
     if (file.write(bytes) != bytes.size())
         return false;
     return file.commit();

@@ -65,7 +65,8 @@ public:
     // whole unless the new one was written completely. On failure shows "Configuration
     // file:", the full path and "could not be accessed, options not saved" on three lines
     // with style "vbcritical+vbok" and returns false. Line breaks inside a setting are
-    // written as blanks so the file keeps its five lines.
+    // written as blanks so the file keeps its five lines. Settings so long that the file
+    // would pass the 64 KiB the reader accepts are not saved either (the same message).
     bool SavecfgFile();
 
     // The five lines for the given values, each ended by CR LF (what SavecfgFile writes).

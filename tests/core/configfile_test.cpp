@@ -167,6 +167,12 @@ TEST_F(ConfigFileTest, FontNamesWithEdgeBlanksCommasOrQuotesSurviveSaveAndReload
         EXPECT_EQ(ConfigFile(reread, notifier).ReadcfgFile(), ConfigFile::ReadResult::Read);
         EXPECT_EQ(reread.BoardFontName, settings.BoardFontName);
     }
+    // A name so long that the reader would refuse the file is not saved over a good one.
+    const QByteArray good = cfgBytes();
+    settings.BoardFontName = QString(70000, u'x');
+    EXPECT_FALSE(config().SavecfgFile());
+    EXPECT_EQ(cfgBytes(), good);
+    EXPECT_EQ(notifier.messages().size(), 1);
 }
 
 TEST_F(ConfigFileTest, SaveFormatsTimeAndSignPosition) {
