@@ -1,18 +1,25 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build, the tests and the benchmarks need, and nothing more.
-# As root it runs apt-get; otherwise it prints the one command to run. A machine that already
-# has everything is left alone (checked with dpkg, so a second run costs a fraction of a second).
-# With the argument "fuzz" it adds clang and libFuzzer, which only the fuzz targets need.
+# Installs the Debian packages the build, the tests and the benchmarks need, and nothing more;
+# `setup-deps.sh package` installs what `make package` needs instead (dpkg-shlibdeps and the
+# tools CPack calls). As root it runs apt-get; otherwise it prints the one command to run. A
+# machine that already has everything is left alone (checked with dpkg, so a second run costs a
+# fraction of a second). `setup-deps.sh fuzz` adds clang and libFuzzer to the usual packages,
+# which only the fuzz targets need.
 set -euo pipefail
 
-packages=(
-    cmake ninja-build g++ make pkg-config
-    qt6-base-dev qt6-base-dev-tools libgl-dev
-    zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
-    fonts-liberation2 fonts-dejavu-core
-)
-if [ "${1:-}" = fuzz ]; then
-    packages+=(clang-14 libclang-rt-14-dev libfuzzer-14-dev)
+if [ "${1:-}" = package ]; then
+    packages=(dpkg-dev file binutils gzip)
+else
+    packages=(
+        cmake ninja-build g++ make pkg-config
+        qt6-base-dev qt6-base-dev-tools libgl-dev
+        zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
+        fonts-liberation2 fonts-dejavu-core
+        xvfb xauth xdotool xclip x11-utils
+    )
+    if [ "${1:-}" = fuzz ]; then
+        packages+=(clang-14 libclang-rt-14-dev libfuzzer-14-dev)
+    fi
 fi
 
 missing=()

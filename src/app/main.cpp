@@ -1,11 +1,12 @@
 // Entry point of the game: checks that there is a screen to draw on, builds the program-wide
 // objects (settings, colour scheme, message window) and opens the main window.
+#include "app/appsetup.h"
 #include "appearance/colourscheme.h"
 #include "board/form1.h"
+#include "core/commandline.h"
 #include "core/settings.h"
 #include "ui/msgform.h"
 #include "ui/msgformnotifier.h"
-#include "ui/programicon.h"
 
 #include <QApplication>
 
@@ -19,19 +20,41 @@ bool displayAvailable() {
            qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
+QStringList argumentList(int argc, char* argv[]) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
+    // --help and --version work without a display, so they are answered before the toolkit
+    // starts.
+    switch (parseGameArguments(argumentList(argc, argv)).action) {
+    case GameArguments::Action::Help:
+        std::fputs(gameHelpText().toLocal8Bit().constData(), stdout);
+        return 0;
+    case GameArguments::Action::Version:
+        std::fputs(versionText(QStringLiteral("pentalink")).toLocal8Bit().constData(), stdout);
+        return 0;
+    case GameArguments::Action::Run:
+        break;
+    }
     if (!displayAvailable()) {
         std::fputs("pentalink: no display found (DISPLAY is not set); on a machine without a "
-                   "screen run it as: xvfb-run make run\n",
+                   "screen start it under a virtual one: xvfb-run pentalink\n",
                    stderr);
         return 1;
     }
     QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("pentalink"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Pentalink"));
-    QApplication::setWindowIcon(programIcon());
+    // QApplication has taken its own options out of argv; whatever is left means nothing here.
+    std::fputs(ignoredArgumentsWarning(parseGameArguments(argumentList(argc, argv)).ignored)
+                   .toLocal8Bit()
+                   .constData(),
+               stderr);
+    setUpApplication();
 
     Settings settings;
     ColourScheme scheme(settings);

@@ -1,6 +1,7 @@
 // Packed colours and colour lines; see colourline.h.
 #include "appearance/colourline.h"
 
+#include "core/leadingnumber.h"
 #include "core/settings.h"
 
 #include <QStringList>
@@ -9,45 +10,6 @@
 #include <cmath>
 
 namespace {
-
-// The leading number of `field` as a double: blanks skipped, an optional sign, digits with
-// an optional fraction and exponent. 0 when the field starts with no number.
-double leadingNumber(const QString& field) {
-    qsizetype i = 0;
-    const qsizetype n = field.size();
-    while (i < n && (field[i] == u' ' || field[i] == u'\t'))
-        ++i;
-    const qsizetype start = i;
-    if (i < n && (field[i] == u'+' || field[i] == u'-'))
-        ++i;
-    const qsizetype digitsStart = i;
-    while (i < n && field[i].isDigit() && field[i].unicode() < 128)
-        ++i;
-    qsizetype digits = i - digitsStart;
-    if (i < n && field[i] == u'.') {
-        ++i;
-        const qsizetype fractionStart = i;
-        while (i < n && field[i].isDigit() && field[i].unicode() < 128)
-            ++i;
-        digits += i - fractionStart;
-    }
-    if (digits == 0)
-        return 0.0;
-    qsizetype end = i;
-    if (i < n && (field[i] == u'e' || field[i] == u'E')) {
-        qsizetype j = i + 1;
-        if (j < n && (field[j] == u'+' || field[j] == u'-'))
-            ++j;
-        const qsizetype expStart = j;
-        while (j < n && field[j].isDigit() && field[j].unicode() < 128)
-            ++j;
-        if (j > expStart)
-            end = j;
-    }
-    bool ok = false;
-    const double value = field.mid(start, end - start).toDouble(&ok);
-    return ok ? value : 0.0;
-}
 
 qint64 component(quint32 colour, qint64 divisor, qint64 modulus) {
     const qint64 value = qint32(colour);             // the signed 32-bit number it is stored as

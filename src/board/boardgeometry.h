@@ -1,9 +1,12 @@
-// The fixed layout of the main window in twips (15 twips to the logical pixel). The star's
-// parts are relative to the star area; everything else to the window's client area. The same
-// numbers serve the screen, the printed page and the clipboard picture.
+// The fixed layout of the main window in twips (15 twips to the logical pixel). The tables
+// place the star's parts relative to the star area and everything else relative to the
+// window's client area; the board functions at the end give every part in board twips (the
+// client area's coordinates), on the whole pixels the screen shows them at. The same numbers
+// serve the screen, the printed page and the clipboard picture.
 #pragma once
 
 #include "core/stargrid.h"
+#include "core/twips.h"
 
 #include <QLine>
 #include <QRect>
@@ -12,17 +15,9 @@
 
 namespace BoardGeometry {
 
-constexpr int TwipsPerPixel = 15;
-
+constexpr int TwipsPerPixel = Twips::PerPixel;
 // Twips to the nearest logical pixel (halves round up), as the layout places controls.
-constexpr int toPixels(int twips) {
-    return twips >= 0 ? (twips + TwipsPerPixel / 2) / TwipsPerPixel
-                      : -((-twips + TwipsPerPixel / 2) / TwipsPerPixel);
-}
-constexpr QRect toPixels(const QRect& twips) {
-    return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
-            toPixels(twips.height())};
-}
+using Twips::toPixels;
 
 // The client area of the main window.
 constexpr int ClientWidth = 5340;
@@ -95,5 +90,40 @@ constexpr QRect DictButton{3960, 5730, 330, 330};
 constexpr QRect ShowSolButton{4290, 5730, 330, 330};
 constexpr QRect ResetButton{4620, 5730, 330, 330};
 constexpr QRect CreateButton{4950, 5730, 330, 330};
+
+// --- The board in board twips ---------------------------------------------------------------
+// Board twips are client-area twips. Every part stands on whole pixels, rounded as the window
+// places its controls (the star area first, then each part inside it), so that a board drawn
+// at 1/15 is the window's own picture.
+
+// The area the board view covers: the star area and the tiles, down to the status line.
+constexpr QRect BoardRect{0, 0, ClientWidth, StatusLine.top()};
+
+// `twips` moved to the nearest whole pixels and given back in twips.
+constexpr QRect snapped(const QRect& twips) {
+    const QRect p = toPixels(twips);
+    return {p.x() * TwipsPerPixel, p.y() * TwipsPerPixel, p.width() * TwipsPerPixel,
+            p.height() * TwipsPerPixel};
+}
+constexpr QRect starArea() {
+    return snapped(StarAreaRect);
+}
+// Cell c (0..9), marker k (1..10), tile i (1..8). Indexes outside those ranges are not
+// checked: callers pass valid ones.
+constexpr QRect cellRect(int c) {
+    return snapped(Cells[static_cast<size_t>(c)]).translated(starArea().topLeft());
+}
+constexpr QRect markerRect(int k) {
+    return snapped(Markers[static_cast<size_t>(k)]).translated(starArea().topLeft());
+}
+constexpr QRect tileRect(int i) {
+    return snapped(Tiles[static_cast<size_t>(i)]);
+}
+// The twip at the centre of pixel `pixel` of the board, for turning a mouse position into
+// board twips.
+constexpr QPoint pixelToTwips(const QPoint& pixel) {
+    return {pixel.x() * TwipsPerPixel + TwipsPerPixel / 2,
+            pixel.y() * TwipsPerPixel + TwipsPerPixel / 2};
+}
 
 } // namespace BoardGeometry

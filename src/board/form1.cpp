@@ -2,13 +2,13 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "appearance/form6.h"
+#include "board/boardcommands.h"
 #include "board/boardgeometry.h"
+#include "board/boardview.h"
 #include "board/buttonpictures.h"
-#include "board/clicklabel.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
-#include "board/sessionwiring.h"
-#include "board/stararea.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
 #include "ui/aboutform.h"
@@ -23,6 +23,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
@@ -49,18 +50,12 @@ void setTextColour(QWidget* widget, const QColor& colour) {
     widget->setPalette(palette);
 }
 
-// Gives the menu bar and every menu below it a solid background.
+// Gives the menu bar and every menu below it a solid background of exactly `colour`, with
+// black text. A style sheet, because styles paint drop-down menus from a lightened palette
+// colour; it reaches the drop-down menus because they are children of the bar.
 void setMenuColour(QMenuBar* bar, const QColor& colour) {
-    const auto paint = [&colour](QWidget* widget) {
-        QPalette palette = widget->palette();
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            palette.setColor(role, colour);
-        widget->setPalette(palette);
-        widget->setAutoFillBackground(true);
-    };
-    paint(bar);
-    for (QMenu* menu : bar->findChildren<QMenu*>())
-        paint(menu);
+    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; }")
+                           .arg(colour.name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {
@@ -85,6 +80,15 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     , m_session(std::make_unique<PuzzleSession>(&m_gate))
     , m_board(std::make_unique<PlayBoard>(m_session->grid(), m_gate, &m_session->eventPump())) {
     setObjectName(QStringLiteral("Form1"));
+    // Scheme messages go through the gate too, so a completion tick never meets an open one.
+    m_scheme.setNotifier(&m_gate);
+    // The normal pointer shows while a message waits for the player, whatever work is going on.
+    m_gate.setOpenHook([](bool opening) {
+        if (opening)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(programIcon());
     // A fixed single frame with a minimise button and no maximise button.
@@ -101,7 +105,9 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     startUp();
 }
 
-Form1::~Form1() = default;
+Form1::~Form1() {
+    m_scheme.setNotifier(&m_notifier);
+}
 
 void Form1::buildLayout() {
     m_client = new QWidget(this);
@@ -111,28 +117,18 @@ void Form1::buildLayout() {
     setCentralWidget(m_client);
     setMouseTracking(true);
 
-    m_starArea = new StarArea(m_client);
+    m_boardView = new BoardView(*m_board, m_client);
 
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        auto* tile = new ClickLabel(i, m_client);
-        tile->setObjectName(QStringLiteral("pw%1").arg(i));
-        tile->setGeometry(toPixels(Tiles[i]));
-        tile->setAlignment(Qt::AlignCenter);
-        tile->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        tile->setAutoFillBackground(true);
-        m_tiles[i] = tile;
-    }
-
-    m_label2 = new QLabel(m_client);
-    m_label2->setObjectName(QStringLiteral("Label2"));
-    m_label2->setGeometry(toPixels(StatusLine));
-    m_label2->setFrameStyle(QFrame::Box | QFrame::Plain);
-    m_label2->setAutoFillBackground(true);
+    m_statusLine = new QLabel(m_client);
+    m_statusLine->setObjectName(QStringLiteral("Label2"));
+    m_statusLine->setGeometry(toPixels(StatusLine));
+    m_statusLine->setFrameStyle(QFrame::Box | QFrame::Plain);
+    m_statusLine->setAutoFillBackground(true);
 
     // The file-name picker has no visible part in this window.
-    m_gf1 = new FNDialog(m_client);
-    m_gf1->setObjectName(QStringLiteral("gf1"));
-    m_gf1->hide();
+    m_filePicker = new FNDialog(m_client);
+    m_filePicker->setObjectName(QStringLiteral("gf1"));
+    m_filePicker->hide();
 
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -160,17 +156,16 @@ void Form1::buildButtons() {
 
 void Form1::connectCommands() {
     MainMenu& menu = *m_menu;
-    connect(menu.mnudict, &QAction::triggered, this, &Form1::dictionaryCommand);
-    connect(menu.mnucreate, &QAction::triggered, this, &Form1::createCommand);
-    connect(menu.cmdexitx, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.mnucolsch, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The Options window")); });
-    connect(menu.mnuhelp, &QAction::triggered, this, &Form1::helpCommand);
-    connect(menu.mnuabout, &QAction::triggered, this, &Form1::aboutCommand);
-    connect(menu.mnuprint, &QAction::triggered, this,
+    connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
+    connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
+    connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
+    connect(menu.options, &QAction::triggered, this, &Form1::optionsCommand);
+    connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
+    connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
+    connect(menu.print, &QAction::triggered, this,
             [this] { notAvailableYet(QStringLiteral("Printing")); });
     for (int i : {0, 1}) {
-        connect(menu.mnu2clip[i], &QAction::triggered, this,
+        connect(menu.copyEntries[i], &QAction::triggered, this,
                 [this] { notAvailableYet(QStringLiteral("Copying to the clipboard")); });
     }
 
@@ -179,16 +174,7 @@ void Form1::connectCommands() {
     connect(m_cmdshowsol, &BoxControl::MouseDown, this, [this] { play(Move::solutionPress()); });
     connect(m_cmdshowsol, &BoxControl::MouseUp, this, [this] { play(Move::solutionRelease()); });
     connect(m_cmdreset, &BoxControl::MouseUp, this, [this] { play(Move::clearEntries()); });
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        connect(m_tiles[i], &ClickLabel::released, this, [this](int t) { play(Move::tile(t)); });
-        connect(m_tiles[i], &ClickLabel::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
-    }
-    for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
-        ClickLabel* marker = m_starArea->marker(k);
-        connect(marker, &ClickLabel::released, this, [this](int m) { play(Move::marker(m)); });
-        connect(marker, &ClickLabel::hovered, this, &Form1::markerHovered);
-    }
-    connect(m_starArea, &StarArea::hovered, this, [this] { setCursor(Qt::ArrowCursor); });
+    connect(m_boardView, &BoardView::moveMade, this, &Form1::play);
 
     PuzzleSession& session = *m_session;
     connect(&session, &PuzzleSession::waitPointerChanged, this, [this](bool waiting) {
@@ -197,9 +183,6 @@ void Form1::connectCommands() {
         else
             QApplication::restoreOverrideCursor();
     });
-    connectToSession(session, *m_board);
-    connect(&session, &PuzzleSession::boardEnabledChanged, m_starArea, &QWidget::setEnabled);
-    connect(m_board.get(), &PlayBoard::changed, this, &Form1::renderPlay);
     // The completion check runs exactly while the rules say so.
     m_timer2.setInterval(500);
     connect(m_board.get(), &PlayBoard::completionCheckChanged, this, [this](bool running) {
@@ -211,8 +194,8 @@ void Form1::connectCommands() {
     connect(&m_timer2, &QTimer::timeout, m_board.get(), &PlayBoard::completionTick);
     connect(&session, &PuzzleSession::dictionaryStatusChanged, this,
             [this](const QString& text, const QString& toolTip) {
-                m_label2->setText(text);
-                m_label2->setToolTip(toolTip);
+                m_statusLine->setText(text);
+                m_statusLine->setToolTip(toolTip);
             });
 
     m_timer1.setSingleShot(true);
@@ -223,6 +206,9 @@ void Form1::connectCommands() {
 void Form1::startUp() {
     m_settings.BoardFontName = QStringLiteral("Arial");
     m_settings.BoardFontSize = 18;
+    m_form6 = new Form6(m_settings, m_scheme, m_gate, this);
+    m_form6->model().setCommand2([this] { Command2Click(); });
+    m_form6->model().fillFontList(QFontDatabase::families());
     m_settings.AppFolder = AppFolder();
 
     if (m_msgForm) {
@@ -238,18 +224,10 @@ void Form1::startUp() {
     }
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
+    m_form6->model().fillSchemeList();
 
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        QLabel* cell = m_starArea->cell(c);
-        cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        cell->setFont(boardFont(m_settings.BoardFontName, 18, true));
-        cell->clear();
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        m_tiles[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 14, false));
-    }
-    m_session->grid().SelectedWord = -1;
+    // The status line's text is black whatever the desktop's palette says.
+    setTextColour(m_statusLine, Qt::black);
 
     ReadcfgFile();
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
@@ -267,9 +245,12 @@ void Form1::startUp() {
 }
 
 void Form1::timer1Tick() {
-    renderPlay(); // no puzzle yet: empty tiles
+    if (m_session->isBusy()) {
+        // A create request is still showing its message: load once it has been answered.
+        m_timer1.start();
+        return;
+    }
     m_session->LoadDictionary(m_session->DictionaryPath());
-    m_session->grid().SelectedWord = -1;
     m_timer1.stop();
     QApplication::restoreOverrideCursor();
 }
@@ -288,30 +269,30 @@ void Form1::SetCol() {
     setBackground(m_client, background);
     for (BoxControl* b : {m_cmdcreate, m_cmdreset, m_cmdshowsol, m_cmddict})
         b->setBackColor(m_scheme.SchemeColours[m_scheme.ButtonColourIndex]);
-    setBackground(m_starArea, background);
-    setBackground(m_label2, background);
-    QFont statusFont = m_label2->font();
+    setBackground(m_statusLine, background);
+    QFont statusFont = m_statusLine->font();
     statusFont.setFamily(m_settings.BoardFontName);
-    m_label2->setFont(statusFont);
+    m_statusLine->setFont(statusFont);
 
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        QLabel* cell = m_starArea->cell(c);
-        cell->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        setBackground(cell, background);
-        cell->raise();
-        cell->setFont(boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true));
-    }
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        setBackground(m_tiles[i], button);
-        m_tiles[i]->raise();
-        m_tiles[i]->setFont(boardFont(m_settings.BoardFontName, 12, false));
-    }
-    m_starArea->setLineColour(text);
+    // The board: star area and cells in the background colour, tiles in the button colour,
+    // lines and tile words in the text colour; cell letters in the board font, bold.
+    const QPalette& palette = m_boardView->palette();
+    BoardStyle style;
+    style.ground = background;
+    style.tileFace = button;
+    style.text = text;
+    style.letters = Qt::black;
+    style.markers = Qt::black;
+    style.idleMarkers = palette.color(QPalette::Disabled, QPalette::WindowText);
+    style.light = palette.color(QPalette::Light);
+    style.shadow = palette.color(QPalette::Dark);
+    style.letterFont = boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true);
+    style.tileFont = boardFont(m_settings.BoardFontName, 12, false);
+    style.markerFont = boardFont(QStringLiteral("Arial"), 12, true);
+    m_boardView->setBoardStyle(style);
 
     if (!m_settings.ActiveSchemeFile.toUpper().contains(QStringLiteral("DEFAULT")))
         setMenuColour(menuBar(), colour(MenuColour));
-
-    m_starArea->setFont(boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, false));
 
     if (m_msgForm) {
         m_msgForm->setBackColor(background);
@@ -335,29 +316,34 @@ void Form1::SavecfgFile() {
 }
 
 void Form1::createCommand() {
-    m_session->createPuzzle();
+    createPuzzle(*m_session, *m_board);
 }
 
 void Form1::dictionaryCommand() {
     if (m_session->isBusy())
         return;
     const QString folder = QDir::currentPath();
-    m_gf1->setTitle(QStringLiteral("Select a Dictionary file"));
-    m_gf1->setFileTypes(QStringLiteral("*.txt;*.dic"));
-    m_gf1->setFileTypesName(QStringLiteral("Dictionary File"));
-    m_gf1->setDefaultDir(m_settings.AppFolder);
-    const QString answer = m_gf1->GetFileName(QStringLiteral("OPEN"));
+    m_filePicker->setTitle(QStringLiteral("Select a Dictionary file"));
+    m_filePicker->setFileTypes(QStringLiteral("*.txt;*.dic"));
+    m_filePicker->setFileTypesName(QStringLiteral("Dictionary File"));
+    m_filePicker->setDefaultDir(m_settings.AppFolder);
+    const QString answer = m_filePicker->GetFileName(QStringLiteral("OPEN"));
     QDir::setCurrent(folder);
     if (answer.isEmpty())
         return;
-    m_session->openDictionary(answer);
+    openDictionary(*m_session, *m_board, answer);
+}
+
+void Form1::optionsCommand() {
+    m_form6->exec();
+    letEventsRun();
 }
 
 void Form1::exitCommand() {
     if (m_exiting)
         return;
     const int answer =
-        m_notifier.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+        m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
     if (answer != AnswerYes)
         return;
@@ -382,6 +368,8 @@ void Form1::helpCommand() {
         m_form4->setSchemeLook([this] { return schemeLook(); });
     }
     m_form4->setPagePath(m_settings.AppFolder + QStringLiteral("pentalink.htm"));
+    // A help window left minimised comes back as it was before.
+    m_form4->setWindowState(m_form4->windowState() & ~Qt::WindowMinimized);
     m_form4->show();
     m_form4->raise();
     m_form4->activateWindow();
@@ -414,8 +402,8 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void Form1::notAvailableYet(const QString& what) {
-    m_notifier.MsgboxA(what + QStringLiteral(" is not available yet."),
-                       QStringLiteral("vbok+vbinformation"));
+    m_gate.MsgboxA(what + QStringLiteral(" is not available yet."),
+                   QStringLiteral("vbok+vbinformation"));
     letEventsRun();
 }
 
@@ -425,33 +413,4 @@ void Form1::letEventsRun() {
 
 void Form1::play(const Move& move) {
     m_board->apply(move);
-}
-
-void Form1::markerHovered() {
-    // A crosshair over a marker says "a click places the selected word here".
-    if (m_session->grid().SelectedWord != -1)
-        setCursor(Qt::CrossCursor);
-}
-
-void Form1::renderPlay() {
-    const PlayState& state = m_board->state();
-    for (int c = 0; c < StarGrid::CellCount; ++c)
-        m_starArea->cell(c)->setText(state.Entries[c]);
-
-    const QColor background = colour(BackgroundColour);
-    const QColor button = colour(m_scheme.ButtonColourIndex);
-    const QColor text = OleTranslateColor(m_settings.TextColour);
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const Tile& t = state.tiles[i];
-        ClickLabel* tile = m_tiles[i];
-        tile->setText(t.caption);
-        tile->setFrameStyle(t.look.border == TileBorder::Flat ? QFrame::Box | QFrame::Plain
-                                                              : QFrame::Panel | QFrame::Sunken);
-        setBackground(tile, button);
-        setTextColour(tile, t.look.text == TileText::Faded ? background : text);
-        QFont font = tile->font();
-        font.setStrikeOut(t.look.struckOut);
-        tile->setFont(font);
-        tile->setEnabled(t.look.enabled);
-    }
 }

@@ -1,4 +1,4 @@
-// The main window `Form1`: the star board, the eight word tiles, the status line, the four
+// The main window `Form1`: the board (star and word tiles), the status line, the four
 // picture buttons and the menu bar, on a fixed layout. It owns the puzzle session (word list,
 // puzzle record, generator) for the whole run, runs the start-up sequence, applies the colour
 // scheme (SetCol) and turns menu choices and clicks into commands. It holds no game rules:
@@ -15,20 +15,19 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include <array>
 #include <memory>
 
 class AboutForm;
+class BoardView;
 class BoxControl;
-class ClickLabel;
 class ColourScheme;
 class FNDialog;
 class Form4;
+class Form6;
 class MsgForm;
 class Notifier;
 class PlayBoard;
 class QLabel;
-class StarArea;
 struct MainMenu;
 
 class Form1 : public QMainWindow {
@@ -56,20 +55,21 @@ public:
     void createCommand();
     void dictionaryCommand();
     void exitCommand();
+    // File > Options: the Options window, modal; pending events run once it is closed.
+    void optionsCommand();
     // Help shows the help window with the program folder's "pentalink.htm" and returns at
     // once (modeless); About shows the About window and returns when it has closed.
     void helpCommand();
     void aboutCommand();
 
     PuzzleSession& session() { return *m_session; }
-    PlayBoard& board() { return *m_board; }
     QTimer& timer2() { return m_timer2; }
-    FNDialog& gf1() { return *m_gf1; }
+    FNDialog& filePicker() { return *m_filePicker; }
+    Form6& form6() { return *m_form6; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
-    StarArea& starArea() { return *m_starArea; }
-    ClickLabel* tile(int i) const { return m_tiles.at(i); }
-    QLabel* statusLine() const { return m_label2; }
+    BoardView& boardView() { return *m_boardView; }
+    QLabel* statusLine() const { return m_statusLine; }
     BoxControl* cmddict() const { return m_cmddict; }
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
     BoxControl* cmdreset() const { return m_cmdreset; }
@@ -94,18 +94,15 @@ private:
     // The scheme colours the help and About windows take when they become active.
     SchemeLook schemeLook() const;
 
-    // Hands a player's action to the play rules.
+    // Hands a player's action or a command's effect on the board to the play rules.
     void play(const Move& move);
-    // Shows the play state: cell letters, tile captions and looks.
-    void renderPlay();
-    void markerHovered();
 
     Settings& m_settings;
     ColourScheme& m_scheme;
-    Notifier& m_notifier;
+    Notifier& m_notifier; // reached only through m_gate
     MsgForm* m_msgForm;
-    // Every message of the window and its rules passes this gate, so the completion check
-    // can tell when a message is already open.
+    // Every message of the window, its rules and the colour scheme passes this gate, so the
+    // completion check can tell when a message is already open.
     MessageGate m_gate;
     ConfigFile m_config;
     std::unique_ptr<PuzzleSession> m_session;
@@ -113,14 +110,14 @@ private:
     std::unique_ptr<MainMenu> m_menu;
 
     QWidget* m_client = nullptr;
-    StarArea* m_starArea = nullptr;
-    std::array<ClickLabel*, StarGrid::CandidateCount + 1> m_tiles{};
-    QLabel* m_label2 = nullptr;
+    BoardView* m_boardView = nullptr;
+    QLabel* m_statusLine = nullptr;
     BoxControl* m_cmddict = nullptr;
     BoxControl* m_cmdshowsol = nullptr;
     BoxControl* m_cmdreset = nullptr;
     BoxControl* m_cmdcreate = nullptr;
-    FNDialog* m_gf1 = nullptr;
+    FNDialog* m_filePicker = nullptr;
+    Form6* m_form6 = nullptr; // created at start-up, hidden rather than closed
     Form4* m_form4 = nullptr;
     AboutForm* m_aboutForm = nullptr;
 

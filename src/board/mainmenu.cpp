@@ -29,28 +29,28 @@ QMenu* addMenu(QMenuBar* bar, const char* name, const QString& caption) {
 
 MainMenu::MainMenu(QMenuBar* bar) {
     // Captions carry no "&": no entry has a shortcut key.
-    mnumain = addMenu(bar, "mnumain", QStringLiteral("File"));
-    mnucolsch = addEntry(mnumain, "mnucolsch", QStringLiteral("Options"));
-    mnudict = addEntry(mnumain, "mnudict", QStringLiteral("Load a Dictionary"));
-    addSeparator(mnumain, "dash6");
-    mnuhelp = addEntry(mnumain, "mnuhelp", QStringLiteral("Help"));
-    mnuabout = addEntry(mnumain, "mnuabout", QStringLiteral("About"));
-    addSeparator(mnumain, "dash2");
-    cmdexitx = addEntry(mnumain, "cmdexitx", QStringLiteral("Exit"));
-    addSeparator(mnumain, "dash1");
-    can1 = addEntry(mnumain, "can1", QStringLiteral("Cancel"));
+    fileMenu = addMenu(bar, "mnumain", QStringLiteral("File"));
+    options = addEntry(fileMenu, "mnucolsch", QStringLiteral("Options"));
+    loadDictionary = addEntry(fileMenu, "mnudict", QStringLiteral("Load a Dictionary"));
+    addSeparator(fileMenu, "dash6");
+    help = addEntry(fileMenu, "mnuhelp", QStringLiteral("Help"));
+    about = addEntry(fileMenu, "mnuabout", QStringLiteral("About"));
+    addSeparator(fileMenu, "dash2");
+    exit = addEntry(fileMenu, "cmdexitx", QStringLiteral("Exit"));
+    addSeparator(fileMenu, "dash1");
+    fileCancel = addEntry(fileMenu, "can1", QStringLiteral("Cancel"));
 
-    mnudictx = addMenu(bar, "mnudictx", QStringLiteral("Puzzle"));
-    mnucreate = addEntry(mnudictx, "mnucreate", QStringLiteral("Create"));
-    mnuprint = addEntry(mnudictx, "mnuprint", QStringLiteral("Print"));
-    addSeparator(mnudictx, "dash3");
-    mnucopy2clip = mnudictx->addMenu(QStringLiteral("Copy to Clipboard"));
-    mnucopy2clip->setObjectName(QStringLiteral("mnucopy2clip"));
-    mnucopy2clip->menuAction()->setObjectName(QStringLiteral("mnucopy2clip"));
-    mnu2clip[0] = addEntry(mnucopy2clip, "mnu2clip0", QStringLiteral("Puzzle"));
-    mnu2clip[1] = addEntry(mnucopy2clip, "mnu2clip1", QStringLiteral("Solution"));
-    mnu2clip[2] = addSeparator(mnucopy2clip, "mnu2clip2");
-    mnu2clip[3] = addEntry(mnucopy2clip, "mnu2clip3", QStringLiteral("Cancel"));
-    addSeparator(mnudictx, "dash5");
-    can6 = addEntry(mnudictx, "can6", QStringLiteral("Cancel"));
+    puzzleMenu = addMenu(bar, "mnudictx", QStringLiteral("Puzzle"));
+    create = addEntry(puzzleMenu, "mnucreate", QStringLiteral("Create"));
+    print = addEntry(puzzleMenu, "mnuprint", QStringLiteral("Print"));
+    addSeparator(puzzleMenu, "dash3");
+    copyMenu = puzzleMenu->addMenu(QStringLiteral("Copy to Clipboard"));
+    copyMenu->setObjectName(QStringLiteral("mnucopy2clip"));
+    copyMenu->menuAction()->setObjectName(QStringLiteral("mnucopy2clip"));
+    copyEntries[0] = addEntry(copyMenu, "mnu2clip0", QStringLiteral("Puzzle"));
+    copyEntries[1] = addEntry(copyMenu, "mnu2clip1", QStringLiteral("Solution"));
+    copyEntries[2] = addSeparator(copyMenu, "mnu2clip2");
+    copyEntries[3] = addEntry(copyMenu, "mnu2clip3", QStringLiteral("Cancel"));
+    addSeparator(puzzleMenu, "dash5");
+    puzzleCancel = addEntry(puzzleMenu, "can6", QStringLiteral("Cancel"));
 }

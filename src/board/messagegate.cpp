@@ -1,31 +1,45 @@
 // Counting open messages; see messagegate.h.
 #include "board/messagegate.h"
 
+#include "core/scopedcount.h"
+
 namespace {
 
-// Counts one open message for its lifetime, also when the inner notifier throws.
-class OpenScope {
+// Tells the hook that a message opens, and that it has closed when the scope ends (also when
+// showing it throws).
+class HookScope {
 public:
-    explicit OpenScope(int& open)
-        : m_open(open) {
-        ++m_open;
+    explicit HookScope(const MessageGate::OpenHook& hook)
+        : m_hook(hook) {
+        if (m_hook)
+            m_hook(true);
     }
-    ~OpenScope() { --m_open; }
-    OpenScope(const OpenScope&) = delete;
-    OpenScope& operator=(const OpenScope&) = delete;
+    ~HookScope() {
+        if (m_hook)
+            m_hook(false);
+    }
+    HookScope(const HookScope&) = delete;
+    HookScope& operator=(const HookScope&) = delete;
 
 private:
-    int& m_open;
+    const MessageGate::OpenHook& m_hook;
 };
 
 } // namespace
 
 int MessageGate::MsgboxA(const QString& s, const QString& typ) {
-    const OpenScope scope(m_open);
+    const ScopedCount open(m_open);
+    const HookScope hook(m_hook);
     return m_inner.MsgboxA(s, typ);
 }
 
 int MessageGate::standardBox(const QString& text, const QString& typ, const QString& title) {
-    const OpenScope scope(m_open);
+    const ScopedCount open(m_open);
+    const HookScope hook(m_hook);
     return m_inner.standardBox(text, typ, title);
+}
+
+QString MessageGate::inputBox(const QString& prompt, const QString& title) {
+    const ScopedCount open(m_open);
+    return m_inner.inputBox(prompt, title);
 }

@@ -5,6 +5,8 @@
 
 #include "core/notifier.h"
 
+#include <functional>
+
 class MessageGate : public Notifier {
 public:
     // `inner` shows the messages; it must outlive the gate.
@@ -13,11 +15,18 @@ public:
 
     int MsgboxA(const QString& s, const QString& typ) override;
     int standardBox(const QString& text, const QString& typ, const QString& title) override;
+    QString inputBox(const QString& prompt, const QString& title) override;
 
     // True while a message passed through this gate has not been answered yet.
     bool isOpen() const { return m_open > 0; }
 
+    // Called with true just before each message is shown and with false once it is answered
+    // (also when showing it throws); the window restores the normal pointer meanwhile.
+    using OpenHook = std::function<void(bool opening)>;
+    void setOpenHook(OpenHook hook) { m_hook = std::move(hook); }
+
 private:
     Notifier& m_inner;
+    OpenHook m_hook;
     int m_open = 0; // nesting depth: a message can be opened from another's modal loop
 };

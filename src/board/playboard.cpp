@@ -4,6 +4,7 @@
 #include "board/messagegate.h"
 #include "core/codepoints.h"
 #include "core/eventpump.h"
+#include "core/scopedcount.h"
 #include "core/stargrid.h"
 
 namespace {
@@ -35,58 +36,51 @@ bool validMarker(int k) {
 
 } // namespace
 
-// Marks a handler that shows a message or lets events run, so a tick arriving meanwhile
-// holds back.
-class PlayBoard::HandlerScope {
-public:
-    explicit HandlerScope(int& depth)
-        : m_depth(depth) {
-        ++m_depth;
-    }
-    ~HandlerScope() { --m_depth; }
-    HandlerScope(const HandlerScope&) = delete;
-    HandlerScope& operator=(const HandlerScope&) = delete;
-
-private:
-    int& m_depth;
-};
-
-PlayBoard::PlayBoard(StarGrid& grid, MessageGate& messages, EventPump* pump, QObject* parent)
+PlayBoard::PlayBoard(const StarGrid& grid, MessageGate& messages, EventPump* pump, QObject* parent)
     : QObject(parent)
     , m_grid(grid)
     , m_messages(messages)
     , m_pump(pump) {}
 
-template <typename Action> bool PlayBoard::tracked(Action action) {
-    const PlayState before = m_state;
-    const int selectedBefore = m_grid.SelectedWord;
-    action();
-    const bool differs = !(m_state == before) || m_grid.SelectedWord != selectedBefore;
+bool PlayBoard::apply(const Move& move) {
+    const BoardState before = m_state;
+    play(move);
+    const bool differs = !(m_state == before);
     if (differs)
         Q_EMIT changed();
     return differs;
 }
 
-bool PlayBoard::apply(const Move& move) {
-    return tracked([&] {
-        switch (move.kind) {
-        case MoveKind::TileClick:
-            tileClick(move.index);
-            break;
-        case MoveKind::MarkerClick:
-            markerClick(move.index);
-            break;
-        case MoveKind::SolutionPress:
-            solutionPress();
-            break;
-        case MoveKind::SolutionRelease:
-            solutionRelease();
-            break;
-        case MoveKind::ClearEntries:
-            clearEntries();
-            break;
-        }
-    });
+void PlayBoard::play(const Move& move) {
+    switch (move.kind) {
+    case MoveKind::TileClick:
+        tileClick(move.index);
+        break;
+    case MoveKind::MarkerClick:
+        markerClick(move.index);
+        break;
+    case MoveKind::SolutionPress:
+        solutionPress();
+        break;
+    case MoveKind::SolutionRelease:
+        solutionRelease();
+        break;
+    case MoveKind::ClearEntries:
+        clearEntries();
+        break;
+    case MoveKind::SearchStarted:
+        searchStarted();
+        break;
+    case MoveKind::SearchEnded:
+        m_state.searching = false;
+        break;
+    case MoveKind::NewPuzzle:
+        newPuzzle();
+        break;
+    case MoveKind::DictionaryLoaded:
+        dictionaryLoaded();
+        break;
+    }
 }
 
 // --- Letter entry -------------------------------------------------------------------------
@@ -94,18 +88,18 @@ bool PlayBoard::apply(const Move& move) {
 void PlayBoard::tileClick(int i) {
     if (!validTile(i) || m_state.solutionShown)
         return;
-    Tile& tile = m_state.tiles[i];
-    if (!tile.look.enabled || tile.caption.isEmpty() || tile.placedOn != PlayState::kNone)
+    TileState& tile = m_state.tiles[i];
+    if (!tile.enabled || tile.word.isEmpty() || tile.status == TileStatus::Placed)
         return;
     resetTileLooks();
-    m_grid.SelectedWord = i;
-    tile.look.border = TileBorder::Flat;
+    m_state.SelectedWord = i;
+    tile.status = TileStatus::Selected;
 }
 
 void PlayBoard::markerClick(int k) {
-    if (!validMarker(k) || m_state.solutionShown)
+    if (!validMarker(k) || m_state.solutionShown || m_state.searching)
         return;
-    const int selected = SelectedWord();
+    const int selected = m_state.SelectedWord;
     bool allEmpty = true;
     for (const int cell : m_grid.cellsOf(k))
         allEmpty = allEmpty && m_state.Entries[cell].isEmpty();
@@ -113,21 +107,21 @@ void PlayBoard::markerClick(int k) {
     // The tests run in this order on purpose: a placed word fills its cells, so a click on
     // its marker never counts as an empty reading and always takes the word off, whatever
     // is selected.
-    if (selected != -1 && allEmpty) {
-        // A selection can outlive its tile's caption (the board was cleared or a create
-        // request emptied the tiles): there is no word to write then.
-        if (m_state.tiles[selected].caption.isEmpty())
+    if (selected != BoardState::NoSelection && allEmpty) {
+        // A selection can outlive its tile's word (the board was cleared or a create request
+        // emptied the tiles): there is no word to write then.
+        if (m_state.tiles[selected].word.isEmpty())
             return;
         writeWord(k);
         return;
     }
-    if (m_state.markerTags[k] != PlayState::kNone) {
+    if (m_state.placedTile[k] != BoardState::NoTile) {
         removeWord(k);
         return;
     }
     // Some cells hold letters: every one must agree, else nothing changes and the selection
     // stays.
-    if (selected != -1 && wordAgrees(k, m_state.tiles[selected].caption))
+    if (selected != BoardState::NoSelection && wordAgrees(k, m_state.tiles[selected].word))
         writeWord(k);
 }
 
@@ -142,56 +136,50 @@ bool PlayBoard::wordAgrees(int k, const QString& word) const {
 }
 
 void PlayBoard::writeWord(int k) {
-    const int i = SelectedWord();
-    Tile& tile = m_state.tiles[i];
-    m_state.markerTags[k] = i;
+    const int i = m_state.SelectedWord;
+    TileState& tile = m_state.tiles[i];
+    m_state.placedTile[k] = i;
     const auto cells = m_grid.cellsOf(k);
     for (int n = 1; n <= 4; ++n)
-        m_state.Entries[cells[n - 1]] = characterAt(tile.caption, n);
-    tile.look.border = TileBorder::Sunken;
-    tile.look.text = TileText::Faded;
-    tile.placedOn = k;
-    m_grid.SelectedWord = -1;
+        m_state.Entries[cells[n - 1]] = characterAt(tile.word, n);
+    tile.status = TileStatus::Placed;
+    tile.reading = k;
+    m_state.SelectedWord = BoardState::NoSelection;
 }
 
 void PlayBoard::removeWord(int k) {
-    const int t = m_state.markerTags[k];
-    Tile& tile = m_state.tiles[t];
-    tile.caption = m_grid.CandidateWords[t];
-    m_state.markerTags[k] = PlayState::kNone;
+    const int t = m_state.placedTile[k];
+    TileState& tile = m_state.tiles[t];
+    tile.word = m_grid.CandidateWords[t];
+    m_state.placedTile[k] = BoardState::NoTile;
     for (const int cell : m_grid.cellsOf(k))
         m_state.Entries[cell].clear();
     // The removed word becomes the selected word, but its tile shows the available look.
-    m_grid.SelectedWord = t;
+    m_state.SelectedWord = t;
     resetTileLooks();
-    tile.look.border = TileBorder::Sunken;
-    tile.placedOn = PlayState::kNone;
-    tile.look.text = TileText::Normal;
+    tile.status = TileStatus::Available;
+    tile.reading = 0;
     // Puts back the letters of crossing words that emptying the cells took away.
     redrawPlacedWords();
 }
 
-void PlayBoard::RedrawPlacedWords() {
-    tracked([this] { redrawPlacedWords(); });
-}
-
 void PlayBoard::redrawPlacedWords() {
     for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
-        const int i = m_state.markerTags[k];
-        if (i == PlayState::kNone)
+        const int i = m_state.placedTile[k];
+        if (i == BoardState::NoTile)
             continue;
         const auto cells = m_grid.cellsOf(k);
         for (int n = 1; n <= 4; ++n)
-            m_state.Entries[cells[n - 1]] = characterAt(m_state.tiles[i].caption, n);
+            m_state.Entries[cells[n - 1]] = characterAt(m_state.tiles[i].word, n);
     }
 }
 
+// No tile keeps the selected look; placed tiles stay placed.
 void PlayBoard::resetTileLooks() {
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        TileLook& look = m_state.tiles[i].look;
-        look.border = TileBorder::Sunken;
-        look.text =
-            m_state.tiles[i].placedOn != PlayState::kNone ? TileText::Faded : TileText::Normal;
+        TileState& tile = m_state.tiles[i];
+        if (tile.status == TileStatus::Selected)
+            tile.status = TileStatus::Available;
     }
 }
 
@@ -208,7 +196,7 @@ void PlayBoard::solutionPress() {
         m_state.Entries[p - 1] = m_grid.SolutionLetters[p];
     }
     for (int i = 1; i <= StarGrid::CandidateCount; ++i)
-        m_state.tiles[i].look.struckOut = m_grid.DecoyFlags[i] == 1;
+        m_state.tiles[i].decoyRevealed = m_grid.DecoyFlags[i] == 1;
     m_state.solutionShown = true;
 }
 
@@ -218,44 +206,47 @@ void PlayBoard::solutionRelease() {
         return;
     for (int p = 1; p <= StarGrid::CellCount; ++p)
         m_state.Entries[p - 1] = m_state.SavedEntries[p];
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        TileLook& look = m_state.tiles[i].look;
-        look.border = TileBorder::Sunken;
-        look.struckOut = false;
-        if (m_state.tiles[i].placedOn != PlayState::kNone)
-            look.text = TileText::Faded;
-    }
-    m_state.solutionShown = false;
+    // The selection stays, but no tile keeps its selected look.
+    resetTileLooks();
+    endSolutionDisplay();
     setCheckRunning(true);
 }
 
 void PlayBoard::endSolutionDisplay() {
     m_state.solutionShown = false;
     for (int i = 1; i <= StarGrid::CandidateCount; ++i)
-        m_state.tiles[i].look.struckOut = false;
+        m_state.tiles[i].decoyRevealed = false;
+}
+
+void PlayBoard::emptyCellsAndLinks() {
+    for (int c = 0; c < StarGrid::CellCount; ++c) {
+        m_state.Entries[c].clear();
+        m_state.placedTile[c + 1] = BoardState::NoTile;
+    }
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        TileState& tile = m_state.tiles[i];
+        tile.reading = 0;
+        if (tile.status == TileStatus::Placed)
+            tile.status = TileStatus::Available;
+    }
 }
 
 void PlayBoard::clearEntries() {
-    const HandlerScope handler(m_handlerDepth);
+    const ScopedCount handler(m_handlerDepth);
     const int answer = m_messages.MsgboxA(kClearQuestion, kClearStyle);
     letEventsRun();
     if (answer != AnswerYes)
         return;
     setCheckRunning(false);
     endSolutionDisplay();
+    emptyCellsAndLinks();
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        Tile& tile = m_state.tiles[i];
-        tile.look.border = TileBorder::Sunken;
-        tile.placedOn = PlayState::kNone;
-        tile.look.text = TileText::Normal;
-        tile.look.enabled = true;
-        tile.caption = m_grid.CandidateWords[i];
+        TileState& tile = m_state.tiles[i];
+        tile.status = TileStatus::Available;
+        tile.enabled = true;
+        tile.word = m_grid.CandidateWords[i];
     }
-    m_grid.SelectedWord = -1;
-    for (int c = 0; c < StarGrid::CellCount; ++c) {
-        m_state.Entries[c].clear();
-        m_state.markerTags[c + 1] = PlayState::kNone;
-    }
+    m_state.SelectedWord = BoardState::NoSelection;
 }
 
 bool PlayBoard::completionTick() {
@@ -263,7 +254,7 @@ bool PlayBoard::completionTick() {
         return false;
     if (!boardFull() || !puzzleExists())
         return false;
-    const HandlerScope handler(m_handlerDepth);
+    const ScopedCount handler(m_handlerDepth);
     // Off before the message, so no tick during the message can show it a second time.
     setCheckRunning(false);
     m_messages.MsgboxA(kAllDone, kAllDoneStyle);
@@ -279,64 +270,43 @@ bool PlayBoard::boardFull() const {
     return true;
 }
 
-// --- Hooks of the create and dictionary commands --------------------------------------------
+// --- The board's part of the create and dictionary commands --------------------------------
 
-void PlayBoard::generationStarted() {
-    tracked([this] {
-        setCheckRunning(false);
-        endSolutionDisplay();
-        for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-            Tile& tile = m_state.tiles[i];
-            tile.caption.clear();
-            tile.placedOn = PlayState::kNone;
-            tile.look.enabled = false;
-        }
-        // The marker links go with the tile links, so a failed create leaves no one-sided
-        // link behind.
-        for (int c = 0; c < StarGrid::CellCount; ++c) {
-            m_state.Entries[c].clear();
-            m_state.markerTags[c + 1] = PlayState::kNone;
-        }
-    });
+void PlayBoard::searchStarted() {
+    setCheckRunning(false);
+    endSolutionDisplay();
+    // The links of tiles and readings go together, so a failed create leaves no one-sided
+    // link behind. A selected tile keeps its look on its blank face.
+    emptyCellsAndLinks();
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        m_state.tiles[i].word.clear();
+        m_state.tiles[i].enabled = false;
+    }
+    m_state.searching = true;
 }
 
-void PlayBoard::puzzleCreated() {
-    tracked([this] {
-        setCheckRunning(false);
-        endSolutionDisplay();
-        for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-            Tile& tile = m_state.tiles[i];
-            tile.caption = m_grid.CandidateWords[i];
-            tile.placedOn = PlayState::kNone;
-            tile.look = TileLook{};
-        }
-        for (int c = 0; c < StarGrid::CellCount; ++c) {
-            m_state.Entries[c].clear();
-            m_state.markerTags[c + 1] = PlayState::kNone;
-        }
-        m_grid.SelectedWord = -1;
-    });
+void PlayBoard::newPuzzle() {
+    setCheckRunning(false);
+    endSolutionDisplay();
+    emptyCellsAndLinks();
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        TileState& tile = m_state.tiles[i];
+        tile = TileState{};
+        tile.word = m_grid.CandidateWords[i];
+    }
+    m_state.SelectedWord = BoardState::NoSelection;
+    m_state.searching = false;
 }
 
-void PlayBoard::ClearBoard() {
-    tracked([this] {
-        // Ends a solution display too: its release must not bring back letters of a board
-        // that is gone.
-        endSolutionDisplay();
-        for (int c = 0; c < StarGrid::CellCount; ++c) {
-            m_state.Entries[c].clear();
-            m_state.markerTags[c + 1] = PlayState::kNone;
-        }
-        for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-            Tile& tile = m_state.tiles[i];
-            tile.placedOn = PlayState::kNone;
-            tile.caption.clear();
-            tile.look.border = TileBorder::Sunken;
-        }
-    });
-}
-
-void PlayBoard::stopCompletionCheck() {
+void PlayBoard::dictionaryLoaded() {
+    // Ends a solution display too: its release must not bring back letters of a board that
+    // is gone.
+    endSolutionDisplay();
+    emptyCellsAndLinks();
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        m_state.tiles[i].word.clear();
+        m_state.tiles[i].status = TileStatus::Available;
+    }
     setCheckRunning(false);
 }
 
@@ -360,18 +330,14 @@ QString PlayBoard::cellLetter(int cell) const {
     return m_state.Entries[cell];
 }
 
-Tile PlayBoard::tile(int i) const {
-    return validTile(i) ? m_state.tiles[i] : Tile{};
+TileState PlayBoard::tile(int i) const {
+    return validTile(i) ? m_state.tiles[i] : TileState{};
 }
 
 int PlayBoard::markerTag(int k) const {
-    return validMarker(k) ? m_state.markerTags[k] : PlayState::kNone;
-}
-
-int PlayBoard::SelectedWord() const {
-    return validTile(m_grid.SelectedWord) ? m_grid.SelectedWord : -1;
+    return validMarker(k) ? m_state.placedTile[k] : BoardState::NoTile;
 }
 
 bool PlayBoard::puzzleExists() const {
-    return !m_state.tiles[1].caption.isEmpty();
+    return !m_state.tiles[1].word.isEmpty();
 }

@@ -1,20 +1,16 @@
 // The rules of play on the star: selecting a word tile, placing a word on a reading by its
 // word-number marker and taking it off again, showing the solution while its button is held,
-// clearing the player's entries and the board, and the periodic completion check. The window
-// turns clicks into Moves, renders state() and owns the timer; this class holds every rule.
-//
-// The selected word is StarGrid::SelectedWord: the board keeps no copy of its own, so the
-// create command's "no word selected" (it writes -1 into the grid) and the board always agree.
-// Everything else the board shows (cell letters, tile captions and looks, the links between
-// tiles and markers, the letters saved while the solution shows) lives in PlayState here.
+// clearing the player's entries, the board's part of the create and dictionary commands, and
+// the periodic completion check. Every change of the board is a Move given to apply(); this
+// class is the only writer of the BoardState, including the selected word. QtCore only.
 //
 // The completion check: the window runs a 500 ms timer exactly while
 // completionCheckRunning() is true (announced by completionCheckChanged) and calls
 // completionTick() on each timeout.
 #pragma once
 
+#include "board/boardstate.h"
 #include "board/playmove.h"
-#include "board/playstate.h"
 
 #include <QObject>
 #include <QString>
@@ -27,17 +23,23 @@ class PlayBoard : public QObject {
     Q_OBJECT
 
 public:
-    // grid: the puzzle record (read: LineTable, SolutionLetters, CandidateWords, DecoyFlags;
-    // read and written: SelectedWord). messages: where the clear question and "All Done!"
-    // go. pump: what "let pending window events run" means after a message (null: nothing).
-    // All three must outlive the board. Starts with no puzzle: empty cells and tiles, no
-    // links, the completion check off.
-    PlayBoard(StarGrid& grid, MessageGate& messages, EventPump* pump = nullptr,
+    // grid: the puzzle record (SolutionLetters, CandidateWords, DecoyFlags, the readings).
+    // messages: where the clear question and "All Done!" go. pump: what "let pending window
+    // events run" means after a message (null: nothing). All three must outlive the board.
+    // Starts with no puzzle: empty cells and tiles, no links, no selection, the check off.
+    PlayBoard(const StarGrid& grid, MessageGate& messages, EventPump* pump = nullptr,
               QObject* parent = nullptr);
 
-    // Applies one player action. Indexes outside 1..8 (tiles) or 1..10 (markers) are ignored.
-    // Tile and marker clicks are ignored while the solution is shown. Returns true when the
-    // state (or the selection) changed; changed() is emitted then.
+    // Applies one move. Indexes outside 1..8 (tiles) or 1..10 (markers) are ignored; tile and
+    // marker clicks are ignored while the solution shows, marker clicks also during a search.
+    //   SearchStarted: the check goes off, the solution display ends, every tile loses word
+    //     and link and is disabled, every cell and reading is emptied; the selection stays.
+    //   SearchEnded: the readings take clicks again.
+    //   NewPuzzle: the tiles show CandidateWords (available, enabled), cells and links are
+    //     empty, no word is selected, the check is off.
+    //   DictionaryLoaded: cells, links and tile words emptied (tiles not selected), the
+    //     solution display ends, the check goes off; the puzzle record and the selection stay.
+    // Returns true when the state changed; changed() is emitted then.
     bool apply(const Move& move);
 
     // One timeout of the completion timer. Does nothing while the check is off, and while a
@@ -47,44 +49,27 @@ public:
     bool completionTick();
     bool completionCheckRunning() const { return m_checkRunning; }
 
-    // Hooks for the create and dictionary commands.
-    // A create request starts: the check goes off, the solution display ends, every tile
-    // loses caption and link and is disabled, every cell and marker link is emptied.
-    void generationStarted();
-    // A generation succeeded: the tiles show CandidateWords (available, enabled), cells and
-    // links are empty, no word is selected, the check is off.
-    void puzzleCreated();
-    // A dictionary was loaded: cells, links and tile captions emptied (tiles sunken); the
-    // puzzle record and the selection stay. Does not touch the completion check.
-    void ClearBoard();
-    // Switches the completion check off (create request, dictionary load).
-    void stopCompletionCheck();
-
-    // Rewrites the letters of every placed word into its cells, readings 1 to 10 in order.
-    void RedrawPlacedWords();
-
-    const PlayState& state() const { return m_state; }
+    const BoardState& state() const { return m_state; }
     // The letter shown in cell 0..9 ("" for an empty cell or an index outside 0..9).
     QString cellLetter(int cell) const;
     // Tile 1..8 (a default, empty tile for other indexes).
-    Tile tile(int i) const;
+    TileState tile(int i) const;
     // The tile 1..8 placed on reading k (1..10), or 0.
     int markerTag(int k) const;
     // The selected tile 1..8, or -1.
-    int SelectedWord() const;
-    // A puzzle is on the tiles: tile 1's caption is not "".
+    int SelectedWord() const { return m_state.SelectedWord; }
+    // A puzzle is on the tiles: tile 1 shows a word.
     bool puzzleExists() const;
     bool solutionShown() const { return m_state.solutionShown; }
 
 Q_SIGNALS:
-    // The state or the selection changed: repaint.
+    // The state changed: repaint.
     void changed();
     // The completion timer must run (true) or stop (false).
     void completionCheckChanged(bool running);
 
 private:
-    class HandlerScope;
-
+    void play(const Move& move);
     void tileClick(int i);
     void markerClick(int k);
     void removeWord(int k);
@@ -95,17 +80,19 @@ private:
     void solutionPress();
     void solutionRelease();
     void clearEntries();
+    void searchStarted();
+    void newPuzzle();
+    void dictionaryLoaded();
     void endSolutionDisplay();
+    void emptyCellsAndLinks();
     void setCheckRunning(bool running);
     void letEventsRun();
     bool boardFull() const;
-    // Applies `action`, then emits changed() when state or selection differ from before.
-    template <typename Action> bool tracked(Action action);
 
-    StarGrid& m_grid;
+    const StarGrid& m_grid;
     MessageGate& m_messages;
     EventPump* m_pump;
-    PlayState m_state;
+    BoardState m_state;
     bool m_checkRunning = false;
     int m_handlerDepth = 0; // handlers that show messages or let events run, still running
 };

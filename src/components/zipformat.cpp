@@ -1,6 +1,8 @@
 // The container layout and its arithmetic; see zipformat.h.
 #include "components/zipformat.h"
 
+#include "core/leadingnumber.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -21,46 +23,6 @@ double roundHalfEven(double value) {
 qint64 bufferBound(qint64 n) {
     const double x = static_cast<double>(n);
     return static_cast<qint64>(roundHalfEven(x * 0.01 + x + 12.0));
-}
-
-double leadingNumber(const QString& text) {
-    qsizetype i = 0;
-    const auto at = [&text](qsizetype k) { return k < text.size() ? text.at(k) : QChar(); };
-    while (at(i) == u' ' || at(i) == u'\t')
-        ++i;
-    QString number;
-    if (at(i) == u'+' || at(i) == u'-')
-        number += text.at(i++);
-    bool digits = false;
-    while (at(i).isDigit() && at(i).unicode() < 128) {
-        number += text.at(i++);
-        digits = true;
-    }
-    if (at(i) == u'.') {
-        number += text.at(i++);
-        while (at(i).isDigit() && at(i).unicode() < 128) {
-            number += text.at(i++);
-            digits = true;
-        }
-    }
-    if (!digits)
-        return 0.0;
-    if (at(i) == u'e' || at(i) == u'E') {
-        QString exponent = QStringLiteral("e");
-        qsizetype k = i + 1;
-        if (at(k) == u'+' || at(k) == u'-')
-            exponent += text.at(k++);
-        bool expDigits = false;
-        while (at(k).isDigit() && at(k).unicode() < 128) {
-            exponent += text.at(k++);
-            expDigits = true;
-        }
-        if (expDigits)
-            number += exponent;
-    }
-    bool ok = false;
-    const double value = number.toDouble(&ok);
-    return ok ? value : 0.0;
 }
 
 qint16 levelFromValue(const QVariant& value) {

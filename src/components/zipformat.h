@@ -32,12 +32,9 @@ double roundHalfEven(double value);
 // The buffer itself holds B + 1 bytes. n must be >= 0.
 qint64 bufferBound(qint64 n);
 
-// The leading number of `text` as a BASIC Val() reads it: blanks skipped, an optional sign,
-// digits with an optional decimal point and exponent; 0 when there is none.
-double leadingNumber(const QString& text);
-
-// A compression level from any value: converted to text, read with leadingNumber(), rounded
-// half to even and clamped to 1..9 (NaN and text without a number give 1).
+// A compression level from any value: converted to text, read with leadingNumber() (see
+// core/leadingnumber.h), rounded half to even and clamped to 1..9 (NaN and text without a
+// number give 1).
 qint16 levelFromValue(const QVariant& value);
 
 // The extension field for a source name: its last three characters, blank-padded on the

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
 
@@ -27,17 +28,14 @@ bool isWritableDir(const QString& dir) {
     return info.isDir() && info.isWritable();
 }
 
-// Copies every shipped file that the per-user folder lacks from the installed data folder.
-void seedUserFolder(const QString& folder) {
-    const QString source = QStringLiteral(PENTALINK_DATADIR);
-    for (const QString& name : shippedDataFiles()) {
-        const QString target = folder + name;
-        if (!QFileInfo::exists(target)) {
-            QFile::copy(source + u'/' + name, target);
-            QFile(target).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                         QFileDevice::ReadGroup | QFileDevice::ReadOther);
-        }
-    }
+// The help page belongs to the install: a newer one replaces the copy in the folder.
+bool followsTheInstall(const QString& name) {
+    return name == QStringLiteral("pentalink.htm");
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString resolve() {
@@ -56,7 +54,7 @@ QString resolve() {
         user = QDir::homePath() + QStringLiteral("/.local/share/pentalink");
     QDir().mkpath(user);
     const QString folder = withSlash(user);
-    seedUserFolder(folder);
+    seedProgramFolder(folder, installedDataFolder());
     return folder;
 }
 
@@ -65,6 +63,35 @@ QString resolve() {
 QStringList shippedDataFiles() {
     return {QStringLiteral("english1.txt"), QStringLiteral("all.col"),
             QStringLiteral("pentalink.htm")};
+}
+
+QString installedDataFolder() {
+    if (QCoreApplication::instance()) {
+        const QString besideExe = withSlash(QCoreApplication::applicationDirPath() + u'/' +
+                                            QStringLiteral(PENTALINK_RELATIVE_DATADIR));
+        if (QFileInfo::exists(besideExe + QStringLiteral("all.col")))
+            return besideExe;
+    }
+    return withSlash(QStringLiteral(PENTALINK_DATADIR));
+}
+
+void seedProgramFolder(const QString& folder, const QString& source) {
+    for (const QString& name : shippedDataFiles()) {
+        QFile from(source + name);
+        if (!from.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray shipped = from.readAll();
+        const QString target = folder + name;
+        if (QFileInfo::exists(target) && (!followsTheInstall(name) || contentOf(target) == shipped))
+            continue;
+        // Written whole and renamed into place, so an interrupted seed leaves no half file
+        // that a later start would take for the user's own copy.
+        QSaveFile out(target);
+        if (out.open(QIODevice::WriteOnly)) {
+            out.write(shipped);
+            out.commit();
+        }
+    }
 }
 
 QString AppFolder() {

@@ -19,3 +19,16 @@ void resetAppFolderForTests();
 
 // The data files the program ships and seeds into a fresh per-user folder.
 QStringList shippedDataFiles();
+
+// The installed data folder ("<prefix>/share/pentalink/"), ending in "/": found beside the
+// executable's own folder when an install was moved to another prefix, else the folder fixed
+// when the program was built.
+QString installedDataFolder();
+
+// Copies into `folder` each shipped data file it lacks, taken from `source` (both end in "/").
+// A copy the player or the program may edit (the dictionary, the colour schemes) is never
+// replaced once present, so an edited all.col survives any later install or upgrade; the
+// configuration file is never shipped and so never touched. The help page, which only an
+// install changes, is replaced when the installed copy differs. Files missing from `source`
+// and copies that fail are skipped: the reader of each file reports its absence.
+void seedProgramFolder(const QString& folder, const QString& source);

@@ -37,25 +37,22 @@ bool WorkingList::holds(const QString& word) const {
 }
 
 void WorkingList::addDecoy(const QString& word) {
-    m_entries.push_back({word, word + kMark});
+    m_entries.push_back({word, word + kMark, true});
 }
 
-std::vector<QString> WorkingList::sortedTexts() const {
-    std::vector<QString> texts;
-    texts.reserve(m_entries.size());
-    for (const Entry& e : m_entries)
-        texts.push_back(e.text);
-    std::stable_sort(texts.begin(), texts.end(), [](const QString& a, const QString& b) {
-        return compareIgnoringCase(a, b) < 0;
+std::vector<WorkingList::Entry> WorkingList::sortedEntries() const {
+    std::vector<Entry> sorted = m_entries;
+    std::stable_sort(sorted.begin(), sorted.end(), [](const Entry& a, const Entry& b) {
+        return compareIgnoringCase(a.text, b.text) < 0;
     });
-    return texts;
+    return sorted;
 }
 
 void publishCandidates(const WorkingList& working, StarGrid& grid) {
-    const std::vector<QString> texts = working.sortedTexts();
+    const std::vector<WorkingList::Entry> sorted = working.sortedEntries();
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const QString& text = texts[static_cast<size_t>(i - 1)];
-        grid.CandidateWords[i] = leftCodePoints(text, 4).toString();
-        grid.DecoyFlags[i] = text.endsWith(kMark) ? 1 : 0;
+        const WorkingList::Entry& entry = sorted[static_cast<size_t>(i - 1)];
+        grid.CandidateWords[i] = leftCodePoints(entry.text, 4).toString();
+        grid.DecoyFlags[i] = entry.decoy ? 1 : 0;
     }
 }

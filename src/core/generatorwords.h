@@ -25,22 +25,24 @@ public:
     // True when `word` equals a listed word without regard to case.
     bool holds(const QString& word) const;
 
-    void addSolutionWord(const QString& word) { m_entries.push_back({word, word}); }
+    void addSolutionWord(const QString& word) { m_entries.push_back({word, word, false}); }
     void addDecoy(const QString& word);
 
-    // The stored texts (decoys with their trailing "*") ascending without regard to case;
-    // equal texts keep the order in which they were added.
-    std::vector<QString> sortedTexts() const;
+    struct Entry {
+        QString word;       // the real spelling
+        QString text;       // as listed: the word, with "*" for a decoy
+        bool decoy = false; // set by addDecoy only, so a word that itself ends in "*" is no decoy
+    };
+
+    // The entries ascending by their texts (decoys with their trailing "*") without regard to
+    // case; equal texts keep the order in which they were added.
+    std::vector<Entry> sortedEntries() const;
 
 private:
-    struct Entry {
-        QString word; // the real spelling
-        QString text; // as listed: the word, with "*" for a decoy
-    };
     std::vector<Entry> m_entries;
 };
 
 // Writes the eight words of a finished attempt: CandidateWords[i] is the i-th sorted text
-// without its mark (its first four characters), DecoyFlags[i] is 1 for a decoy. Precondition:
-// `working` holds exactly StarGrid::CandidateCount words.
+// without its mark (its first four characters), DecoyFlags[i] is 1 exactly for the entries
+// added as decoys. Precondition: `working` holds exactly StarGrid::CandidateCount words.
 void publishCandidates(const WorkingList& working, StarGrid& grid);

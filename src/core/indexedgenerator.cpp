@@ -136,7 +136,6 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         m_marks[static_cast<size_t>(root)] = kRemovedStamp;
         std::sort(m_retry.begin(), m_retry.end());
         m_retry.erase(std::unique(m_retry.begin(), m_retry.end()), m_retry.end());
-        grid.SelectedWord = -1;
         m_statistics.remembered = index + 1 - m_statistics.attempts;
         return {true, rootEntry, index};
     }

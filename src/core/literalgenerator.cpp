@@ -27,7 +27,6 @@ GenerationResult LiteralPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         const QString rootEntry = wordList.List(root);
         if (attempt(wordList, grid, root)) {
             wordList.RemoveItem(root);
-            grid.SelectedWord = -1;
             return {true, rootEntry, root};
         }
         grid.clearSolution();

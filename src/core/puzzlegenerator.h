@@ -23,7 +23,7 @@ public:
 
     // On success: grid.SolutionLetters[1..10] hold the ten cell letters, CandidateWords[1..8]
     // the five solution words and three decoys ascending without regard to case, DecoyFlags
-    // marks the decoys, SelectedWord is -1, and the root entry has been removed from
+    // marks the decoys, and the root entry has been removed from
     // `wordList`. On failure: every SolutionLetters entry is "", CandidateWords and DecoyFlags
     // are untouched and `wordList` keeps its items. Either way the item data of `wordList`
     // are left as the search used them (marks of use); callers must not rely on them.

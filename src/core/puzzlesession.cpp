@@ -3,6 +3,7 @@
 
 #include "core/indexedgenerator.h"
 #include "core/notifier.h"
+#include "core/scopedcount.h"
 
 #include <QCoreApplication>
 
@@ -19,21 +20,6 @@ QString failureMessage() {
 }
 
 } // namespace
-
-// Marks the session busy for its lifetime.
-class PuzzleSession::BusyScope {
-public:
-    explicit BusyScope(bool& busy)
-        : m_busy(busy) {
-        m_busy = true;
-    }
-    ~BusyScope() { m_busy = false; }
-    BusyScope(const BusyScope&) = delete;
-    BusyScope& operator=(const BusyScope&) = delete;
-
-private:
-    bool& m_busy;
-};
 
 PuzzleSession::PuzzleSession(Notifier* notifier, QObject* parent)
     : QObject(parent)
@@ -52,11 +38,6 @@ PuzzleSession::PuzzleSession(Notifier* notifier, QObject* parent)
 
 PuzzleSession::~PuzzleSession() = default;
 
-void PuzzleSession::setGenerator(std::unique_ptr<PuzzleGenerator> generator) {
-    if (generator)
-        m_generator = std::move(generator);
-}
-
 bool PuzzleSession::loadQuietly(const QString& path) {
     Q_EMIT waitPointerChanged(true);
     const bool loaded = m_loader.LoadDictionary(path);
@@ -69,26 +50,24 @@ bool PuzzleSession::loadQuietly(const QString& path) {
 bool PuzzleSession::LoadDictionary(const QString& path) {
     if (m_busy)
         return false;
-    const BusyScope busy(m_busy);
+    const ScopedCount busy(m_busy);
     return loadQuietly(path);
 }
 
 bool PuzzleSession::openDictionary(const QString& path) {
     if (path.isEmpty() || m_busy)
         return false;
-    const BusyScope busy(m_busy);
+    const ScopedCount busy(m_busy);
     if (!loadQuietly(path))
         return false;
     m_dictionaryPath = path;
-    Q_EMIT boardCleared();
-    Q_EMIT completionCheckStopped();
     return true;
 }
 
-PuzzleSession::CreateOutcome PuzzleSession::createPuzzle() {
+PuzzleSession::CreateOutcome PuzzleSession::createPuzzle(const SearchHook& onSearch) {
     if (m_busy)
         return CreateOutcome::Ignored;
-    const BusyScope busy(m_busy);
+    const ScopedCount busy(m_busy);
 
     if (m_wordList.ListCount() == 0) {
         if (m_notifier)
@@ -98,11 +77,11 @@ PuzzleSession::CreateOutcome PuzzleSession::createPuzzle() {
     }
 
     Q_EMIT waitPointerChanged(true);
-    Q_EMIT completionCheckStopped();
-    Q_EMIT tilesCleared();
-    Q_EMIT boardEnabledChanged(false);
+    if (onSearch)
+        onSearch(true);
     m_lastGeneration = m_generator->generate(m_wordList, m_grid);
-    Q_EMIT boardEnabledChanged(true);
+    if (onSearch)
+        onSearch(false);
 
     if (!m_lastGeneration.success) {
         Q_EMIT waitPointerChanged(false);
@@ -113,8 +92,6 @@ PuzzleSession::CreateOutcome PuzzleSession::createPuzzle() {
         m_pump.runNow();
         return CreateOutcome::Failed;
     }
-    m_grid.SelectedWord = -1;
-    Q_EMIT puzzleCreated();
     Q_EMIT waitPointerChanged(false);
     return CreateOutcome::Created;
 }

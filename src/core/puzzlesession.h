@@ -1,7 +1,8 @@
 // The puzzle side of the main window: owns the word list, the puzzle record, the random
 // generator and the current dictionary path, and carries out the create command and the
-// dictionary command. The window listens to the signals to update its widgets (tiles, board,
-// status label, wait pointer) and asks the player through the Notifier.
+// dictionary command. The window applies what a command means for the board itself (from the
+// results and the search hook below), listens to the signals for the status label and the
+// wait pointer, and asks the player through the Notifier.
 //
 // Long work lets pending window events run, so a click can arrive while a create request or a
 // load is still running: such requests (create, or choosing a dictionary) are ignored until
@@ -18,6 +19,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class Notifier;
@@ -48,27 +50,30 @@ public:
     DictionaryLoader& dictionary() { return m_loader; }
     const DictionaryLoader& dictionary() const { return m_loader; }
 
-    // Replaces the generator (for example by a faster one giving the same results).
-    void setGenerator(std::unique_ptr<PuzzleGenerator> generator);
-
     // The dictionary that reloads read. Setting it loads nothing.
     QString DictionaryPath() const { return m_dictionaryPath; }
     void setDictionaryPath(const QString& path) { m_dictionaryPath = path; }
 
-    bool isBusy() const { return m_busy; }
+    bool isBusy() const { return m_busy > 0; }
 
     // Loads `path` into the word list (start-up, reloads). On failure the notifier names the
     // file and the word list and status keep their previous values. Returns success.
     bool LoadDictionary(const QString& path);
 
     // The dictionary command once the player has picked `path`: "" (cancelled) changes
-    // nothing. On a successful load DictionaryPath() becomes `path`, and boardCleared() and
-    // completionCheckStopped() are emitted; on failure everything keeps its previous value.
+    // nothing. On a successful load DictionaryPath() becomes `path` and the result is true
+    // (the caller then clears the board); on failure everything keeps its previous value.
     // Ignored (false) while busy.
     bool openDictionary(const QString& path);
 
-    // The create command.
-    CreateOutcome createPuzzle();
+    // Told true just before the search for a puzzle starts (the board goes blank and takes no
+    // clicks) and false as soon as it has ended, whatever its outcome.
+    using SearchHook = std::function<void(bool searching)>;
+
+    // The create command. `onSearch` (may be empty) brackets the search; it is not called
+    // when the request is ignored or no dictionary is loaded. On Created the caller puts the
+    // new puzzle (grid()) on the board.
+    CreateOutcome createPuzzle(const SearchHook& onSearch = {});
 
     // The last generator run of createPuzzle().
     const GenerationResult& lastGeneration() const { return m_lastGeneration; }
@@ -76,22 +81,10 @@ public:
 Q_SIGNALS:
     // Show (true) or restore (false) the wait pointer.
     void waitPointerChanged(bool waiting);
-    // Stop the completion check timer.
-    void completionCheckStopped();
-    // Every word tile: caption "", tag "", disabled.
-    void tilesCleared();
-    // The star board is disabled during the search and enabled afterwards.
-    void boardEnabledChanged(bool enabled);
-    // A new puzzle is in grid(): tiles from CandidateWords (enabled, sunken, colours of the
-    // scheme, empty tags); every cell entry and word-number tag emptied; no word selected.
-    void puzzleCreated();
     // Status label text and tooltip after a successful load.
     void dictionaryStatusChanged(const QString& text, const QString& toolTip);
-    // A dictionary chosen by the player was loaded: clear the board and the tiles.
-    void boardCleared();
 
 private:
-    class BusyScope;
     bool loadQuietly(const QString& path);
 
     Notifier* m_notifier;
@@ -103,5 +96,5 @@ private:
     std::unique_ptr<PuzzleGenerator> m_generator;
     QString m_dictionaryPath;
     GenerationResult m_lastGeneration;
-    bool m_busy = false;
+    int m_busy = 0; // commands still running
 };

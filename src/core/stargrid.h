@@ -1,7 +1,7 @@
 // The puzzle record: the star's fixed cell and line tables, the solution letters, the eight
 // candidate words and which of them are decoys. Plain data shared by the generator, the board
-// and printing; it knows nothing of widgets. The player's letters (the cell entries) belong to
-// the board's play state, not to this record.
+// and printing; it knows nothing of widgets. The player's letters (the cell entries) and the
+// selected word belong to the board's state, not to this record.
 //
 // Cells are numbered 0..9: 0 top tip, 1 left tip, 2 and 3 the upper crossings (left, right),
 // 4 right tip, 5 and 6 the lower crossings (left, right), 7 the bottom crossing, 8 and 9 the
@@ -22,7 +22,7 @@ public:
     static constexpr int CandidateCount = 8;
 
     // Fills LineTable and starts with no puzzle: every SolutionLetters and CandidateWords
-    // entry "", every DecoyFlags entry 0, SelectedWord -1.
+    // entry "", every DecoyFlags entry 0.
     StarGrid();
 
     // Index 0 of the 1-based tables is unused and always "" / 0.
@@ -34,10 +34,9 @@ public:
     std::array<QString, CandidateCount + 1> CandidateWords;
     // DecoyFlags[i] (i = 1..8): 1 when CandidateWords[i] is a decoy, else 0.
     std::array<qint32, CandidateCount + 1> DecoyFlags{};
-    // The selected word tile 1..8, or -1 when none is selected.
-    int SelectedWord = -1;
 
-    // The cells of direction k (1..10) in reading order. k outside 1..10 yields {-1,-1,-1,-1}.
+    // The cells of direction k (1..10) in reading order, from the fixed tables (LineTable
+    // spells the same digits). k outside 1..10 yields {-1,-1,-1,-1}.
     std::array<int, 4> cellsOf(int direction) const;
     // The direction that reads the same line the other way (1..10), or -1 for k outside 1..10.
     int reverseOf(int direction) const;

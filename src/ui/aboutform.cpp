@@ -2,9 +2,9 @@
 #include "ui/aboutform.h"
 
 #include "core/settings.h"
+#include "core/twips.h"
 #include "ui/boxcontrol.h"
 #include "ui/programicon.h"
-#include "ui/twips.h"
 
 #include <QGuiApplication>
 #include <QLabel>

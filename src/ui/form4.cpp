@@ -2,9 +2,9 @@
 #include "ui/form4.h"
 
 #include "core/settings.h"
+#include "core/twips.h"
 #include "ui/helprules.h"
 #include "ui/programicon.h"
-#include "ui/twips.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>

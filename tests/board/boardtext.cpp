@@ -11,14 +11,15 @@ std::string cellsText(const PlayBoard& board) {
 std::string tilesText(const PlayBoard& board) {
     std::string text;
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const Tile tile = board.tile(i);
-        const bool faded = tile.look.text == TileText::Faded;
-        char c = tile.look.border == TileBorder::Flat ? (faded ? 'f' : 's') : (faded ? 'p' : 'a');
-        if (!tile.look.enabled)
-            c = tile.caption.isEmpty() ? '_' : 'x';
-        else if (tile.caption.isEmpty())
+        const TileState tile = board.tile(i);
+        char c = tile.status == TileStatus::Selected ? 's'
+                 : tile.status == TileStatus::Placed ? 'p'
+                                                     : 'a';
+        if (!tile.enabled)
+            c = tile.word.isEmpty() ? '_' : 'x';
+        else if (tile.word.isEmpty())
             c = '-';
-        text += tile.look.struckOut ? static_cast<char>(c - 'a' + 'A') : c;
+        text += tile.decoyRevealed ? static_cast<char>(c - 'a' + 'A') : c;
     }
     return text;
 }
@@ -35,7 +36,7 @@ std::string boardText(const PlayBoard& board) {
     // The markers as the tiles see them; "!" where two tiles claim one reading.
     std::string fromTiles(StarGrid::DirectionCount, '.');
     for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        const int k = board.tile(i).placedOn;
+        const int k = board.tile(i).reading;
         if (k >= 1 && k <= StarGrid::DirectionCount)
             fromTiles[k - 1] = fromTiles[k - 1] == '.' ? static_cast<char>('0' + i) : '!';
     }

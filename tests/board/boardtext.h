@@ -1,8 +1,8 @@
 // Compact text pictures of a play board for tests, so an expectation reads like the board:
 //   cells   "gpony....." - cells 0..9, "." for an empty cell;
-//   tiles   "aspa-___"   - tiles 1..8: a available (sunken), s selected (flat), p placed
-//                          (sunken, faded), f flat and faded; upper case when struck out;
-//                          "-" no caption; "_" disabled without caption, "x" disabled with one;
+//   tiles   "aspa-___"   - tiles 1..8: a available, s selected (the look), p placed; upper
+//                          case when a revealed decoy; "-" no word; "_" disabled without a
+//                          word, "x" disabled with one;
 //   markers "3.6......." - readings 1..10: the tile placed there, "." none;
 //   board   "gponyaa.dw ppaaapaa 216......." - all three, links checked.
 #pragma once

@@ -49,10 +49,9 @@ TEST_F(Completion, ActionsSwitchTheRunningCheckOffOrLeaveIt) {
         bool running;
     } rows[] = {
         {"solution pressed", [&] { m_board.apply(Move::solutionPress()); }, false},
-        {"create request", [&] { m_board.generationStarted(); }, false},
-        {"new puzzle", [&] { m_board.puzzleCreated(); }, false},
-        {"dictionary loaded", [&] { m_board.stopCompletionCheck(); }, false},
-        {"board cleared alone", [&] { m_board.ClearBoard(); }, true},
+        {"create request", [&] { m_board.apply(Move::searchStarted()); }, false},
+        {"new puzzle", [&] { m_board.apply(Move::newPuzzle()); }, false},
+        {"dictionary loaded", [&] { m_board.apply(Move::dictionaryLoaded()); }, false},
         {"entries cleared", [&] { clearEntries(AnswerYes); }, false},
         {"clear declined", [&] { clearEntries(AnswerNo); }, true},
         {"a word placed", [&] { place(Pony, PonyOn); }, true},
@@ -103,7 +102,7 @@ TEST_F(Completion, FilledCellsCountNotTheSolutionLettersButTheTilesMustShow) {
     // Blank tiles: the cells go too, and with the tiles the puzzle.
     newPuzzle();
     fillAndCheck();
-    m_board.ClearBoard();
+    m_board.apply(Move::dictionaryLoaded());
     EXPECT_FALSE(m_board.completionTick());
     EXPECT_EQ(allDoneCount(), 1);
 }

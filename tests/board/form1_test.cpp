@@ -3,6 +3,7 @@
 // against the close box.
 #include "windowfixture.h"
 
+#include "app/appsetup.h"
 #include "board/mainmenu.h"
 #include "ui/aboutform.h"
 #include "ui/fndialog.h"
@@ -11,6 +12,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
@@ -25,30 +27,31 @@ protected:
     // Makes the picker answer with a new dictionary other.dic and picks File, Load a Dictionary.
     void loadOtherDictionary() {
         m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
-        m_form->gf1().setRunner([&](const FileNameRequest&) { return m_folder.file("other.dic"); });
-        m_form->menu().mnudict->trigger();
+        m_form->filePicker().setRunner(
+            [&](const FileNameRequest&) { return m_folder.file("other.dic"); });
+        m_form->menu().loadDictionary->trigger();
     }
 };
 
 TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
+    setUpApplication();
     Form1& form = start();
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Pentalink  "));
-    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409)); // 5340 x 6135 twips
-    EXPECT_EQ(form.starArea().geometry(), QRect(2, 4, 351, 317));
-    EXPECT_EQ(form.starArea().cell(0)->geometry(), QRect(158, 16, 31, 31));
-    EXPECT_EQ(form.starArea().cell(7)->geometry(), QRect(156, 216, 31, 31));
-    EXPECT_EQ(form.starArea().marker(1)->geometry(), QRect(152, 62, 23, 25));
-    EXPECT_EQ(form.starArea().marker(10)->geometry(), QRect(212, 260, 23, 25));
-    EXPECT_EQ(form.tile(2)->geometry(), QRect(92, 326, 80, 25)); // 1385 twips rounds to 92
-    EXPECT_EQ(form.tile(8)->geometry(), QRect(273, 354, 80, 25));
+    // X11 and Wayland append a display name to every title; the program sets none (the name
+    // stands in for it then).
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
+    // Docks and task switchers match the windows with the desktop entry the install ships.
+    EXPECT_TRUE(QFileInfo::exists(shippedDataDir() + QStringLiteral("../packaging/") +
+                                  QGuiApplication::desktopFileName() + QStringLiteral(".desktop")))
+        << QGuiApplication::desktopFileName().toStdString();
+    EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409));      // 5340 x 6135 twips
+    EXPECT_EQ(form.boardView().geometry(), QRect(0, 0, 356, 382)); // down to the status line
     EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));
     EXPECT_EQ(form.cmdcreate()->geometry(), QRect(330, 382, 22, 22));
     EXPECT_EQ(form.cmddict()->toolTip(), QStringLiteral("Open a Dictionary File"));
     EXPECT_EQ(form.cmdshowsol()->toolTip(), QStringLiteral("Show Solution"));
     EXPECT_EQ(form.cmdreset()->toolTip(), QStringLiteral("Clear User Entries"));
     EXPECT_EQ(form.cmdcreate()->toolTip(), QStringLiteral("Create a New Puzzle"));
-    for (int k = 1; k <= 10; ++k)
-        EXPECT_EQ(form.starArea().marker(k)->text(), QStringLiteral("O"));
     EXPECT_FALSE(form.windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_TRUE(form.windowFlags() & Qt::WindowMinimizeButtonHint);
 }
@@ -65,18 +68,22 @@ TEST_F(Form1Test, MenuBarHasTheEntriesInOrderCancelDoesNothingAndCreateCreates) 
     ASSERT_EQ(bar.size(), 2);
     EXPECT_EQ(bar[0]->text(), QStringLiteral("File"));
     EXPECT_EQ(bar[1]->text(), QStringLiteral("Puzzle"));
-    EXPECT_EQ(captions(form.menu().mnumain),
+    EXPECT_EQ(captions(form.menu().fileMenu),
               (QStringList{"Options", "Load a Dictionary", "-", "Help", "About", "-", "Exit", "-",
                            "Cancel"}));
-    EXPECT_EQ(captions(form.menu().mnudictx),
+    EXPECT_EQ(captions(form.menu().puzzleMenu),
               (QStringList{"Create", "Print", "-", "Copy to Clipboard", "-", "Cancel"}));
-    EXPECT_EQ(captions(form.menu().mnucopy2clip),
-              (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
+    // The historic names stay the object names.
+    EXPECT_EQ(form.menuBar()->findChild<QMenu*>(QStringLiteral("mnudictx")),
+              form.menu().puzzleMenu);
+    EXPECT_EQ(form.findChild<QAction*>(QStringLiteral("mnu2clip1")), form.menu().copyEntries[1]);
+    EXPECT_EQ(captions(form.menu().copyMenu), (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
     m_notifier.clear();
-    for (QAction* cancel : {form.menu().can1, form.menu().can6, form.menu().mnu2clip[3]})
+    for (QAction* cancel :
+         {form.menu().fileCancel, form.menu().puzzleCancel, form.menu().copyEntries[3]})
         cancel->trigger();
     EXPECT_TRUE(m_notifier.messages().isEmpty());
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
 }
 
@@ -85,16 +92,16 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     const QColor colour2 = OleTranslateColor(m_scheme.SchemeColours[2]);
     const QColor colour4 = OleTranslateColor(m_scheme.SchemeColours[4]);
     EXPECT_EQ(background(form.centralWidget()), colour2);
-    EXPECT_EQ(background(&form.starArea()), colour2);
-    EXPECT_EQ(background(form.starArea().cell(3)), colour2);
-    EXPECT_EQ(background(form.tile(5)), colour4);
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.ground, colour2);
+    EXPECT_EQ(style.tileFace, colour4);
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
     EXPECT_EQ(form.cmdcreate()->BackColor(), m_scheme.SchemeColours[4]);
-    const QFont cellFont = form.starArea().cell(0)->font();
-    EXPECT_TRUE(cellFont.bold());
-    EXPECT_EQ(cellFont.pointSize(), 18);
-    EXPECT_EQ(cellFont.family(), QStringLiteral("Arial"));
-    EXPECT_EQ(form.tile(1)->font().pointSize(), 12);
-    EXPECT_FALSE(form.tile(1)->font().bold());
+    EXPECT_TRUE(style.letterFont.bold());
+    EXPECT_EQ(style.letterFont.pointSize(), 18);
+    EXPECT_EQ(style.letterFont.family(), QStringLiteral("Arial"));
+    EXPECT_EQ(style.tileFont.pointSize(), 12);
+    EXPECT_FALSE(style.tileFont.bold());
     EXPECT_EQ(background(form.menuBar()), OleTranslateColor(m_scheme.SchemeColours[3]));
     EXPECT_EQ(OleTranslateColor(m_msgForm.ButtonColor()), colour4);
 
@@ -107,6 +114,80 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     m_settings.ActiveSchemeFile = QStringLiteral("plain.col");
     form.SetCol();
     EXPECT_EQ(background(form.menuBar()), QColor(255, 0, 0));
+}
+
+TEST_F(Form1Test, DropDownMenusShowColour3Exactly) {
+    Form1& form = start();
+    for (const char* scheme : {"xp.col", "dusk.col", "ocean.col"}) {
+        SCOPED_TRACE(scheme);
+        m_settings.ActiveSchemeFile = QString::fromLatin1(scheme);
+        form.Command2Click();
+        const QColor colour3 = OleTranslateColor(m_scheme.SchemeColours[3]);
+        for (QAction* entry :
+             {form.menu().loadDictionary, form.menu().create, form.menu().copyEntries[1]}) {
+            auto* menu = qobject_cast<QMenu*>(entry->parent());
+            ASSERT_NE(menu, nullptr);
+            menu->popup(QPoint(0, 0));
+            const QImage image = menu->grab().toImage();
+            const QRect item = menu->actionGeometry(entry);
+            EXPECT_EQ(QColor(image.pixel(item.right() - 2, item.center().y())), colour3)
+                << entry->text().toStdString();
+            menu->hide();
+        }
+    }
+}
+
+TEST_F(Form1Test, FixedTextColoursIgnoreADarkDesktopPalette) {
+    const QPalette desktop = QApplication::palette();
+    QPalette dark = desktop;
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(role, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        dark.setColor(role, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    Form1& form = start();
+    const auto text = [](const QWidget* w) {
+        w->ensurePolished();
+        return w->palette().color(QPalette::WindowText);
+    };
+    const BoardStyle& style = form.boardView().boardStyle();
+    EXPECT_EQ(style.letters, QColor(Qt::black));
+    EXPECT_EQ(style.markers, QColor(Qt::black));
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
+    EXPECT_EQ(text(form.statusLine()), QColor(Qt::black));
+    EXPECT_EQ(text(form.menuBar()), QColor(Qt::black));
+    EXPECT_EQ(text(form.menu().fileMenu), QColor(Qt::black));
+    QApplication::setPalette(desktop);
+}
+
+TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) {
+    Form1& form = open();
+    // The tick falls while "No Dictioary Loaded" is open.
+    m_notifier.duringMessage = [this] { tickTimer1(); };
+    form.menu().create->trigger();
+    m_notifier.duringMessage = {};
+    EXPECT_EQ(m_notifier.texts(), QStringList{"No Dictioary Loaded"});
+    ASSERT_TRUE(form.timer1().isActive());
+    tickTimer1();
+    EXPECT_EQ(form.session().WordList().ListCount(), 16);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Form1Test, NormalPointerShowsWhileAnyMessageIsOpen) {
+    QFile::remove(m_folder.file(QStringLiteral("english1.txt")));
+    QList<Qt::CursorShape> shapes;
+    m_notifier.duringMessage = [&] {
+        const QCursor* pointer = QApplication::overrideCursor();
+        shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
+    };
+    Form1& form = start(); // the start-up load fails with a message
+    form.menu().create->trigger();
+    m_notifier.duringMessage = {};
+    ASSERT_EQ(m_notifier.texts().size(), 2);
+    EXPECT_TRUE(m_notifier.texts().at(0).startsWith(QStringLiteral("Unable to read")));
+    EXPECT_EQ(shapes, QList<Qt::CursorShape>(2, Qt::ArrowCursor));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Form1Test, FirstStartWritesTheConfigurationAndLoadsTheDictionary) {
@@ -130,7 +211,7 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
     Form1& form = start();
     m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
     FileNameRequest seen;
-    form.gf1().setRunner([&](const FileNameRequest& r) {
+    form.filePicker().setRunner([&](const FileNameRequest& r) {
         seen = r;
         return m_folder.file(QStringLiteral("other.dic"));
     });
@@ -148,9 +229,9 @@ TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
 TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
     Form1& form = start();
     loadOtherDictionary();
-    form.menu().mnuhelp->trigger();
+    form.menu().help->trigger();
     m_notifier.queueAnswer(AnswerNo);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(form.helpWindow()->isVisible());
     EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
@@ -158,7 +239,7 @@ TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
     EXPECT_FALSE(m_folder.read("pentalink.cfg").contains("other.dic"));
 
     m_notifier.queueAnswer(AnswerYes);
-    form.menu().cmdexitx->trigger();
+    form.menu().exit->trigger();
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(form.helpWindow()->isVisible());
     EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()));
@@ -167,15 +248,18 @@ TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
 TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     Form1& form = start();
     EXPECT_EQ(form.helpWindow(), nullptr); // created on first use
-    form.menu().mnuhelp->trigger();
+    form.menu().help->trigger();
     Form4* help = form.helpWindow();
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
     EXPECT_EQ(help->WebBrowser1()->source().toLocalFile(), m_folder.file("pentalink.htm"));
     // Modeless: the game goes on while help is open.
-    form.menu().mnucreate->trigger();
+    form.menu().create->trigger();
     EXPECT_TRUE(form.session().grid().hasSolution());
     EXPECT_TRUE(help->isVisible());
+    help->showMinimized();
+    form.menu().help->trigger();
+    EXPECT_FALSE(help->isMinimized());
 
     // Another scheme applied, then About: modal, in the new colours, closed by OK.
     const QColor before = OleTranslateColor(m_scheme.SchemeColours[2]);
@@ -190,18 +274,22 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
         shownBackground = about->palette().color(QPalette::Window);
         QTest::mouseClick(about->aboutok(), Qt::LeftButton);
     });
-    form.menu().mnuabout->trigger(); // returns once About has closed
+    form.menu().about->trigger(); // returns once About has closed
     EXPECT_TRUE(modal);
     EXPECT_EQ(shownBackground, OleTranslateColor(m_scheme.SchemeColours[2]));
     EXPECT_NE(shownBackground, before);
     EXPECT_FALSE(form.aboutWindow()->isVisible());
 }
 
-TEST_F(Form1Test, CloseBoxEndsWithoutSaving) {
+TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     Form1& form = start();
     const QByteArray before = m_folder.read("pentalink.cfg");
     loadOtherDictionary();
-    form.close();
+    form.menu().help->trigger();
+    // The program's own event loop must end although the help window is still up.
+    QTimer::singleShot(0, &form, &QWidget::close);
+    QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
 }

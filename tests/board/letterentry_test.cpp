@@ -8,9 +8,9 @@ using LetterEntry = PlayTest;
 TEST_F(LetterEntry, TileClickSelectsWithTheFlatLookAndAgainKeepsIt) {
     EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa ..........");
     EXPECT_EQ(m_board.SelectedWord(), -1);
-    EXPECT_EQ(m_board.tile(Pony).caption, QStringLiteral("pony"));
+    EXPECT_EQ(m_board.tile(Pony).word, QStringLiteral("pony"));
     EXPECT_TRUE(m_board.apply(Move::tile(Gold)));
-    EXPECT_EQ(m_grid.SelectedWord, Gold);
+    EXPECT_EQ(m_board.SelectedWord(), Gold);
     EXPECT_EQ(tilesText(m_board), "aasaaaaa");
     EXPECT_FALSE(m_board.apply(Move::tile(Gold)));
     EXPECT_EQ(m_board.SelectedWord(), Gold);
@@ -72,13 +72,13 @@ TEST_F(LetterEntry, DisagreeingLettersRefuseTheWordAndKeepTheSelection) {
         for (const auto& [tile, reading] : row.placed)
             place(tile, reading);
         m_board.apply(Move::tile(row.tile));
-        const PlayState before = m_board.state();
+        const BoardState before = m_board.state();
         const int changes = m_changes;
         EXPECT_FALSE(m_board.apply(Move::marker(row.marker)));
         EXPECT_EQ(m_board.state(), before);
         EXPECT_EQ(m_changes, changes);
         EXPECT_EQ(m_board.SelectedWord(), row.tile);
-        EXPECT_EQ(m_board.tile(row.tile).look.border, TileBorder::Flat);
+        EXPECT_EQ(m_board.tile(row.tile).status, TileStatus::Selected);
     }
 }
 
@@ -149,7 +149,7 @@ TEST_F(LetterEntry, ClicksThatChangeNothingAreIgnored) {
     EXPECT_EQ(cellsText(m_board), ".pony.....");
     // A placed tile, and indexes outside the board.
     m_board.apply(Move::tile(Gold));
-    const PlayState before = m_board.state();
+    const BoardState before = m_board.state();
     const int changes = m_changes;
     for (const Move move : {Move::tile(Pony), Move::tile(0), Move::tile(9), Move::tile(-1),
                             Move::marker(0), Move::marker(11), Move::marker(-5)})
@@ -176,7 +176,7 @@ TEST_F(LetterEntry, ChangeIsAnnouncedOncePerEffectiveMove) {
 
 TEST_F(LetterEntry, SelectionSurvivingClearBoardPlacesNoEmptyWord) {
     m_board.apply(Move::tile(Gold));
-    m_board.ClearBoard(); // a dictionary was loaded; the selection stays
+    m_board.apply(Move::dictionaryLoaded()); // a dictionary was loaded; the selection stays
     ASSERT_EQ(m_board.SelectedWord(), Gold);
     EXPECT_FALSE(m_board.apply(Move::marker(1)));
     EXPECT_EQ(boardText(m_board), ".......... -------- ..........");
@@ -184,7 +184,8 @@ TEST_F(LetterEntry, SelectionSurvivingClearBoardPlacesNoEmptyWord) {
 
 TEST_F(LetterEntry, FailedCreateLeavesNoOneSidedLinkAndClearBringsTheLastWordsBack) {
     place(Pony, PonyOn);
-    m_board.generationStarted(); // and no puzzleCreated(): the generation failed
+    m_board.apply(Move::searchStarted());
+    m_board.apply(Move::searchEnded()); // and no new puzzle: the generation failed
     EXPECT_EQ(boardText(m_board), ".......... ________ ..........");
     // A click on the old word's marker must not bring the old word back onto a tile.
     EXPECT_FALSE(m_board.apply(Move::marker(PonyOn)));

@@ -1,6 +1,5 @@
 // The common set-up of the play tests: the reference puzzle on a board whose messages go to a
-// recording notifier. A hook can run while a message "is open" (inside MsgboxA or
-// standardBox), standing in for the timer events a modal message loop delivers.
+// recording notifier, whose hook can run while a message "is open".
 #pragma once
 
 #include "board/messagegate.h"
@@ -11,27 +10,17 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <stdexcept>
 
 class HookedNotifier : public RecordingNotifier {
 public:
     int MsgboxA(const QString& s, const QString& typ) override {
         const int answer = RecordingNotifier::MsgboxA(s, typ);
-        if (duringMessage)
-            duringMessage();
         if (fail)
             throw std::runtime_error("message window failed");
         return answer;
     }
-    int standardBox(const QString& text, const QString& typ, const QString& title) override {
-        const int answer = RecordingNotifier::standardBox(text, typ, title);
-        if (duringMessage)
-            duringMessage();
-        return answer;
-    }
 
-    std::function<void()> duringMessage;
     bool fail = false; // MsgboxA throws after its hook
 };
 
@@ -48,7 +37,7 @@ protected:
     }
 
     // A new puzzle on the board, as after a successful create.
-    void newPuzzle() { m_board.puzzleCreated(); }
+    void newPuzzle() { m_board.apply(Move::newPuzzle()); }
 
     // Selects tile `i` and clicks marker `k`.
     void place(int i, int k) {
@@ -69,12 +58,7 @@ protected:
     }
 
     // The message texts shown so far.
-    QStringList shownTexts() const {
-        QStringList texts;
-        for (const RecordedMessage& m : m_notifier.messages())
-            texts << m.text;
-        return texts;
-    }
+    QStringList shownTexts() const { return m_notifier.texts(); }
 
     StarGrid m_grid;
     HookedNotifier m_notifier;

@@ -44,8 +44,8 @@ TEST_F(SolutionDisplay, PressShowsTheSolutionAndReleaseRestoresThePlayersBoard) 
 }
 
 TEST_F(SolutionDisplay, DoesNothingWithBlankTiles) {
-    m_board.ClearBoard(); // a dictionary load blanks the tiles
-    const PlayState before = m_board.state();
+    m_board.apply(Move::dictionaryLoaded()); // a dictionary load blanks the tiles
+    const BoardState before = m_board.state();
     EXPECT_FALSE(m_board.apply(Move::solutionPress()));
     EXPECT_FALSE(m_board.apply(Move::solutionRelease()));
     EXPECT_EQ(m_board.state(), before);
@@ -56,7 +56,7 @@ TEST_F(SolutionDisplay, BoardClicksAreIgnoredWhileTheSolutionShows) {
     place(Pony, PonyOn);
     m_board.apply(Move::tile(Gold));
     m_board.apply(Move::solutionPress());
-    const PlayState shown = m_board.state();
+    const BoardState shown = m_board.state();
     for (const Move move : {Move::marker(GoadOn), Move::marker(PonyOn), Move::tile(Yard)})
         EXPECT_FALSE(m_board.apply(move));
     EXPECT_EQ(m_board.state(), shown);
@@ -85,9 +85,9 @@ TEST_F(SolutionDisplay, ReleaseAfterTheBoardWasReplacedBringsBackNoOldLetters) {
         std::function<void()> replace;
         const char* tiles;
     } rows[] = {
-        {"new puzzle", [&] { m_board.puzzleCreated(); }, "aaaaaaaa"},
-        {"create request", [&] { m_board.generationStarted(); }, "________"},
-        {"dictionary loaded", [&] { m_board.ClearBoard(); }, "--------"},
+        {"new puzzle", [&] { m_board.apply(Move::newPuzzle()); }, "aaaaaaaa"},
+        {"create request", [&] { m_board.apply(Move::searchStarted()); }, "________"},
+        {"dictionary loaded", [&] { m_board.apply(Move::dictionaryLoaded()); }, "--------"},
         {"entries cleared", [&] { clearEntries(AnswerYes); }, "aaaaaaaa"},
     };
     for (const auto& row : rows) {
@@ -111,7 +111,7 @@ TEST_F(Clearing, AnyAnswerButYesToTheQuestionChangesNothing) {
     for (const int answer : {AnswerNo, AnswerCancel, AnswerOk, AnswerNone}) {
         SCOPED_TRACE(answer);
         m_notifier.clear();
-        const PlayState before = m_board.state();
+        const BoardState before = m_board.state();
         const int changes = m_changes;
         EXPECT_FALSE(clearEntries(answer));
         ASSERT_EQ(m_notifier.messages().size(), 1);
@@ -129,20 +129,20 @@ TEST_F(Clearing, YesEmptiesTheBoardAndDropsTheSelectionButKeepsThePuzzle) {
     ASSERT_EQ(boardText(m_board), "gponya..d. apsaapaa 2.6.......");
     EXPECT_TRUE(clearEntries(AnswerYes));
     EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa ..........");
-    EXPECT_EQ(m_grid.SelectedWord, -1);
-    EXPECT_EQ(m_board.tile(Pony).caption, QStringLiteral("pony"));
+    EXPECT_EQ(m_board.SelectedWord(), -1);
+    EXPECT_EQ(m_board.tile(Pony).word, QStringLiteral("pony"));
 }
 
 TEST_F(Clearing, ClearBoardBlanksCellsAndTilesButKeepsTheRecordAndSelection) {
-    m_board.ClearBoard();
+    m_board.apply(Move::dictionaryLoaded());
     EXPECT_EQ(boardText(m_board), ".......... -------- ..........");
     EXPECT_FALSE(m_board.puzzleExists());
-    EXPECT_EQ(m_grid.SelectedWord, Gold);
+    EXPECT_EQ(m_board.SelectedWord(), Gold);
     EXPECT_EQ(m_grid.CandidateWords[Gold], QStringLiteral("gold"));
     EXPECT_TRUE(m_grid.hasSolution());
     // Yes to the clear question brings the last puzzle back, to be played and shown again.
     clearEntries(AnswerYes);
-    EXPECT_EQ(m_board.tile(Gnaw).caption, QStringLiteral("gnaw"));
+    EXPECT_EQ(m_board.tile(Gnaw).word, QStringLiteral("gnaw"));
     EXPECT_TRUE(m_board.puzzleExists());
     place(Wrap, WrapOn);
     EXPECT_EQ(boardText(m_board), ".p...a.r.w aaaaaapa .........7");

@@ -5,8 +5,8 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
-#include "board/clicklabel.h"
-#include "board/stararea.h"
+#include "board/boardhit.h"
+#include "board/boardview.h"
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
 #include "ui/boxcontrol.h"
@@ -28,17 +28,34 @@ protected:
                        "sect\npeek\nheck\npoet\nhoes\nkeep\nhawk\nsmut\n");
     }
 
-    // Opens the window; files written before this call are what start-up finds.
+    // Opens the window and lets Timer1's tick load the dictionary; files written before this
+    // call are what start-up finds.
     Form1& start() {
-        m_scheme.setNotifier(&m_notifier);
+        open();
+        tickTimer1();
+        return *m_form;
+    }
+
+    // Opens the window before Timer1's tick: no dictionary yet.
+    Form1& open() {
         m_form = std::make_unique<Form1>(m_settings, m_scheme, m_notifier, &m_msgForm);
         m_form->show();
         m_form->session().random().seed(1); // the shuffle that gives the small dictionary's puzzle
-        // Timer1's only tick loads the dictionary.
-        m_form->timer1().stop();
-        QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
         return *m_form;
     }
+
+    // One tick of Timer1, which loads the dictionary.
+    void tickTimer1() {
+        m_form->timer1().stop();
+        QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
+    }
+
+    // A mouse click (press and release) at the centre of a part of the board.
+    void clickBoard(BoardPart part, int index, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&m_form->boardView(), button, {},
+                          BoardView::toWidget(centreOf(part, index)));
+    }
+    const BoardState& board() const { return m_form->boardView().state(); }
 
     TestFolder m_folder;
     Settings m_settings;

@@ -19,18 +19,14 @@ protected:
         m_session.dictionary().setShuffled(false);
         QObject::connect(&m_session, &PuzzleSession::waitPointerChanged,
                          [this](bool on) { m_events << (on ? "wait" : "arrow"); });
-        QObject::connect(&m_session, &PuzzleSession::completionCheckStopped,
-                         [this] { m_events << "stop-check"; });
-        QObject::connect(&m_session, &PuzzleSession::tilesCleared,
-                         [this] { m_events << "tiles-cleared"; });
-        QObject::connect(&m_session, &PuzzleSession::boardEnabledChanged,
-                         [this](bool on) { m_events << (on ? "board-on" : "board-off"); });
-        QObject::connect(&m_session, &PuzzleSession::puzzleCreated,
-                         [this] { m_events << "created"; });
-        QObject::connect(&m_session, &PuzzleSession::boardCleared,
-                         [this] { m_events << "board-cleared"; });
         QObject::connect(&m_session, &PuzzleSession::dictionaryStatusChanged,
                          [this](const QString& text, const QString&) { m_events << text; });
+    }
+
+    // The create command, recording where the search starts and ends.
+    PuzzleSession::CreateOutcome create() {
+        return m_session.createPuzzle(
+            [this](bool searching) { m_events << (searching ? "search" : "search-end"); });
     }
 
     QString writeDictionary(const QString& name, const QStringList& words) {
@@ -47,7 +43,7 @@ protected:
 } // namespace
 
 TEST_F(SessionTest, CreateWithoutDictionaryReportsItAndChangesNothing) {
-    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::NoDictionary);
+    EXPECT_EQ(create(), PuzzleSession::CreateOutcome::NoDictionary);
     ASSERT_EQ(m_notifier.messages().size(), 1);
     EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("No Dictioary Loaded"));
     EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbcritical+vbok"));
@@ -59,11 +55,8 @@ TEST_F(SessionTest, CreateTellsTheWindowInOrderAndUsesUpRootsUntilAFailureReload
     const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
     ASSERT_TRUE(m_session.openDictionary(path));
     m_events.clear();
-    m_session.grid().SelectedWord = 3;
-    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Created);
-    EXPECT_EQ(m_events, QStringList({"wait", "stop-check", "tiles-cleared", "board-off", "board-on",
-                                     "created", "arrow"}));
-    EXPECT_EQ(m_session.grid().SelectedWord, -1);
+    EXPECT_EQ(create(), PuzzleSession::CreateOutcome::Created);
+    EXPECT_EQ(m_events, QStringList({"wait", "search", "search-end", "arrow"}));
     EXPECT_TRUE(m_notifier.messages().isEmpty());
 
     QStringList roots = {m_session.lastGeneration().root};
@@ -83,7 +76,7 @@ TEST_F(SessionTest, FailedCreateShowsTheFourLinesAndReloadsTheDictionary) {
     ASSERT_TRUE(m_session.openDictionary(path));
     m_events.clear();
     m_session.WordList().RemoveItem(0); // a reload must bring it back
-    EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Failed);
+    EXPECT_EQ(create(), PuzzleSession::CreateOutcome::Failed);
     ASSERT_EQ(m_notifier.messages().size(), 1);
     EXPECT_EQ(m_notifier.messages()[0].text,
               QStringLiteral("Unable to create a puzzle\r\n"
@@ -91,8 +84,8 @@ TEST_F(SessionTest, FailedCreateShowsTheFourLinesAndReloadsTheDictionary) {
                              "Will reinstate the words used already ...\r\n"
                              "Please try again"));
     EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbcritical+vbok"));
-    EXPECT_EQ(m_events, QStringList({"wait", "stop-check", "tiles-cleared", "board-off", "board-on",
-                                     "arrow", "wait", "arrow", "Dictionary: few.txt (7 words)"}));
+    EXPECT_EQ(m_events, QStringList({"wait", "search", "search-end", "arrow", "wait", "arrow",
+                                     "Dictionary: few.txt (7 words)"}));
     EXPECT_EQ(m_session.WordList().ListCount(), 14);
     EXPECT_EQ(m_session.WordList().List(0), QStringLiteral("aaaa"));
     EXPECT_FALSE(m_session.grid().hasSolution());
@@ -130,8 +123,7 @@ TEST_F(SessionTest, DictionaryCommandKeepsEverythingOnCancelOrFailure) {
     const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
     EXPECT_TRUE(m_session.openDictionary(path));
     EXPECT_EQ(m_session.DictionaryPath(), path);
-    EXPECT_EQ(m_events, QStringList({"wait", "arrow", "Dictionary: known.txt (8 words)",
-                                     "board-cleared", "stop-check"}));
+    EXPECT_EQ(m_events, QStringList({"wait", "arrow", "Dictionary: known.txt (8 words)"}));
     m_events.clear();
 
     EXPECT_FALSE(m_session.openDictionary(QString())); // cancelled picker

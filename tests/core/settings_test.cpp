@@ -1,6 +1,7 @@
 // The program folder, start-up settings, the file-presence test and the choice of the
 // start-up dictionary.
 #include "core/appfolder.h"
+#include "core/commandline.h"
 #include "core/fileexists.h"
 #include "core/settings.h"
 
@@ -22,6 +23,89 @@ TEST(AppFolder, FollowsPentalinkHomeCreatingItAndEndsInSlash) {
     resetAppFolderForTests();
     EXPECT_EQ(AppFolder(), nested + u'/');
     EXPECT_TRUE(QFileInfo(nested).isDir());
+}
+
+// Two starts of an installed game: the first seeds an empty folder, the player then edits
+// files, an upgrade installs newer data, and the second start seeds again.
+TEST(SeedProgramFolder, KeepsThePlayersFilesAcrossAnUpgradeAndRefreshesTheHelpPage) {
+    const TestFolder user;
+    const TestFolder install;
+    const QStringList shipped = {"english1.txt", "all.col", "pentalink.htm"};
+    for (const QString& name : shipped)
+        install.write(name, "v1 " + name.toUtf8());
+
+    seedProgramFolder(user.path(), install.path());
+    for (const QString& name : shipped)
+        EXPECT_EQ(user.read(name), "v1 " + name.toUtf8()) << name.toStdString();
+
+    user.write(QStringLiteral("all.col"), "edited schemes");
+    user.write(QStringLiteral("pentalink.cfg"), "player's settings");
+    QFile::remove(user.file(QStringLiteral("english1.txt")));
+    for (const QString& name : shipped)
+        install.write(name, "v2 " + name.toUtf8());
+    install.write(QStringLiteral("pentalink.cfg"), "never shipped");
+
+    seedProgramFolder(user.path(), install.path());
+    const struct {
+        const char* name;
+        QByteArray expected;
+    } rows[] = {
+        {"all.col", "edited schemes"},
+        {"pentalink.cfg", "player's settings"},
+        {"english1.txt", "v2 english1.txt"}, // deleted by the player: seeded again
+        {"pentalink.htm", "v2 pentalink.htm"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(user.read(QString::fromLatin1(row.name)), row.expected) << row.name;
+
+    // An unchanged dictionary is the player's too: it is not replaced by a newer one.
+    install.write(QStringLiteral("english1.txt"), "v3 english1.txt");
+    seedProgramFolder(user.path(), install.path());
+    EXPECT_EQ(user.read(QStringLiteral("english1.txt")), "v2 english1.txt");
+}
+
+TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
+    const TestFolder user;
+    const TestFolder install;
+    install.write(QStringLiteral("all.col"), "schemes");
+    // The help page is missing from the install; the dictionary's name is taken by a folder.
+    QDir(install.path()).mkdir(QStringLiteral("english1.txt"));
+    seedProgramFolder(user.path(), install.path());
+    EXPECT_EQ(QDir(user.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList{"all.col"});
+
+    // A folder that cannot exist (its path runs through a regular file) gets nothing.
+    const QString blocked = user.file(QStringLiteral("all.col")) + QStringLiteral("/sub/");
+    seedProgramFolder(blocked, install.path());
+    EXPECT_EQ(user.read(QStringLiteral("all.col")), "schemes");
+    EXPECT_FALSE(QFileInfo::exists(blocked));
+}
+
+TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {
+    using Action = GameArguments::Action;
+    const struct {
+        QStringList args; // after argv[0]
+        Action action;
+        QStringList ignored;
+    } rows[] = {
+        {{}, Action::Run, {}},
+        {{"--help"}, Action::Help, {}},
+        {{"-h"}, Action::Help, {}},
+        {{"--version"}, Action::Version, {}},
+        {{"-V"}, Action::Version, {}},
+        {{"--version", "--help"}, Action::Version, {"--help"}},
+        {{"puzzle.txt", "-h", "-v"}, Action::Help, {"puzzle.txt", "-v"}},
+        {{"--helpme", "-help", "--"}, Action::Run, {"--helpme", "-help", "--"}},
+    };
+    for (const auto& row : rows) {
+        const GameArguments parsed = parseGameArguments(QStringList{"pentalink"} + row.args);
+        EXPECT_EQ(parsed.action, row.action) << row.args.join(u' ').toStdString();
+        EXPECT_EQ(parsed.ignored, row.ignored) << row.args.join(u' ').toStdString();
+    }
+    EXPECT_EQ(ignoredArgumentsWarning({}), QString());
+    EXPECT_EQ(ignoredArgumentsWarning({"x y"}), "pentalink: ignoring unknown argument 'x y'\n");
+    EXPECT_EQ(ignoredArgumentsWarning({"-a", "b"}),
+              "pentalink: ignoring unknown arguments '-a' 'b'\n");
 }
 
 TEST(Settings, ForFolderSetsTheStartupValues) {

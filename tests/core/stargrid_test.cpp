@@ -60,7 +60,6 @@ TEST(StarGridTables, ExactValuesOfTheFixedTables) {
 TEST(StarGridRecord, SolutionWordReadsTheCellsInDirectionOrder) {
     StarGrid grid;
     EXPECT_FALSE(grid.hasSolution());
-    EXPECT_EQ(grid.SelectedWord, -1);
     EXPECT_EQ(grid.solutionWord(1), QString());
     const QString letters = QStringLiteral("abcdefghij"); // cell n holds letter n
     for (int p = 1; p <= 10; ++p)

@@ -1,34 +1,34 @@
 // Parsing pentalink-gen's command line; see genoptions.h.
 #include "genoptions.h"
 
+#include "core/commandline.h"
+
 #include <QCommandLineParser>
 
 GenParseResult parseGenOptions(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Makes Pentalink puzzles from a dictionary, as successive clicks on the "
-                       "game's create button would."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Shows this help."));
+    const QCommandLineOption help = helpOption();
+    const QCommandLineOption version = versionOption();
     const QCommandLineOption dictionary(
         QStringLiteral("dictionary"),
-        QStringLiteral("The dictionary file (default: english1.txt in the program folder)."),
+        QStringLiteral("the dictionary file (default: english1.txt of the program folder)"),
         QStringLiteral("FILE"));
     const QCommandLineOption count(QStringLiteral("count"),
-                                   QStringLiteral("How many puzzles to request (default 1)."),
+                                   QStringLiteral("how many puzzles to request (default 1)"),
                                    QStringLiteral("N"));
-    const QCommandLineOption seed(
-        QStringLiteral("seed"),
-        QStringLiteral("Seed of the dictionary shuffle, 0 to 18446744073709551615 "
-                       "(default: a random seed)."),
-        QStringLiteral("S"));
+    const QCommandLineOption seed(QStringLiteral("seed"),
+                                  QStringLiteral("seed of the dictionary shuffle, 0 to 2^64-1 "
+                                                 "(default: a random seed)"),
+                                  QStringLiteral("S"));
     const QCommandLineOption noShuffle(
         QStringLiteral("no-shuffle"),
-        QStringLiteral("Keep the dictionary in file order: each word followed by its reverse."));
+        QStringLiteral("keep file order: each word followed by its reverse"));
     const QCommandLineOption format(QStringLiteral("format"),
-                                    QStringLiteral("Output format: text (default) or json."),
-                                    QStringLiteral("text|json"));
-    parser.addOptions({help, dictionary, count, seed, noShuffle, format});
+                                    QStringLiteral("output format: text (default) or json"),
+                                    QStringLiteral("FORMAT"));
+    const QList<QCommandLineOption> all = {dictionary, count, seed,   noShuffle,
+                                           format,     help,  version};
+    parser.addOptions(all);
 
     GenParseResult result;
     auto fail = [&result](const QString& message) {
@@ -39,8 +39,19 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
     if (!parser.parse(arguments))
         return fail(parser.errorText());
     if (parser.isSet(help)) {
-        result.status = GenParseResult::Status::Help;
-        result.message = parser.helpText();
+        result.status = GenParseResult::Status::Print;
+        result.message = gnuHelpText(
+            QStringLiteral("pentalink-gen [OPTION]..."),
+            QStringLiteral("Makes Pentalink puzzles from a dictionary, as successive clicks on the "
+                           "game's\ncreate button would."),
+            all,
+            QStringLiteral("Exit status is 0 on success, 2 for bad arguments or an unreadable or "
+                           "empty\ndictionary. See pentalink-gen(6) for the output formats."));
+        return result;
+    }
+    if (parser.isSet(version)) {
+        result.status = GenParseResult::Status::Print;
+        result.message = versionText(QStringLiteral("pentalink-gen"));
         return result;
     }
     if (!parser.positionalArguments().isEmpty())

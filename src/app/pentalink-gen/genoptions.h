@@ -17,10 +17,10 @@ struct GenOptions {
 };
 
 struct GenParseResult {
-    enum class Status { Run, Help, Error };
+    enum class Status { Run, Print, Error }; // Print: print `message` (help or version), exit 0
     Status status = Status::Run;
     GenOptions options;
-    QString message; // the help text, or what is wrong with the arguments
+    QString message; // the help or version text, or what is wrong with the arguments
 };
 
 // Parses the arguments (argv[0] first).

@@ -25,8 +25,10 @@ int usageError(const QString& message) {
 
 int main(int argc, char* argv[]) {
     QCoreApplication app(argc, argv);
+    // The game's name, so both programs share one per-user program folder.
+    QCoreApplication::setApplicationName(QStringLiteral("pentalink"));
     const GenParseResult parsed = parseGenOptions(QCoreApplication::arguments());
-    if (parsed.status == GenParseResult::Status::Help) {
+    if (parsed.status == GenParseResult::Status::Print) {
         QTextStream(stdout) << parsed.message;
         return 0;
     }

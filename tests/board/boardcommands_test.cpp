@@ -1,25 +1,26 @@
-// The create and dictionary commands of a real session reaching the board through
-// connectToSession: a new puzzle, a dictionary load and a failed create.
+// The create and dictionary commands of a real session on the board: a new puzzle, a
+// dictionary load and a failed create.
 #include "playfixture.h"
 
-#include "board/sessionwiring.h"
+#include "board/boardcommands.h"
 #include "core/puzzlesession.h"
 #include "support/testfolder.h"
 
 namespace {
 
-class SessionWiring : public ::testing::Test {
+class BoardCommands : public ::testing::Test {
 protected:
-    SessionWiring() {
+    BoardCommands() {
         m_session.eventPump().setAction({});
         m_session.dictionary().setShuffled(false);
-        connectToSession(m_session, m_board);
     }
 
     bool openDictionary(const QStringList& words) {
         m_folder.write(QStringLiteral("words.txt"), words.join(QStringLiteral("\r\n")).toUtf8());
-        return m_session.openDictionary(m_folder.file(QStringLiteral("words.txt")));
+        return ::openDictionary(m_session, m_board, m_folder.file(QStringLiteral("words.txt")));
     }
+
+    PuzzleSession::CreateOutcome create() { return createPuzzle(m_session, m_board); }
 
     // One word placed, another selected and the completion check running.
     void play() {
@@ -40,17 +41,17 @@ protected:
 
 } // namespace
 
-TEST_F(SessionWiring, CreateAndDictionaryCommandsReachTheBoard) {
+TEST_F(BoardCommands, CreateAndDictionaryCommandsReachTheBoard) {
     // Eight words that cross: the dictionary gives one known puzzle.
     const QStringList words = {"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"};
     ASSERT_TRUE(openDictionary(words));
-    ASSERT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Created);
+    ASSERT_EQ(create(), PuzzleSession::CreateOutcome::Created);
     for (int i = 1; i <= StarGrid::CandidateCount; ++i)
-        EXPECT_EQ(m_board.tile(i).caption, m_session.grid().CandidateWords[i]);
+        EXPECT_EQ(m_board.tile(i).word, m_session.grid().CandidateWords[i]);
     play();
 
     // A new puzzle stops the check and resets the board.
-    ASSERT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Created);
+    ASSERT_EQ(create(), PuzzleSession::CreateOutcome::Created);
     EXPECT_FALSE(m_board.completionCheckRunning());
     EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa ..........");
     EXPECT_EQ(m_board.SelectedWord(), -1);
@@ -68,7 +69,7 @@ TEST_F(SessionWiring, CreateAndDictionaryCommandsReachTheBoard) {
 
     // A failed create leaves disabled blank tiles and an empty board.
     ASSERT_TRUE(openDictionary({"aaaa", "aaab", "abaa", "abab", "baba", "bbbb", "abba"}));
-    ASSERT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Failed);
+    ASSERT_EQ(create(), PuzzleSession::CreateOutcome::Failed);
     EXPECT_EQ(boardText(m_board), ".......... ________ ..........");
     EXPECT_FALSE(m_board.completionCheckRunning());
     EXPECT_FALSE(m_board.puzzleExists());

@@ -1,4 +1,5 @@
 // Twips (1/1440 inch) on logical pixels, 15 to the pixel, for windows laid out in twips.
+// QtCore only, so the rules libraries can use it too.
 #pragma once
 
 #include <QRect>
