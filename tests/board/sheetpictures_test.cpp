@@ -9,7 +9,7 @@
 #include "board/mainmenu.h"
 #include "board/pageprinter.h"
 #include "board/sheetpainter.h"
-#include "support/filesizelimit.h"
+#include "support/writefault.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -237,20 +237,17 @@ TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
         bool create;
         int answer;
         QString documents;
-        rlim_t diskSpace; // bytes a file may take (0: no limit)
-        QString folder;   // where the PDF is expected ("" for none)
-        QString message;  // the start of the message after the question ("" for none)
+        QString folder;  // where the PDF is expected ("" for none)
+        QString message; // the start of the message after the question ("" for none)
     } rows[] = {
-        {"declined", false, AnswerNo, docs, 0, "", ""},
-        {"no puzzle", false, AnswerYes, docs, 0, docs, "Printed\nSaved as " + docs + "/Pentalink "},
-        {"a puzzle", true, AnswerYes, docs, 0, docs, "Printed\nSaved as " + docs + "/Pentalink "},
-        {"no documents folder", false, AnswerYes, "", 0, m_folder.path(),
+        {"declined", false, AnswerNo, docs, "", ""},
+        {"no puzzle", false, AnswerYes, docs, docs, "Printed\nSaved as " + docs + "/Pentalink "},
+        {"a puzzle", true, AnswerYes, docs, docs, "Printed\nSaved as " + docs + "/Pentalink "},
+        {"no documents folder", false, AnswerYes, "", m_folder.path(),
          "Printed\nSaved as " + m_folder.path() + "Pentalink "},
-        {"a path through a file", false, AnswerYes, root + "plain/docs", 0, "",
+        {"a path through a file", false, AnswerYes, root + "plain/docs", "",
          "The page was not printed.\nThe folder " + root + "plain/docs cannot be created: " + root +
              "plain is a file, not a folder."},
-        {"a full disk", false, AnswerYes, docs, 4000, "",
-         "The page was not printed.\nCannot write " + docs + "/Pentalink "},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -262,12 +259,7 @@ TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
         form.pagePrinter().setDocumentsFolder(row.documents);
         m_notifier.clear();
         m_notifier.queueAnswer(row.answer);
-        {
-            std::optional<FileSizeLimit> full;
-            if (row.diskSpace > 0)
-                full.emplace(row.diskSpace);
-            form.menu().print->trigger();
-        }
+        form.menu().print->trigger();
 
         QStringList texts;
         for (const RecordedMessage& m : m_notifier.messages())
@@ -305,3 +297,31 @@ TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
                    QStringLiteral("pentalink-page-saved.png"));
     }
 }
+
+// Saving the page when the file cannot grow, its folder cannot be made or the file system is
+// full: a failure naming the file, and nothing left behind.
+class PdfSaveFault : public testing::TestWithParam<WriteFault> {};
+
+TEST_P(PdfSaveFault, FailsNamingTheFileAndLeavesNothing) {
+    const WriteFaultOutcome outcome =
+        runWithWriteFault(GetParam(), {[](const QString&) {},
+                                       [](const QString&, const QString& target, Notifier&) {
+                                           const PrintResult result =
+                                               savePagePdf(target + QStringLiteral("page.pdf"),
+                                                           composePage(SheetContent{}));
+                                           return result.outcome == PrintResult::Outcome::Failed
+                                                      ? result.error
+                                                      : QStringLiteral("saved");
+                                       },
+                                       4000});
+    if (outcome.skipped)
+        GTEST_SKIP() << outcome.skipReason.toStdString();
+    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
+    EXPECT_TRUE(outcome.result.startsWith(QStringLiteral("Cannot write ") + outcome.target +
+                                          QStringLiteral("page.pdf")))
+        << outcome.result.toStdString();
+    EXPECT_EQ(outcome.added, QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, PdfSaveFault, testing::ValuesIn(kWriteFaults),
+                         [](const auto& info) { return writeFaultName(info.param); });
