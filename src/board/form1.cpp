@@ -2,10 +2,13 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "board/boardaccessible.h"
 #include "board/boardcommands.h"
 #include "board/boardgeometry.h"
+#include "board/boardspeech.h"
 #include "board/boardview.h"
 #include "board/buttonpictures.h"
+#include "board/keyboardplay.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
 #include "core/appfolder.h"
@@ -18,6 +21,7 @@
 #include "ui/olecolor.h"
 #include "ui/programicon.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -81,11 +85,14 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     // Scheme messages go through the gate too, so a completion tick never meets an open one.
     m_scheme.setNotifier(&m_gate);
     // The normal pointer shows while a message waits for the player, whatever work is going on.
-    m_gate.setOpenHook([](bool opening) {
-        if (opening)
+    // A screen reader hears each message as it opens.
+    m_gate.setOpenHook([this](bool opening, const QString& text) {
+        if (opening) {
             QApplication::setOverrideCursor(Qt::ArrowCursor);
-        else
+            m_boardView->announce(text);
+        } else {
             QApplication::restoreOverrideCursor();
+        }
     });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(programIcon());
@@ -96,9 +103,12 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     windowFont.setPointSizeF(8.25);
     setFont(windowFont);
 
+    installBoardAccessibility();
     m_menu = std::make_unique<MainMenu>(menuBar());
     buildLayout();
     buildButtons();
+    m_keyboard =
+        new KeyboardPlay(m_boardView, {m_cmddict, m_cmdshowsol, m_cmdreset, m_cmdcreate}, this);
     connectCommands();
     startUp();
 }
@@ -122,6 +132,7 @@ void Form1::buildLayout() {
     m_statusLine->setGeometry(toPixels(StatusLine));
     m_statusLine->setFrameStyle(QFrame::Box | QFrame::Plain);
     m_statusLine->setAutoFillBackground(true);
+    m_statusLine->setAccessibleDescription(QStringLiteral("Dictionary"));
 
     // The file-name picker has no visible part in this window.
     m_filePicker = new FNDialog(m_client);
@@ -140,6 +151,7 @@ void Form1::buildButtons() {
         button->setCaption(QString());
         button->setPicture(buttonPicture(picture));
         button->setToolTip(tip);
+        button->setAccessibleName(tip);
         return button;
     };
     m_cmddict = make("cmddict", DictButton, ButtonPicture::OpenFolder,
@@ -174,6 +186,7 @@ void Form1::connectCommands() {
     connect(m_cmdshowsol, &BoxControl::MouseUp, this, [this] { play(Move::solutionRelease()); });
     connect(m_cmdreset, &BoxControl::MouseUp, this, [this] { play(Move::clearEntries()); });
     connect(m_boardView, &BoardView::moveMade, this, &Form1::play);
+    connect(m_keyboard, &KeyboardPlay::moveMade, this, &Form1::play);
 
     PuzzleSession& session = *m_session;
     connect(&session, &PuzzleSession::waitPointerChanged, this, [this](bool waiting) {
@@ -195,6 +208,9 @@ void Form1::connectCommands() {
             [this](const QString& text, const QString& toolTip) {
                 m_statusLine->setText(text);
                 m_statusLine->setToolTip(toolTip);
+                m_statusLine->setAccessibleName(text);
+                QAccessibleEvent event(m_statusLine, QAccessible::NameChanged);
+                QAccessible::updateAccessibility(&event);
             });
 
     m_timer1.setSingleShot(true);
@@ -235,6 +251,8 @@ void Form1::startUp() {
     m_timer1.start();
 
     resize(sizeHint());
+    // Keys go to the board from the start; its ring shows once a key is used.
+    m_boardView->setFocus(Qt::OtherFocusReason);
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());
 }
@@ -402,5 +420,7 @@ void Form1::letEventsRun() {
 }
 
 void Form1::play(const Move& move) {
+    const BoardState before = m_board->state();
     m_board->apply(move);
+    m_boardView->announce(BoardSpeech::announcement(move, before, m_board->state()));
 }
