@@ -193,6 +193,23 @@ void installBoardAccessibility() {
 
 namespace BoardAccessibility {
 
+namespace {
+EventObserver& observer() {
+    static EventObserver instance;
+    return instance;
+}
+} // namespace
+
+void send(QAccessibleEvent& event) {
+    if (observer())
+        observer()(event);
+    QAccessible::updateAccessibility(&event);
+}
+
+void setEventObserver(EventObserver o) {
+    observer() = std::move(o);
+}
+
 int childOf(const FocusItem& item) {
     switch (item.kind) {
     case FocusKind::Tile:
@@ -208,7 +225,7 @@ int childOf(const FocusItem& item) {
 void notifyFocus(BoardView* view, const FocusItem& item) {
     QAccessibleEvent event(view, QAccessible::Focus);
     event.setChild(childOf(item));
-    QAccessible::updateAccessibility(&event);
+    send(event);
 }
 
 void notifyChanged(BoardView* view) {
@@ -217,14 +234,14 @@ void notifyChanged(BoardView* view) {
         return;
     QAccessibleEvent event(view, QAccessible::NameChanged);
     event.setChild(focused);
-    QAccessible::updateAccessibility(&event);
+    send(event);
 }
 
 void announce(BoardView* view) {
     QAccessibleEvent description(view, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&description);
+    send(description);
     QAccessibleEvent alert(view, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    send(alert);
 }
 
 } // namespace BoardAccessibility

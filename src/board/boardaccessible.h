@@ -9,8 +9,10 @@
 
 #include "board/boardfocus.h"
 
+#include <functional>
+
 class BoardView;
-class QAccessibleInterface;
+class QAccessibleEvent;
 
 void installBoardAccessibility();
 
@@ -22,6 +24,13 @@ constexpr int ChildCount = 28;
 
 // The child index of a tile or marker (a button is no child of the board: -1).
 int childOf(const FocusItem& item);
+
+// Hands `event` to assistive technology. Every event of the main window goes through here.
+void send(QAccessibleEvent& event);
+// Sees every event sent, before Qt does (null: none). Without an accessibility bridge (the
+// headless tests) Qt drops events before its own handlers see them; tests listen here.
+using EventObserver = std::function<void(QAccessibleEvent&)>;
+void setEventObserver(EventObserver observer);
 
 // Tells assistive technology that the keyboard focus is on `view`'s item `item`, or on the
 // board as a whole when `item` is a button.

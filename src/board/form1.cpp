@@ -210,7 +210,7 @@ void Form1::connectCommands() {
                 m_statusLine->setToolTip(toolTip);
                 m_statusLine->setAccessibleName(text);
                 QAccessibleEvent event(m_statusLine, QAccessible::NameChanged);
-                QAccessible::updateAccessibility(&event);
+                BoardAccessibility::send(event);
             });
 
     m_timer1.setSingleShot(true);

@@ -252,7 +252,7 @@ void MsgForm::moveButtonFocus(const QKeyEvent* key) {
         return;
     int current = -1;
     for (int i = 0; i < count; ++i) {
-        if (m_cmd[i]->hasFocus())
+        if (focusWidget() == m_cmd[i])
             current = i;
     }
     int next = 0;
