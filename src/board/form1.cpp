@@ -2,6 +2,7 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "appearance/form6.h"
 #include "board/boardaccessible.h"
 #include "board/boardcommands.h"
 #include "board/boardgeometry.h"
@@ -20,12 +21,14 @@
 #include "ui/msgform.h"
 #include "ui/olecolor.h"
 #include "ui/programicon.h"
+#include "ui/widgetcolours.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
@@ -38,13 +41,6 @@ namespace {
 
 constexpr int BackgroundColour = 2;
 constexpr int MenuColour = 3;
-
-void setBackground(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, colour);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-}
 
 void setTextColour(QWidget* widget, const QColor& colour) {
     QPalette palette = widget->palette();
@@ -169,8 +165,7 @@ void Form1::connectCommands() {
     connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
     connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
     connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.options, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The Options window")); });
+    connect(menu.options, &QAction::triggered, this, &Form1::optionsCommand);
     connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
     connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
     connect(menu.print, &QAction::triggered, this,
@@ -221,6 +216,9 @@ void Form1::connectCommands() {
 void Form1::startUp() {
     m_settings.BoardFontName = QStringLiteral("Arial");
     m_settings.BoardFontSize = 18;
+    m_form6 = new Form6(m_settings, m_scheme, m_gate, this);
+    m_form6->model().setCommand2([this] { Command2Click(); });
+    m_form6->model().fillFontList(QFontDatabase::families());
     m_settings.AppFolder = AppFolder();
 
     if (m_msgForm) {
@@ -236,6 +234,7 @@ void Form1::startUp() {
     }
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
+    m_form6->model().fillSchemeList();
 
     // The status line's text is black whatever the desktop's palette says.
     setTextColour(m_statusLine, Qt::black);
@@ -345,6 +344,11 @@ void Form1::dictionaryCommand() {
     if (answer.isEmpty())
         return;
     openDictionary(*m_session, *m_board, answer);
+}
+
+void Form1::optionsCommand() {
+    m_form6->exec();
+    letEventsRun();
 }
 
 void Form1::exitCommand() {
