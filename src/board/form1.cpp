@@ -354,6 +354,12 @@ void Form1::optionsCommand() {
 void Form1::exitCommand() {
     if (m_exiting)
         return;
+    if (m_session->isBusy()) {
+        // A running search is abandoned first; the question comes once it has returned.
+        m_session->abandonSearch();
+        QTimer::singleShot(0, this, &Form1::exitCommand);
+        return;
+    }
     const int answer =
         m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
@@ -398,13 +404,10 @@ void Form1::aboutCommand() {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
-    // Closing by the frame ends the program without saving; only Exit saves.
-    if (m_session->isBusy()) {
-        // The search lets events run; let it finish before the session goes away.
-        event->ignore();
-        QTimer::singleShot(50, this, &QWidget::close);
-        return;
-    }
+    // Closing by the frame ends the program at once, without saving (only Exit saves): a
+    // running search is abandoned and returns before its next attempt; the window (and the
+    // session, which it owns) lives on until the event loop ends.
+    m_session->abandonSearch();
     event->accept();
 }
 
