@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <limits>
 #include <utility>
 
 namespace {
@@ -56,9 +57,15 @@ void ScoresKeeper::start() {
 
 void ScoresKeeper::countGame(GameResult result) {
     const int row = static_cast<int>(result);
+    // A count at the top of the 64-bit range stays there: one more game cannot wrap a total
+    // round to a negative number that the next start would refuse.
+    const auto countOne = [](qint64& count) {
+        if (count < std::numeric_limits<qint64>::max())
+            ++count;
+    };
     for (ScoreTotals* column : {&m_session, &m_totals}) {
-        ++(*column)[index(1)];
-        ++(*column)[index(row)];
+        countOne((*column)[index(1)]);
+        countOne((*column)[index(row)]);
     }
     if (!SaveScores())
         m_notifier.standardBox(QStringLiteral("The scores could not be saved to ") + m_path,
