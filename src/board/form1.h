@@ -25,6 +25,7 @@ class BoxControl;
 class ColourScheme;
 class FNDialog;
 class Form4;
+class KeyboardPlay;
 class Form6;
 class MsgForm;
 class Notifier;
@@ -78,6 +79,7 @@ public:
     // Where the printed page goes (tests choose the printer and the documents folder).
     PagePrinter& pagePrinter() { return m_pagePrinter; }
     BoardView& boardView() { return *m_boardView; }
+    KeyboardPlay& keyboard() { return *m_keyboard; }
     QLabel* statusLine() const { return m_statusLine; }
     BoxControl* cmddict() const { return m_cmddict; }
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
@@ -122,6 +124,7 @@ private:
 
     QWidget* m_client = nullptr;
     BoardView* m_boardView = nullptr;
+    KeyboardPlay* m_keyboard = nullptr;
     QLabel* m_statusLine = nullptr;
     BoxControl* m_cmddict = nullptr;
     BoxControl* m_cmdshowsol = nullptr;
