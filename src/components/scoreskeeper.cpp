@@ -56,9 +56,9 @@ void ScoresKeeper::start() {
 
 void ScoresKeeper::countGame(GameResult result) {
     const int row = static_cast<int>(result);
-    for (ScoreTotals* column : {&m_session, &m_totals}) {
-        ++(*column)[index(1)];
-        ++(*column)[index(row)];
+    for (ScoreCaptions* column : {&m_session, &m_totals}) {
+        for (const int counted : {1, row})
+            (*column)[index(counted)] = countedCaption((*column)[index(counted)]);
     }
     if (!SaveScores())
         m_notifier.standardBox(QStringLiteral("The scores could not be saved to ") + m_path,
@@ -71,12 +71,12 @@ bool ScoresKeeper::SaveScores() {
 }
 
 void ScoresKeeper::ShowScores(QString& record) {
-    std::optional<ScoreTotals> totals = parseScoresRecord(record);
+    std::optional<ScoreCaptions> totals = parseScoresRecord(record);
     if (!totals) {
         record = freshScoresRecord(m_today(), 5);
         totals = parseScoresRecord(record);
     }
-    m_session = {};
+    m_session.fill(QStringLiteral("0"));
     m_totals = *totals;
 }
 
@@ -92,12 +92,12 @@ bool ScoresKeeper::clear() {
     return true;
 }
 
-qint64 ScoresKeeper::thisSession(int row) const {
-    return row >= 1 && row <= 4 ? m_session[index(row)] : 0;
+QString ScoresKeeper::thisSession(int row) const {
+    return row >= 1 && row <= 4 ? m_session[index(row)] : QString();
 }
 
-qint64 ScoresKeeper::allSessions(int row) const {
-    return row >= 1 && row <= 4 ? m_totals[index(row)] : 0;
+QString ScoresKeeper::allSessions(int row) const {
+    return row >= 1 && row <= 4 ? m_totals[index(row)] : QString();
 }
 
 bool ScoresKeeper::writeRecord(const QString& record) const {

@@ -1,7 +1,11 @@
 // Formatting and reading the scores record; see scoresrecord.h.
 #include "components/scoresrecord.h"
 
+#include "core/leadingnumber.h"
+
 #include <QStringList>
+
+#include <cmath>
 
 QString scoresDate(const QDate& date) {
     static const char* const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -14,10 +18,10 @@ QString scoresDate(const QDate& date) {
         .arg(date.year(), 4, 10, QLatin1Char('0'));
 }
 
-QString formatScoresRecord(const QDate& date, const ScoreTotals& totals) {
+QString formatScoresRecord(const QDate& date, const ScoreCaptions& totals) {
     QString record = scoresDate(date) + u' ';
-    for (const qint64 total : totals)
-        record += QString::number(total) + u' ';
+    for (const QString& total : totals)
+        record += total + u' ';
     return record;
 }
 
@@ -25,20 +29,20 @@ QString freshScoresRecord(const QDate& date, int zeros) {
     return scoresDate(date) + QStringLiteral(" 0").repeated(zeros) + u' ';
 }
 
-std::optional<ScoreTotals> parseScoresRecord(const QString& record) {
+std::optional<ScoreCaptions> parseScoresRecord(const QString& record) {
     const QStringList fields = record.split(u' ');
     if (fields.size() < 5)
         return std::nullopt;
-    ScoreTotals totals{};
-    for (int i = 0; i < 4; ++i) {
-        const QString field = fields.at(i + 1).trimmed();
-        bool ok = !field.isEmpty();
-        for (const QChar c : field)
-            ok = ok && c >= u'0' && c <= u'9';
-        const qint64 value = ok ? field.toLongLong(&ok) : 0;
-        if (!ok)
-            return std::nullopt;
-        totals[static_cast<size_t>(i)] = value;
-    }
+    ScoreCaptions totals;
+    for (size_t i = 0; i < totals.size(); ++i)
+        totals[i] = fields.at(static_cast<qsizetype>(i) + 1).trimmed();
     return totals;
+}
+
+QString countedCaption(const QString& caption) {
+    const double next = leadingNumber(caption) + 1;
+    // Whole counts (every count the panel writes itself) as plain digits.
+    if (std::abs(next) < 1e15 && next == std::floor(next))
+        return QString::number(static_cast<qint64>(next));
+    return QString::number(next, 'g', 15);
 }
