@@ -1,6 +1,6 @@
 # Pentalink: the everyday commands. Each one installs what is missing, configures once and
 # builds incrementally, so repeating a command with nothing changed does almost nothing.
-.PHONY: all setup setup-package configure build run test test-sanitize bench format install package clean
+.PHONY: all setup setup-package configure build run test test-x11 test-sanitize bench format install package clean
 
 BUILD_DIR := build
 SAN_DIR := build-sanitize
@@ -25,6 +25,11 @@ run: build
 
 test: build
 	ctest --preset default
+
+# The tests that need a real X server, on a virtual one with a 24-bit screen (xvfb-run's own
+# default is 8 bits, which would change every colour).
+test-x11: build
+	xvfb-run -a -s "-screen 0 1280x1024x24" ctest --preset x11
 
 $(SAN_DIR)/build.ninja: | setup
 	cmake --preset sanitize

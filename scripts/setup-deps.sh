@@ -14,6 +14,7 @@ else
         qt6-base-dev qt6-base-dev-tools libgl-dev
         zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
         fonts-liberation2 fonts-dejavu-core
+        xvfb xauth xdotool xclip x11-utils
         wamerican-small
     )
 fi

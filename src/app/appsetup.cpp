@@ -9,6 +9,6 @@ void setUpApplication() {
     QApplication::setApplicationName(QStringLiteral("pentalink"));
     // Ties the windows to the installed desktop entry (its icon and name in docks and task
     // switchers, the Wayland application id).
-    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.pentalink.Pentalink"));
+    QGuiApplication::setDesktopFileName(QStringLiteral(PENTALINK_APP_ID));
     QApplication::setWindowIcon(programIcon());
 }

@@ -144,11 +144,11 @@ bool ColourScheme::DeriveScheme(quint32 baseColour, int contrast) {
     return true;
 }
 
-QStringList ColourScheme::ListSchemeNames() const {
-    QStringList names;
+std::optional<QStringList> ColourScheme::ListSchemeNames() const {
     const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
     if (!lines)
-        return names;
+        return std::nullopt;
+    QStringList names;
     for (const QString& line : *lines) {
         const qsizetype at = line.indexOf(QStringLiteral(".col"));
         if (at >= 0)

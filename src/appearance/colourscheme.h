@@ -77,9 +77,11 @@ public:
     bool DeriveScheme(quint32 baseColour, int contrast);
 
     // For every line of the collection that contains ".col" (case counts), the text before
-    // its first ".col", in file order. Empty when the file cannot be read. The scheme list
-    // of the Options window is refilled from this after every add and delete.
-    QStringList ListSchemeNames() const;
+    // its first ".col", in file order; an empty list for a file with no header line. Nothing
+    // when the file cannot be read (missing, unreadable, too large), so a caller can keep the
+    // names it has. The scheme list of the Options window is refilled from this at start-up
+    // and after every add and delete.
+    std::optional<QStringList> ListSchemeNames() const;
 
     // The editor's rewrites, each for the header SchemeFileName(name) and the current colours
     // 0..12. Append adds a section at the end (creating the file when missing); Replace puts

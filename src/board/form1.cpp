@@ -2,6 +2,7 @@
 #include "board/form1.h"
 
 #include "appearance/colourscheme.h"
+#include "appearance/form6.h"
 #include "board/boardcommands.h"
 #include "board/boardgeometry.h"
 #include "board/boardview.h"
@@ -22,6 +23,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
@@ -157,8 +159,7 @@ void Form1::connectCommands() {
     connect(menu.loadDictionary, &QAction::triggered, this, &Form1::dictionaryCommand);
     connect(menu.create, &QAction::triggered, this, &Form1::createCommand);
     connect(menu.exit, &QAction::triggered, this, &Form1::exitCommand);
-    connect(menu.options, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("The Options window")); });
+    connect(menu.options, &QAction::triggered, this, &Form1::optionsCommand);
     connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
     connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
     connect(menu.print, &QAction::triggered, this,
@@ -205,6 +206,9 @@ void Form1::connectCommands() {
 void Form1::startUp() {
     m_settings.BoardFontName = QStringLiteral("Arial");
     m_settings.BoardFontSize = 18;
+    m_form6 = new Form6(m_settings, m_scheme, m_gate, this);
+    m_form6->model().setCommand2([this] { Command2Click(); });
+    m_form6->model().fillFontList(QFontDatabase::families());
     m_settings.AppFolder = AppFolder();
 
     if (m_msgForm) {
@@ -220,6 +224,7 @@ void Form1::startUp() {
     }
     m_settings.TextColour = Settings::DefaultTextColour;
     m_settings.SchemeCollectionPath = m_settings.AppFolder + QStringLiteral("all.col");
+    m_form6->model().fillSchemeList();
 
     // The status line's text is black whatever the desktop's palette says.
     setTextColour(m_statusLine, Qt::black);
@@ -327,6 +332,11 @@ void Form1::dictionaryCommand() {
     if (answer.isEmpty())
         return;
     openDictionary(*m_session, *m_board, answer);
+}
+
+void Form1::optionsCommand() {
+    m_form6->exec();
+    letEventsRun();
 }
 
 void Form1::exitCommand() {

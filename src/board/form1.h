@@ -23,6 +23,7 @@ class BoxControl;
 class ColourScheme;
 class FNDialog;
 class Form4;
+class Form6;
 class MsgForm;
 class Notifier;
 class PlayBoard;
@@ -54,6 +55,8 @@ public:
     void createCommand();
     void dictionaryCommand();
     void exitCommand();
+    // File > Options: the Options window, modal; pending events run once it is closed.
+    void optionsCommand();
     // Help shows the help window with the program folder's "pentalink.htm" and returns at
     // once (modeless); About shows the About window and returns when it has closed.
     void helpCommand();
@@ -62,6 +65,7 @@ public:
     PuzzleSession& session() { return *m_session; }
     QTimer& timer2() { return m_timer2; }
     FNDialog& filePicker() { return *m_filePicker; }
+    Form6& form6() { return *m_form6; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
     BoardView& boardView() { return *m_boardView; }
@@ -113,6 +117,7 @@ private:
     BoxControl* m_cmdreset = nullptr;
     BoxControl* m_cmdcreate = nullptr;
     FNDialog* m_filePicker = nullptr;
+    Form6* m_form6 = nullptr; // created at start-up, hidden rather than closed
     Form4* m_form4 = nullptr;
     AboutForm* m_aboutForm = nullptr;
 

@@ -38,3 +38,8 @@ int MessageGate::standardBox(const QString& text, const QString& typ, const QStr
     const HookScope hook(m_hook);
     return m_inner.standardBox(text, typ, title);
 }
+
+QString MessageGate::inputBox(const QString& prompt, const QString& title) {
+    const ScopedCount open(m_open);
+    return m_inner.inputBox(prompt, title);
+}

@@ -15,6 +15,7 @@ public:
 
     int MsgboxA(const QString& s, const QString& typ) override;
     int standardBox(const QString& text, const QString& typ, const QString& title) override;
+    QString inputBox(const QString& prompt, const QString& title) override;
 
     // True while a message passed through this gate has not been answered yet.
     bool isOpen() const { return m_open > 0; }

@@ -1,6 +1,6 @@
-// The one way non-widget code puts a notice or a question to the player. The main window
-// supplies an implementation backed by the message window; tests supply a recorder that
-// answers from a script, so no modal loop ever runs in a test.
+// The one way non-widget code puts a notice or a question (or asks for a line of text) to the
+// player. The main window supplies an implementation backed by the message window; tests
+// supply a recorder that answers from a script, so no modal loop ever runs in a test.
 #pragma once
 
 #include <QString>
@@ -29,4 +29,9 @@ public:
     // buttons named by the style text `typ` as above, and returns the answer. Used where the
     // program deliberately does not use its own message window (error records, Options).
     virtual int standardBox(const QString& text, const QString& typ, const QString& title) = 0;
+
+    // Asks for one line of text with the platform's standard input box titled `title`,
+    // showing `prompt` and an empty entry field. Returns the text typed; Cancel or closing the
+    // box gives an empty text, exactly as an empty answer does.
+    virtual QString inputBox(const QString& prompt, const QString& title) = 0;
 };

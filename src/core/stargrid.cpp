@@ -5,15 +5,31 @@
 
 namespace {
 
-constexpr std::array<const char*, StarGrid::DirectionCount> kLineTable = {
-    "0258", "0369", "1234", "4321", "1579", "4678", "8520", "9630", "8764", "9751"};
-
 constexpr std::array<std::array<int, 4>, StarGrid::LineCount> kLines = {{
     {0, 2, 5, 8},
     {0, 3, 6, 9},
     {1, 2, 3, 4},
     {1, 5, 7, 9},
     {4, 6, 7, 8},
+}};
+
+// Direction k (1..10) reads line kDirections[k - 1].line, from its last cell when reversed:
+// "0258", "0369", "1234", "4321", "1579", "4678", "8520", "9630", "8764", "9751".
+struct Direction {
+    int line;
+    bool reversed;
+};
+constexpr std::array<Direction, StarGrid::DirectionCount> kDirections = {{
+    {0, false},
+    {1, false},
+    {2, false},
+    {2, true},
+    {3, false},
+    {4, false},
+    {0, true},
+    {1, true},
+    {4, true},
+    {3, true},
 }};
 
 bool validDirection(int k) {
@@ -23,27 +39,29 @@ bool validDirection(int k) {
 } // namespace
 
 StarGrid::StarGrid() {
-    for (int k = 1; k <= DirectionCount; ++k)
-        LineTable[k] = QString::fromLatin1(kLineTable[k - 1]);
+    for (int k = 1; k <= DirectionCount; ++k) {
+        for (const int cell : cellsOf(k))
+            LineTable[k] += QChar(u'0' + cell);
+    }
 }
 
 std::array<int, 4> StarGrid::cellsOf(int direction) const {
-    std::array<int, 4> cells{-1, -1, -1, -1};
     if (!validDirection(direction))
-        return cells;
-    const QString& digits = LineTable[direction];
-    for (int i = 0; i < 4 && i < digits.size(); ++i)
-        cells[i] = digits[i].digitValue();
+        return {-1, -1, -1, -1};
+    const Direction d = kDirections[direction - 1];
+    std::array<int, 4> cells = kLines[d.line];
+    if (d.reversed)
+        std::reverse(cells.begin(), cells.end());
     return cells;
 }
 
 int StarGrid::reverseOf(int direction) const {
     if (!validDirection(direction))
         return -1;
-    QString reversed = LineTable[direction];
-    std::reverse(reversed.begin(), reversed.end());
+    const Direction d = kDirections[direction - 1];
     for (int k = 1; k <= DirectionCount; ++k) {
-        if (LineTable[k] == reversed)
+        const Direction other = kDirections[k - 1];
+        if (other.line == d.line && other.reversed != d.reversed)
             return k;
     }
     return -1;

@@ -35,7 +35,8 @@ public:
     // DecoyFlags[i] (i = 1..8): 1 when CandidateWords[i] is a decoy, else 0.
     std::array<qint32, CandidateCount + 1> DecoyFlags{};
 
-    // The cells of direction k (1..10) in reading order. k outside 1..10 yields {-1,-1,-1,-1}.
+    // The cells of direction k (1..10) in reading order, from the fixed tables (LineTable
+    // spells the same digits). k outside 1..10 yields {-1,-1,-1,-1}.
     std::array<int, 4> cellsOf(int direction) const;
     // The direction that reads the same line the other way (1..10), or -1 for k outside 1..10.
     int reverseOf(int direction) const;

@@ -19,7 +19,7 @@ class QTextBrowser;
 class Form4 : public QWidget {
     Q_OBJECT
 public:
-    // Designed inner size and the browser's designed place, in twips.
+    // The window's inner size when it first opens, in twips.
     static constexpr int DesignedWidth = 7185;
     static constexpr int DesignedHeight = 5625;
 

@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -54,4 +55,22 @@ int MsgFormNotifier::standardBox(const QString& text, const QString& typ, const 
             return value;
     }
     return AnswerNone;
+}
+
+QString MsgFormNotifier::inputBox(const QString& prompt, const QString& title) {
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title);
+    box.setLabelText(prompt);
+    box.setTextValue(QString());
+    bool accepted = false;
+    if (m_inputHook) {
+        box.show();
+        m_inputHook(box);
+        accepted = box.result() == QDialog::Accepted;
+        box.hide();
+    } else {
+        accepted = box.exec() == QDialog::Accepted;
+    }
+    QCoreApplication::processEvents();
+    return accepted ? box.textValue() : QString();
 }

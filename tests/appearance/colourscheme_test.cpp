@@ -217,13 +217,15 @@ TEST_F(ColourSchemeTest, DeriveScalesTheShiftsWithTheContrastRoundingHalfToEven)
 }
 
 TEST_F(ColourSchemeTest, ListNamesEveryLineHoldingDotColInFileOrder) {
-    EXPECT_TRUE(m_scheme.ListSchemeNames().isEmpty()); // no collection
+    EXPECT_FALSE(m_scheme.ListSchemeNames().has_value()); // no collection: nothing to list
+    writeCollection({QStringLiteral("no headers at all")});
+    EXPECT_EQ(m_scheme.ListSchemeNames(), QStringList()); // read, but no section
     writeCollection(numberedSection(QStringLiteral("zeta.col")) +
                     numberedSection(QStringLiteral("Alpha.col")) +
                     numberedSection(QStringLiteral("mid.col old")) +
                     numberedSection(QStringLiteral("LOUD.COL")) +
                     QStringList{QStringLiteral("a note about x.color")});
-    const QStringList names = m_scheme.ListSchemeNames();
+    const QStringList names = m_scheme.ListSchemeNames().value_or(QStringList());
     EXPECT_EQ(names, (QStringList{QStringLiteral("zeta"), QStringLiteral("Alpha"),
                                   QStringLiteral("mid"), QStringLiteral("a note about x")}));
     // A header with text after ".col" is listed but cannot be found by that name.

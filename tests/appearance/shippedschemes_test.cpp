@@ -65,7 +65,7 @@ TEST_F(ShippedSchemes, EightOrMoreDistinctSchemesLoadAsStoredAndKeepTextReadable
     const auto fresh = m_scheme.SchemeColours;
     ASSERT_TRUE(m_scheme.LoadColourScheme(QStringLiteral("xp.col")));
     EXPECT_EQ(m_scheme.SchemeColours, fresh);
-    const QStringList names = m_scheme.ListSchemeNames();
+    const QStringList names = m_scheme.ListSchemeNames().value_or(QStringList());
     EXPECT_GE(names.size(), 8);
     EXPECT_TRUE(names.contains(QStringLiteral("xp")));
     EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());

@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
@@ -39,6 +40,10 @@ TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
     // X11 and Wayland append a display name to every title; the program sets none (the name
     // stands in for it then).
     EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
+    // Docks and task switchers match the windows with the desktop entry the install ships.
+    EXPECT_TRUE(QFileInfo::exists(shippedDataDir() + QStringLiteral("../packaging/") +
+                                  QGuiApplication::desktopFileName() + QStringLiteral(".desktop")))
+        << QGuiApplication::desktopFileName().toStdString();
     EXPECT_EQ(form.centralWidget()->size(), QSize(356, 409));      // 5340 x 6135 twips
     EXPECT_EQ(form.boardView().geometry(), QRect(0, 0, 356, 382)); // down to the status line
     EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));

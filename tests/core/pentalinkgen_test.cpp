@@ -136,7 +136,11 @@ TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
 // Both programs answer --help and --version in GNU form, without a display and before
 // reading any file.
 TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
+#ifdef PENTALINK_GAME_PATH
     const QString game = QStringLiteral(PENTALINK_GAME_PATH);
+#else
+    const QString game; // the sanitizer tree does not build the game: its rows are skipped
+#endif
     const QString gen = QStringLiteral(PENTALINK_GEN_PATH);
     const QString version = QStringLiteral(" (Pentalink) " PENTALINK_VERSION "\nCopyright (C) ");
     const struct {
@@ -163,6 +167,8 @@ TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
         {gen, {"--version"}, "pentalink-gen" + version, {}},
     };
     for (const auto& row : rows) {
+        if (row.program.isEmpty())
+            continue;
         const GenRun run = runGen(row.args, row.program);
         const std::string what = (row.program + u' ' + row.args.join(u' ')).toStdString();
         EXPECT_EQ(run.exitCode, 0) << what;

@@ -11,6 +11,13 @@ int RecordingNotifier::standardBox(const QString& text, const QString& typ, cons
     return nextAnswer();
 }
 
+QString RecordingNotifier::inputBox(const QString& prompt, const QString& title) {
+    m_messages.append({prompt, QString(), title, false, true});
+    if (duringMessage)
+        duringMessage();
+    return m_texts.isEmpty() ? QString() : m_texts.takeFirst();
+}
+
 QStringList RecordingNotifier::texts() const {
     QStringList list;
     for (const RecordedMessage& m : m_messages)

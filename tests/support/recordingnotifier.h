@@ -1,5 +1,6 @@
 // A Notifier for tests: records every message and answers from a queue of scripted answers
-// (AnswerOk when the queue is empty), so code that asks the player runs without a modal loop.
+// (AnswerOk when the queue is empty) and every input box from a queue of scripted texts (""
+// when empty, as Cancel gives), so code that asks the player runs without a modal loop.
 // A hook can run while a message "is open", standing in for the timer events a modal message
 // loop delivers.
 #pragma once
@@ -17,15 +18,19 @@ struct RecordedMessage {
     QString style;
     QString title; // empty for MsgboxA
     bool standard = false;
+    bool input = false; // an input box: `text` is its prompt
 };
 
 class RecordingNotifier : public Notifier {
 public:
     int MsgboxA(const QString& s, const QString& typ) override;
     int standardBox(const QString& text, const QString& typ, const QString& title) override;
+    QString inputBox(const QString& prompt, const QString& title) override;
 
     // Answers handed out in order to the following calls.
     void queueAnswer(int answer) { m_answers.append(answer); }
+    // Texts handed out in order to the following input boxes.
+    void queueText(const QString& text) { m_texts.append(text); }
 
     const QList<RecordedMessage>& messages() const { return m_messages; }
     // The texts of the recorded messages, in order.
@@ -40,4 +45,5 @@ private:
 
     QList<RecordedMessage> m_messages;
     QList<int> m_answers;
+    QList<QString> m_texts;
 };

@@ -12,6 +12,7 @@
 
 #include <QAbstractButton>
 #include <QFontMetricsF>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSet>
@@ -345,6 +346,23 @@ TEST(MsgFormNotifier, StandardBoxShowsTitleTextIconAndAnswersTheButtonChosenOrNo
     EXPECT_EQ(
         notifier.standardBox(QStringLiteral("q"), QStringLiteral("vbyesno"), QStringLiteral("t")),
         AnswerYes);
+}
+
+TEST(MsgFormNotifier, InputBoxGivesTheTextTypedOrNothingOnCancel) {
+    MsgForm form;
+    MsgFormNotifier notifier{form};
+    for (const bool accept : {true, false}) {
+        notifier.setInputBoxHook([accept](QInputDialog& box) {
+            EXPECT_EQ(box.windowTitle(), QStringLiteral("Pentalink"));
+            EXPECT_EQ(box.labelText(), QStringLiteral("Enter new Color Scheme name"));
+            EXPECT_TRUE(box.textValue().isEmpty());
+            box.setTextValue(QStringLiteral("Ocean"));
+            accept ? box.accept() : box.reject();
+        });
+        EXPECT_EQ(notifier.inputBox(QStringLiteral("Enter new Color Scheme name"),
+                                    QStringLiteral("Pentalink")),
+                  accept ? QStringLiteral("Ocean") : QString());
+    }
 }
 
 } // namespace

@@ -56,7 +56,7 @@ TEST(KitPictures, AMessageInEveryShippedScheme) {
         "vbquestion+vbyesno",    "vbexclamation+vbokcancel", "vbinformation+vbok",
         "vberror+vbretrycancel", "vbcritical+vbok",          "vbhappy+vbok",
         "vbtrash+vbyesnocancel", "vbprint+vbokcancel",       "vblighton+vbabortretryignore"};
-    const QStringList names = scheme.ListSchemeNames();
+    const QStringList names = scheme.ListSchemeNames().value_or(QStringList());
     ASSERT_FALSE(names.isEmpty());
     QList<QImage> shots;
     // As the main window sets it up: Arial 9, dark grey text, colour 2 behind, colour 4 on the

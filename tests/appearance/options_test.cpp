@@ -1,0 +1,450 @@
+// The rules of the colour picker and the Options window without a display: the picker's
+// shading functions, the events a selection raises and their order, when the strips are
+// redrawn; the window's lists, sample size, contrast bar and the flows of its buttons with
+// their messages and their effect on "all.col".
+#include "appearance/colourpicker.h"
+#include "appearance/colourscheme.h"
+#include "appearance/optionsmodel.h"
+#include "appearance/pickercolours.h"
+
+#include "core/settings.h"
+#include "support/recordingnotifier.h"
+#include "support/testfolder.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace PickerColours;
+
+// A desktop whose window-background system colour (5) is RGB(250, 240, 230); every other
+// system colour cannot be translated.
+constexpr quint32 SystemWindow = 0x80000005u;
+quint32 desktop(quint32 colour) {
+    if (colour == SystemWindow)
+        return packRgb(250, 240, 230);
+    return colour & 0x80000000u ? 0 : colour;
+}
+
+QString rgb(quint32 c) {
+    return QStringLiteral("%1,%2,%3").arg(c & 0xFF).arg((c >> 8) & 0xFF).arg(c >> 16);
+}
+
+// A picker after its first sizing, logging "sel r,g,b" for each SelColor and "strips r,g,b"
+// for each redrawing of the strips, in the order they happen.
+class PickerTest : public ::testing::Test {
+protected:
+    PickerTest() {
+        QObject::connect(&m_picker, &ColourPicker::SelColor,
+                         [this](quint32 c) { m_log << QStringLiteral("sel ") + rgb(c); });
+        QObject::connect(&m_picker, &ColourPicker::stripsDrawn,
+                         [this](quint32 c) { m_log << QStringLiteral("strips ") + rgb(c); });
+        m_picker.sized();
+        m_log.clear();
+    }
+
+    ColourPicker m_picker{desktop};
+    QStringList m_log;
+};
+
+TEST(PickerColours, ShadesRoundHalfToEvenInSinglePrecision) {
+    const struct {
+        quint32 colour;
+        int percent;
+        quint32 dark, light;
+    } rows[] = {
+        // 227.5, 177.5 and 152.5 go to the even neighbour.
+        {packRgb(200, 100, 50), 128, packRgb(100, 50, 25), packRgb(228, 178, 152)},
+        {packRgb(200, 100, 50), 0, packRgb(0, 0, 0), packRgb(255, 255, 255)},
+        {packRgb(200, 100, 50), 256, packRgb(200, 100, 50), packRgb(200, 100, 50)},
+        // 3 x 0.5 = 1.5 -> 2, 5 x 0.5 = 2.5 -> 2; (255 - 3) x 0.5 + 3 = 129.
+        {packRgb(3, 5, 255), 128, packRgb(2, 2, 128), packRgb(129, 130, 255)},
+        // f = 1/256: 255 x f = 0.996 -> 1; (255 - 0) x 255/256 = 254.00390625 -> 254.
+        {packRgb(255, 0, 128), 1, packRgb(1, 0, 0), packRgb(255, 254, 255)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(rgb(row.colour).toStdString() + " " + std::to_string(row.percent));
+        EXPECT_EQ(rgb(clrBlackness(row.colour, row.percent)), rgb(row.dark));
+        EXPECT_EQ(rgb(clrWhiteness(row.colour, row.percent)), rgb(row.light));
+    }
+}
+
+TEST_F(PickerTest, FirstSizingSelectsLightGreyAndEverySelectionReportsEachBarThatMoves) {
+    EXPECT_EQ(m_picker.SchemeColor(), StartColour);
+    EXPECT_EQ(m_picker.RedrawStrips(), 1);
+
+    // All three channels differ: three events, the last with the new colour, the strips
+    // redrawn for each intermediate colour and once more at the end.
+    m_picker.setSchemeColor(packRgb(10, 20, 30));
+    EXPECT_EQ(m_log,
+              (QStringList{"strips 10,192,192", "sel 10,192,192", "strips 10,20,192",
+                           "sel 10,20,192", "strips 10,20,30", "sel 10,20,30", "strips 10,20,30"}));
+    EXPECT_EQ(m_picker.SchemeColor(), packRgb(10, 20, 30));
+    EXPECT_EQ((QStringList{m_picker.degreeCaption(ColourPicker::Red),
+                           m_picker.degreeCaption(ColourPicker::Green),
+                           m_picker.degreeCaption(ColourPicker::Blue)}),
+              (QStringList{"10", "20", "30"}));
+    EXPECT_EQ(m_picker.channelSwatch(ColourPicker::Green), packRgb(0, 20, 0));
+
+    // Only blue differs: one event. The same colour again: no event, the strips redrawn.
+    m_log.clear();
+    m_picker.setSchemeColor(packRgb(10, 20, 99));
+    EXPECT_EQ(m_log, (QStringList{"strips 10,20,99", "sel 10,20,99", "strips 10,20,99"}));
+    m_log.clear();
+    m_picker.setSchemeColor(packRgb(10, 20, 99));
+    EXPECT_EQ(m_log, QStringList{"strips 10,20,99"});
+
+    // A system colour is selected and reported as the RGB the desktop shows for it; one that
+    // cannot be translated becomes black.
+    m_log.clear();
+    m_picker.setSchemeColor(SystemWindow);
+    EXPECT_EQ(m_log.last(), QStringLiteral("strips 250,240,230"));
+    EXPECT_EQ(m_log.filter(QStringLiteral("sel")).last(), QStringLiteral("sel 250,240,230"));
+    m_picker.setSchemeColor(0x80000063u);
+    EXPECT_EQ(m_picker.SchemeColor(), 0u);
+}
+
+TEST_F(PickerTest, AClickFromY900OnIsAStripClickThatKeepsTheStrips) {
+    const struct {
+        double y;
+        QStringList log;
+    } rows[] = {
+        {899.9,
+         {"strips 0,192,192", "sel 0,192,192", "strips 0,0,192", "sel 0,0,192", "strips 0,0,255",
+          "sel 0,0,255", "strips 0,0,255", "sel 0,0,255"}},
+        {900.0, {"sel 0,192,192", "sel 0,0,192", "sel 0,0,255", "sel 0,0,255"}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.y);
+        m_picker.setSchemeColor(StartColour);
+        m_log.clear();
+        m_picker.surfaceClicked(packRgb(0, 0, 255), row.y);
+        EXPECT_EQ(m_log, row.log);
+        EXPECT_EQ(m_picker.RedrawStrips(), 1);
+        EXPECT_EQ(m_picker.SchemeColor(), packRgb(0, 0, 255));
+    }
+}
+
+TEST_F(PickerTest, MovingABarReportsTheColourOfTheThreeBars) {
+    m_picker.setBarValue(ColourPicker::Green, 7);
+    EXPECT_EQ(m_log, (QStringList{"strips 192,7,192", "sel 192,7,192"}));
+    EXPECT_EQ(m_picker.channelSwatch(ColourPicker::Green), packRgb(0, 7, 0));
+    EXPECT_EQ(m_picker.degreeCaption(ColourPicker::Green), QStringLiteral("7"));
+    m_log.clear();
+    m_picker.setBarValue(ColourPicker::Green, 7); // not a change
+    m_picker.setBarValue(ColourPicker::Red, 400); // held to 255
+    EXPECT_EQ(m_log, (QStringList{"strips 255,7,192", "sel 255,7,192"}));
+}
+
+// The Options window's rules over a collection of three schemes, xp being the active one,
+// and a font list; the picker has had its first sizing.
+class OptionsTest : public ::testing::Test {
+protected:
+    OptionsTest() {
+        m_scheme.setNotifier(&m_notifier);
+        m_picker.sized();
+        for (const char* name : {"xp", "Ocean", "sand"}) {
+            m_scheme.DeriveScheme(packRgb(200, 190, 180), 100);
+            m_scheme.AppendScheme(QString::fromLatin1(name));
+        }
+        m_settings.ActiveSchemeFile = QStringLiteral("xp.col");
+        m_model.setCommand2([this] { ++m_command2Presses; });
+        m_model.fillFontList({"Liberation Serif", "arial", "DejaVu Sans", "Courier New"});
+        m_model.fillSchemeList();
+    }
+
+    // Selects the scheme listed as `name` ("" for none).
+    void select(const QString& name) { m_model.selectScheme(m_model.schemeNames().indexOf(name)); }
+    QStringList messages() const {
+        QStringList texts;
+        for (const RecordedMessage& m : m_notifier.messages())
+            texts << (m.input ? QStringLiteral("? ") : QString()) + m.text;
+        return texts;
+    }
+    QStringList headers() const {
+        const QStringList lines =
+            SchemeFile::readLines(m_settings.SchemeCollectionPath).value_or(QStringList());
+        return lines.filter(QStringLiteral(".col"));
+    }
+
+    TestFolder m_folder;
+    Settings m_settings = Settings::forFolder(m_folder.path());
+    RecordingNotifier m_notifier;
+    ColourScheme m_scheme{m_settings};
+    ColourPicker m_picker{desktop};
+    OptionsModel m_model{m_settings, m_scheme, m_notifier, m_picker};
+    int m_command2Presses = 0;
+};
+
+TEST_F(OptionsTest, StartUpListsSortedIgnoringCaseAndKeepsThemWhenTheFileCannotBeRead) {
+    EXPECT_EQ(m_model.schemeNames(), (QStringList{"ocean", "sand", "xp"}));
+    EXPECT_EQ(m_model.fontNames(),
+              (QStringList{"arial", "Courier New", "DejaVu Sans", "Liberation Serif"}));
+    QFile::remove(m_settings.SchemeCollectionPath);
+    m_model.fillSchemeList(); // unreadable: the list stays
+    EXPECT_EQ(m_model.schemeNames().size(), 3);
+    m_folder.write(QStringLiteral("all.col"), "no sections here\r\n");
+    m_model.fillSchemeList(); // read, and empty
+    EXPECT_TRUE(m_model.schemeNames().isEmpty());
+}
+
+TEST_F(OptionsTest, AddAsksForANameAndAppendsTheCurrentColoursUnderItsLowerCasedHeader) {
+    const struct {
+        const char* typed;
+        bool writerFails;
+        QStringList messages;
+        QStringList headers;
+    } rows[] = {
+        {"", false, {"? Enter new Color Scheme name"}, {"xp.col", "ocean.col", "sand.col"}},
+        {"OCEAN",
+         false,
+         {"? Enter new Color Scheme name", "Color Scheme: OCEAN already exists"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {"Deep Sea",
+         true,
+         {"? Enter new Color Scheme name", "Error in adding Color Scheme:\ndeep sea.col"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {"Deep Sea",
+         false,
+         {"? Enter new Color Scheme name", "Color Scheme: Deep Sea added"},
+         {"xp.col", "ocean.col", "sand.col", "deep sea.col"}},
+    };
+    m_scheme.DeriveScheme(packRgb(10, 128, 250), 100);
+    const auto colours = m_scheme.SchemeColours;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.typed);
+        m_notifier.clear();
+        select(QStringLiteral("sand"));
+        m_scheme.setWriter(
+            row.writerFails
+                ? SchemeFile::Writer([](const QString&, const QByteArray&) { return false; })
+                : SchemeFile::Writer());
+        m_notifier.queueText(QString::fromLatin1(row.typed));
+        m_model.add();
+        EXPECT_EQ(messages(), row.messages);
+        EXPECT_EQ(headers(), row.headers);
+        // Only a successful add refills the list (and so drops the selection).
+        const bool added = row.headers.size() == 4;
+        EXPECT_EQ(m_model.schemeText(), added ? QString() : QStringLiteral("sand"));
+        EXPECT_EQ(m_model.schemeNames().contains(QStringLiteral("deep sea")), added);
+    }
+    m_scheme.SchemeColours.fill(0);
+    quint32 base = 0;
+    ASSERT_TRUE(m_scheme.PreviewScheme(QStringLiteral("deep sea.col"), base));
+    EXPECT_TRUE(std::equal(colours.begin(), colours.begin() + 13, m_scheme.SchemeColours.begin()));
+}
+
+TEST_F(OptionsTest, ReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
+    const auto fail = [](const QString&, const QByteArray&) { return false; };
+    const struct {
+        bool replace;
+        const char* selected;
+        const char* active;
+        int answer;
+        bool writerFails;
+        QStringList messages;
+        QStringList headers;
+    } rows[] = {
+        {false,
+         "",
+         "xp.col",
+         AnswerYes,
+         false,
+         {"Select a color scheme to delete"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {true,
+         "",
+         "xp.col",
+         AnswerYes,
+         false,
+         {"Select a color scheme to replace"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {false,
+         "xp",
+         "xp.col",
+         AnswerYes,
+         false,
+         {"Delete color scheme: xp", "Cannot delete currently active Color Scheme"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {false,
+         "xp",
+         "XP.col",
+         AnswerYes,
+         false,
+         {"Delete color scheme: xp", "Cannot delete currently active Color Scheme"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {false,
+         "xp",
+         "XP.col",
+         AnswerNo,
+         false,
+         {"Delete color scheme: xp"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {false,
+         "ocean",
+         "xp.col",
+         AnswerYes,
+         true,
+         {"Delete color scheme: ocean", "Error in updating Color Scheme:\nocean.col"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {true,
+         "sand",
+         "xp.col",
+         AnswerYes,
+         true,
+         {"Replace color scheme: sand", "Error in updating Color Scheme:\nsand.col"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {true,
+         "sand",
+         "xp.col",
+         AnswerNo,
+         false,
+         {"Replace color scheme: sand"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {true,
+         "sand",
+         "xp.col",
+         AnswerYes,
+         false,
+         {"Replace color scheme: sand", "Color Scheme: sand.col replaced"},
+         {"xp.col", "ocean.col", "sand.col"}},
+        {false,
+         "ocean",
+         "xp.col",
+         AnswerYes,
+         false,
+         {"Delete color scheme: ocean", "Color Scheme: ocean.col deleted"},
+         {"xp.col", "sand.col"}},
+    };
+    m_scheme.DeriveScheme(packRgb(1, 2, 3), 100);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.replace ? "replace " : "delete ") + row.selected);
+        m_notifier.clear();
+        m_settings.ActiveSchemeFile = QString::fromLatin1(row.active);
+        select(QString::fromLatin1(row.selected));
+        m_scheme.setWriter(row.writerFails ? SchemeFile::Writer(fail) : SchemeFile::Writer());
+        m_notifier.queueAnswer(row.answer);
+        if (row.replace)
+            m_model.replace();
+        else
+            m_model.remove();
+        EXPECT_EQ(messages(), row.messages);
+        EXPECT_EQ(headers(), row.headers);
+        // Only a successful delete refills the list; a replace keeps it and its selection.
+        const bool deleted = row.headers.size() == 2;
+        EXPECT_EQ(m_model.schemeText(), deleted ? QString() : QString::fromLatin1(row.selected));
+        EXPECT_EQ(m_model.schemeNames().size(), deleted ? 2 : 3);
+    }
+    // The replaced section holds the current colours, as stored.
+    quint32 base = 0;
+    ASSERT_TRUE(m_scheme.PreviewScheme(QStringLiteral("sand.col"), base));
+    EXPECT_EQ(base, packRgb(1, 2, 3));
+}
+
+TEST_F(OptionsTest, SampleSizeStepsWithLeftAndRightAndStaysIn8To32) {
+    const struct {
+        int configured;
+        int button;
+        int size;
+    } rows[] = {
+        {18, OptionsModel::LeftButton, 19},   {18, OptionsModel::RightButton, 17},
+        {18, OptionsModel::MiddleButton, 18}, {8, OptionsModel::RightButton, 8},
+        {32, OptionsModel::LeftButton, 32},   {40, OptionsModel::MiddleButton, 32},
+        {40, OptionsModel::RightButton, 32},  {3, 0, 8},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.configured) + " " + std::to_string(row.button));
+        m_settings.BoardFontSize = row.configured;
+        m_model.activate();
+        EXPECT_EQ(m_model.sampleFontSize(), float(row.configured));
+        m_model.sampleReleased(row.button);
+        EXPECT_EQ(m_model.sampleFontSize(), float(row.size));
+    }
+}
+
+TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontAndResetsContrastWithoutRebuilding) {
+    m_settings.BoardFontName = QStringLiteral("ARIAL");
+    m_settings.BoardFontSize = 20;
+    m_scheme.LoadColourScheme(QStringLiteral("ocean.col"));
+    m_model.setContrast(40); // runs View, from the picker's colour (still the start grey)
+    EXPECT_EQ(m_scheme.SchemeColours[6], packRgb(243, 243, 243)); // 192 + round(0.4 x 128)
+    m_scheme.SchemeColours[6] = packRgb(7, 7, 7);
+    m_scheme.SchemeColours[2] = 0x80000005u; // a system colour: the picker reports its RGB
+    m_model.selectScheme(1);
+
+    m_model.activate();
+    EXPECT_EQ(m_model.contrast(), 100);
+    EXPECT_EQ(m_scheme.SchemeColours[6], packRgb(7, 7, 7)); // not rebuilt
+    EXPECT_EQ(m_scheme.SchemeColours[2], packRgb(250, 240, 230));
+    EXPECT_EQ(m_picker.SchemeColor(), packRgb(250, 240, 230));
+    EXPECT_EQ(m_model.frame1Caption(), QStringLiteral("Colour Scheme: xp.col"));
+    EXPECT_EQ(m_model.background(), packRgb(250, 240, 230)); // recoloured after the picker
+    EXPECT_EQ(m_model.fontNames().value(m_model.fontRow()), QStringLiteral("arial"));
+    EXPECT_EQ(m_model.fontTopRow(), m_model.fontRow());
+    EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("ARIAL"));
+    EXPECT_EQ(m_model.sampleFontSize(), 20.0f);
+
+    m_model.fontClicked(2);
+    EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("DejaVu Sans"));
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
+}
+
+TEST_F(OptionsTest, PreviewRebuildsFromThePickerOnlyWhenTheContrastBarWasElsewhere) {
+    // Stored colours differ from derived ones: colour 6 of the file is the base + 128, held.
+    m_scheme.DeriveScheme(packRgb(40, 60, 80), 100);
+    m_scheme.SchemeColours[6] = packRgb(1, 2, 3);
+    m_scheme.ReplaceScheme(QStringLiteral("ocean"));
+    for (const int contrast : {100, 60}) {
+        SCOPED_TRACE(contrast);
+        m_model.setContrast(contrast);
+        select(QStringLiteral("ocean"));
+        m_model.preview();
+        EXPECT_EQ(m_model.contrast(), 100);
+        EXPECT_EQ(m_scheme.SchemeColours[2], packRgb(40, 60, 80));
+        EXPECT_EQ(m_scheme.SchemeColours[6],
+                  contrast == 100 ? packRgb(1, 2, 3) : packRgb(168, 188, 208));
+        EXPECT_EQ(m_model.frame1Caption(), QStringLiteral("Colour Scheme: ocean"));
+        EXPECT_EQ(m_model.background(), packRgb(40, 60, 80));
+    }
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
+
+    // A release with nothing selected previews ".col": not found, black, "default.col".
+    select(QString());
+    m_model.preview();
+    EXPECT_EQ(messages(), QStringList{"Color Scheme: .col not found"});
+    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("default.col"));
+    EXPECT_EQ(m_scheme.SchemeColours[2], 0u);
+}
+
+TEST_F(OptionsTest, ContrastMinus100LightensColours3To5AndDarkens6To8) {
+    m_picker.setSchemeColor(packRgb(100, 120, 140));
+    m_model.setContrast(-100);
+    const auto& c = m_scheme.SchemeColours;
+    EXPECT_EQ(c[2], packRgb(100, 120, 140));
+    EXPECT_EQ((std::array{c[3], c[4], c[5], c[6], c[7], c[8]}),
+              (std::array{packRgb(228, 244, 244), packRgb(132, 152, 172), packRgb(164, 184, 204),
+                          packRgb(1, 1, 12), packRgb(68, 88, 108), packRgb(36, 56, 76)}));
+    m_model.setContrast(-500); // held to the bar's minimum: no change, no rebuild
+    EXPECT_EQ(m_model.contrast(), -100);
+}
+
+TEST_F(OptionsTest, ApplyTakesTheSelectionIfAnyAndTheSampleFontThenPressesCommand2) {
+    m_settings.BoardFontSize = 18;
+    m_model.activate();
+    m_model.fontClicked(1);
+    m_model.sampleReleased(OptionsModel::LeftButton);
+    m_model.apply(); // nothing selected: the active scheme stays
+    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+    EXPECT_EQ(m_settings.BoardFontName, QStringLiteral("Courier New"));
+    EXPECT_EQ(m_settings.BoardFontSize, 19);
+    EXPECT_EQ(m_command2Presses, 1);
+    select(QStringLiteral("ocean"));
+    m_model.apply();
+    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("ocean.col"));
+    EXPECT_EQ(m_command2Presses, 2);
+    EXPECT_TRUE(m_notifier.messages().isEmpty()); // nothing is written, nothing said
+}
+
+} // namespace
