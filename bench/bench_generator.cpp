@@ -106,6 +106,45 @@ template <typename Generator> void noPuzzle(benchmark::State& state, const QStri
     state.counters["entries"] = game.list.ListCount();
 }
 
+// A stop request (the close box) during a search that holds no puzzle: the time from the
+// request to generate() returning. The request comes from the event pump's action after the
+// search has run for a while (kAbandonAfterMs), as a window event would bring it.
+constexpr double kAbandonAfterMs = 20;
+
+template <typename Generator> void abandon(benchmark::State& state, const QString& path) {
+    BenchGame game;
+    Generator generator;
+    generator.setEventPump(&game.pump);
+    Durations durations;
+    quint64 seed = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        game.load(path, seed++);
+        game.pump.clearStop();
+        using Clock = std::chrono::steady_clock;
+        const Clock::time_point start = Clock::now();
+        Clock::time_point requested{};
+        game.pump.setAction([&] {
+            const double ms =
+                std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+            if (!game.pump.stopRequested() && ms >= kAbandonAfterMs) {
+                game.pump.requestStop();
+                requested = Clock::now();
+            }
+        });
+        const GenerationResult result = generator.generate(game.list, game.grid);
+        const Clock::time_point returned = Clock::now();
+        game.pump.setAction({});
+        state.ResumeTiming();
+        if (!result.abandoned) {
+            state.SkipWithError("the search ended before the stop request");
+            return;
+        }
+        durations.add(std::chrono::duration<double, std::micro>(returned - requested).count());
+    }
+    durations.report(state, "stop_to_return_");
+}
+
 void add(const std::string& name, void (*run)(benchmark::State&, const QString&),
          const QString& path, int iterations = 0) {
     auto* b = benchmark::RegisterBenchmark(
@@ -130,6 +169,16 @@ int main(int argc, char** argv) {
     add("Puzzle/16k/fast/fresh_loads", freshLoads<IndexedPuzzleGenerator>, words16k, kSeeds * 25);
     add("Puzzle/16k/fast/successive", successive, words16k);
     add("NoPuzzle/16k/fast", noPuzzle<IndexedPuzzleGenerator>, g_files->noPuzzle(16000), 20);
+    const QString patterns = g_files->patternWords16k();
+    add("Puzzle/16k_patterns/fast/fresh_loads", freshLoads<IndexedPuzzleGenerator>, patterns,
+        kSeeds * 5);
+    add("Puzzle/16k_patterns/fast/successive", successive, patterns);
+    const QString patternNoPuzzle = g_files->patternNoPuzzle16k();
+    add("NoPuzzle/16k_patterns/fast", noPuzzle<IndexedPuzzleGenerator>, patternNoPuzzle, 10);
+    add("NoPuzzle/16k_hash_xyz/fast", noPuzzle<IndexedPuzzleGenerator>, g_files->hashXyz16k(), 10);
+    add("Abandon/16k_patterns_nopuzzle/fast", abandon<IndexedPuzzleGenerator>, patternNoPuzzle, 10);
+    add("Abandon/16k_patterns_nopuzzle/literal", abandon<LiteralPuzzleGenerator>, patternNoPuzzle,
+        3);
     const std::string small = std::to_string(kLiteralNoPuzzleWords / 1000) + "k";
     add("NoPuzzle/" + small + "/literal", noPuzzle<LiteralPuzzleGenerator>,
         g_files->noPuzzle(kLiteralNoPuzzleWords), 1);

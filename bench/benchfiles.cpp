@@ -54,6 +54,26 @@ QStringList drawnWords(const QStringList& model, int count, unsigned seed) {
     return words;
 }
 
+// `count` distinct lines: three characters from `letters` (each drawn by `draw`) and one of
+// `specials` at a random place.
+template <typename Draw>
+QStringList linesWithOneOf(const QString& specials, int count, unsigned seed, Draw draw) {
+    std::mt19937 random(seed);
+    QStringList lines;
+    QSet<QString> seen;
+    while (lines.size() < count) {
+        QString w;
+        for (int k = 0; k < 3; ++k)
+            w += draw(random, k);
+        w.insert(static_cast<qsizetype>(random() % 4), specials[random() % specials.size()]);
+        if (!seen.contains(w)) {
+            seen.insert(w);
+            lines << w;
+        }
+    }
+    return lines;
+}
+
 } // namespace
 
 BenchFiles::BenchFiles() {
@@ -93,6 +113,40 @@ QString BenchFiles::noPuzzle(int words) {
     std::mt19937 random(static_cast<unsigned>(words));
     std::shuffle(all.begin(), all.end(), random);
     return write(name, all.mid(0, words));
+}
+
+QString BenchFiles::patternWords16k() {
+    std::array<QString, 4> columns; // every letter at each position, as often as it occurs
+    for (const QString& w : m_model) {
+        for (int k = 0; k < 4; ++k)
+            columns[static_cast<size_t>(k)] += w[k];
+    }
+    return write(
+        QStringLiteral("patterns16k.txt"),
+        linesWithOneOf(QStringLiteral("?*#["), 16000, 17, [&](std::mt19937& random, int k) {
+            const QString& column = columns[static_cast<size_t>(k)];
+            return column[random() % column.size()];
+        }));
+}
+
+QString BenchFiles::patternNoPuzzle16k() {
+    const QString consonants = QStringLiteral("bcdfghjklmnpqrstvwxz");
+    return write(QStringLiteral("patternsnopuzzle16k.txt"),
+                 linesWithOneOf(QStringLiteral("#"), 16000, 18, [&](std::mt19937& random, int) {
+                     return consonants[random() % consonants.size()];
+                 }));
+}
+
+QString BenchFiles::hashXyz16k() {
+    const QStringList distinct =
+        linesWithOneOf(QStringLiteral("#"), 108, 19, [](std::mt19937& random, int) {
+            return QStringLiteral("xyz")[random() % 3];
+        });
+    std::mt19937 random(20);
+    QStringList lines;
+    while (lines.size() < 16000)
+        lines << distinct[random() % distinct.size()];
+    return write(QStringLiteral("hashxyz16k.txt"), lines);
 }
 
 QString BenchFiles::write(const QString& name, const QStringList& lines) const {

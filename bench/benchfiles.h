@@ -7,7 +7,12 @@
 //     ("bako"). A word's reverse is vowel-consonant-vowel-consonant, so no third word can
 //     cross the second one and every attempt fails;
 //   - a 100,000-line file in which every line is a four-letter word (the heaviest load per
-//     line: every line is accepted and gives two entries).
+//     line: every line is accepted and gives two entries);
+//   - dictionaries of pattern characters: distinct random lines of three letters (drawn like
+//     the 16,000 words) and one of "?", "*", "#", "[" at a random place; distinct lines of one
+//     "#" and three of twenty consonants, which never give a puzzle (every line of the star
+//     would need its one "#" cell, but five lines cannot share cells two by two); and lines of
+//     one "#" and three of x, y, z, repeated (108 different lines), which never give one either.
 // Lines end with CR LF.
 #pragma once
 
@@ -26,6 +31,9 @@ public:
     // A dictionary of `words` distinct consonant-vowel words (at most 17,689), written on
     // first use.
     QString noPuzzle(int words);
+    QString patternWords16k();
+    QString patternNoPuzzle16k();
+    QString hashXyz16k();
 
 private:
     QString write(const QString& name, const QStringList& lines) const;

@@ -5,6 +5,7 @@
 #include "appearance/twipsrect.h"
 #include "ui/boxgeometry.h"
 #include "ui/olecolor.h"
+#include "ui/widgetcolours.h"
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -19,13 +20,6 @@ namespace {
 // The control's design size in twips.
 constexpr int DesignWidth = 3390;
 constexpr int DesignHeight = 2055;
-
-void setBackground(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, colour);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-}
 
 QLabel* makeLabel(QWidget* parent, const char* name, const QRect& place) {
     auto* label = new QLabel(parent);

@@ -6,6 +6,7 @@
 #include "appearance/twipsrect.h"
 #include "ui/boxcontrol.h"
 #include "ui/olecolor.h"
+#include "ui/widgetcolours.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -37,14 +38,13 @@ QFont fontOf(const QString& family, qreal points, bool bold = false) {
 }
 
 void setColours(QWidget* widget, const QColor& background) {
+    setBackground(widget, background);
     QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, background);
-    palette.setColor(QPalette::Base, background);
+    palette.setColor(QPalette::Base, background); // a list's entries stand on its base
     // Texts stay black whatever the desktop theme.
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
         palette.setColor(role, Qt::black);
     widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
 }
 
 // The selected row of a single-selection list, -1 when none is selected.

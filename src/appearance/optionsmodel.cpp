@@ -168,13 +168,19 @@ void OptionsModel::add() {
     message(QStringLiteral("Color Scheme: ") + name + QStringLiteral(" added"));
 }
 
-void OptionsModel::replace() {
+QString OptionsModel::confirmedSelection(const QString& noneSelected, const QString& question) {
     const QString name = schemeText();
     if (name.isEmpty()) {
-        message(QStringLiteral("Select a color scheme to replace"));
-        return;
+        message(noneSelected);
+        return QString();
     }
-    if (!confirm(QStringLiteral("Replace color scheme: ") + name))
+    return confirm(question + name) ? name : QString();
+}
+
+void OptionsModel::replace() {
+    const QString name = confirmedSelection(QStringLiteral("Select a color scheme to replace"),
+                                            QStringLiteral("Replace color scheme: "));
+    if (name.isEmpty())
         return;
     const QString file = SchemeFileName(name);
     if (!m_scheme.ReplaceScheme(name)) {
@@ -185,12 +191,9 @@ void OptionsModel::replace() {
 }
 
 void OptionsModel::remove() {
-    const QString name = schemeText();
-    if (name.isEmpty()) {
-        message(QStringLiteral("Select a color scheme to delete"));
-        return;
-    }
-    if (!confirm(QStringLiteral("Delete color scheme: ") + name))
+    const QString name = confirmedSelection(QStringLiteral("Select a color scheme to delete"),
+                                            QStringLiteral("Delete color scheme: "));
+    if (name.isEmpty())
         return;
     const QString file = SchemeFileName(name);
     if (file == m_settings.ActiveSchemeFile.toLower()) {

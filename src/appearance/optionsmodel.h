@@ -111,6 +111,9 @@ private:
     void RecolourOptions();
     void message(const QString& text);
     bool confirm(const QString& question);
+    // The selected scheme's name once the player said Yes to `question` + name; "" when none
+    // is selected (after showing `noneSelected`) or the answer was not Yes.
+    QString confirmedSelection(const QString& noneSelected, const QString& question);
     void setSchemeNames(const QStringList& names);
 
     Settings& m_settings;

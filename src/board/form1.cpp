@@ -18,6 +18,7 @@
 #include "ui/msgform.h"
 #include "ui/olecolor.h"
 #include "ui/programicon.h"
+#include "ui/widgetcolours.h"
 
 #include <QAction>
 #include <QApplication>
@@ -36,13 +37,6 @@ namespace {
 
 constexpr int BackgroundColour = 2;
 constexpr int MenuColour = 3;
-
-void setBackground(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, colour);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-}
 
 void setTextColour(QWidget* widget, const QColor& colour) {
     QPalette palette = widget->palette();
@@ -342,6 +336,12 @@ void Form1::optionsCommand() {
 void Form1::exitCommand() {
     if (m_exiting)
         return;
+    if (m_session->isBusy()) {
+        // A running search is abandoned first; the question comes once it has returned.
+        m_session->abandonSearch();
+        QTimer::singleShot(0, this, &Form1::exitCommand);
+        return;
+    }
     const int answer =
         m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
     letEventsRun();
@@ -386,13 +386,10 @@ void Form1::aboutCommand() {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
-    // Closing by the frame ends the program without saving; only Exit saves.
-    if (m_session->isBusy()) {
-        // The search lets events run; let it finish before the session goes away.
-        event->ignore();
-        QTimer::singleShot(50, this, &QWidget::close);
-        return;
-    }
+    // Closing by the frame ends the program at once, without saving (only Exit saves): a
+    // running search is abandoned and returns before its next attempt; the window (and the
+    // session, which it owns) lives on until the event loop ends.
+    m_session->abandonSearch();
     event->accept();
 }
 

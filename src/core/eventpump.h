@@ -27,9 +27,16 @@ public:
     // Runs the action now.
     void runNow();
 
+    // Asks the work that polls this pump to stop (the window is closing). The work checks it
+    // after its polls; the request stays until clearStop().
+    void requestStop() { m_stopRequested = true; }
+    bool stopRequested() const { return m_stopRequested; }
+    void clearStop() { m_stopRequested = false; }
+
 private:
     Action m_action;
     qint64 m_intervalMs;
     Clock m_clock;
     qint64 m_lastRun = 0;
+    bool m_stopRequested = false;
 };

@@ -29,6 +29,7 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
         return true;
     m_statistics.indexBuilt = true;
     m_wordNumbers.clear();
+    m_patterns.clear();
     const bool built = m_index.build(wordList);
     forgetFailures();
     if (!built)
@@ -49,6 +50,7 @@ void IndexedPuzzleGenerator::forgetFailures() {
     m_filings.clear();
     m_bySecond.assign(static_cast<size_t>(m_index.alphabetSize()), -1);
     m_bySingle.assign(static_cast<size_t>(m_index.entryCount()), -1);
+    m_steeringPool.clear();
 }
 
 void IndexedPuzzleGenerator::startAttempt() {
@@ -58,6 +60,7 @@ void IndexedPuzzleGenerator::startAttempt() {
                 stamp = 0;
         }
         std::fill(m_exhausted.begin(), m_exhausted.end(), 0);
+        m_patterns.resetCursors();
         m_stamp = 1;
     }
     m_second = m_third = m_first = -1;
@@ -73,17 +76,61 @@ void IndexedPuzzleGenerator::mark(int id) {
 
 bool IndexedPuzzleGenerator::run(clsSimpleArray& wordList, StarGrid& grid, int root) {
     ++m_statistics.attempts;
-    if (m_pump)
-        m_pump->poll(); // the marks are clear: the point where the literal search polls
-    const Outcome outcome = m_index.plain(root) ? attempt(wordList, grid, root) : Outcome::Literal;
-    m_lastWasLiteral = outcome == Outcome::Literal;
-    if (!m_lastWasLiteral)
+    m_mode = Mode::Index;
+    Outcome outcome = m_index.plain(root) ? attempt(wordList, grid, root) : Outcome::HandOver;
+    if (outcome == Outcome::HandOver) {
+        ++m_statistics.patternAttempts;
+        m_mode = Mode::Pattern;
+        outcome = patternAttempt(wordList, grid, root);
+    }
+    if (outcome != Outcome::HandOver)
         return outcome == Outcome::Succeeded;
     ++m_statistics.literalAttempts;
+    m_mode = Mode::Literal;
     if (m_literal.attempt(wordList, grid, m_index.currentIndex(root)))
         return true;
     grid.clearSolution();
     return false;
+}
+
+GenerationResult IndexedPuzzleGenerator::abandon(std::vector<int>& retry, size_t unreachedRetry,
+                                                 int resumeFrom, StarGrid& grid) {
+    // Every root before the one not run has failed and is remembered or queued again.
+    m_retry.insert(m_retry.end(), retry.begin() + static_cast<std::ptrdiff_t>(unreachedRetry),
+                   retry.end());
+    std::sort(m_retry.begin(), m_retry.end());
+    m_retry.erase(std::unique(m_retry.begin(), m_retry.end()), m_retry.end());
+    m_resumeFrom = resumeFrom;
+    grid.clearSolution();
+    return abandonedGeneration();
+}
+
+int IndexedPuzzleGenerator::knownFailure(int root) const {
+    if (!m_failedSearches.empty() && m_index.hasLetters(root)) {
+        const auto it = m_failedSearches.find(m_index.packed(root) & kLastThree);
+        if (it != m_failedSearches.end())
+            return it->second;
+    }
+    if (m_index.plain(root))
+        return kNoEntry; // cheap attempts: not worth the look-up
+    const int length = m_index.regularLength(root);
+    if (length == 0)
+        return kNoEntry;
+    const auto& failed = m_failedTexts[static_cast<size_t>(length - 4)];
+    const auto it = failed.find(m_index.packed(root));
+    return it == failed.end() ? kNoEntry : it->second;
+}
+
+void IndexedPuzzleGenerator::noteFailure(int root) {
+    if (m_mode != Mode::Pattern)
+        return; // attempts by index are cheap; literal ones are rare
+    if (m_searchFailed) {
+        m_failedSearches.emplace(m_index.packed(root) & kLastThree, root);
+        return;
+    }
+    const int length = m_index.regularLength(root);
+    if (length > 0)
+        m_failedTexts[static_cast<size_t>(length - 4)].emplace(m_index.packed(root), root);
 }
 
 GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, StarGrid& grid) {
@@ -93,6 +140,9 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         return {};
     if (!ensureIndex(wordList))
         return m_literal.generate(wordList, grid);
+    m_failedSearches.clear();
+    for (auto& failed : m_failedTexts)
+        failed.clear();
 
     // Roots in list order: first those whose remembered failure was dropped (all before
     // m_resumeFrom), then every root from m_resumeFrom on.
@@ -103,7 +153,8 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
     int lastRun = kNoEntry;
     for (;;) {
         int root;
-        if (nextRetry < retry.size()) {
+        const bool fromRetry = nextRetry < retry.size();
+        if (fromRetry) {
             root = retry[nextRetry++];
         } else if (nextRoot < m_index.entryCount()) {
             root = nextRoot++;
@@ -112,12 +163,22 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         }
         if (!m_index.alive(root))
             continue;
+        if (const int same = knownFailure(root); same >= 0) {
+            ++m_statistics.known;
+            copyFailure(root, same);
+            continue;
+        }
+        if (m_pump) {
+            m_pump->poll(); // the marks are clear: the point where the literal search polls
+            if (m_pump->stopRequested()) {
+                return fromRetry ? abandon(retry, nextRetry - 1, m_resumeFrom, grid)
+                                 : abandon(retry, nextRetry, root, grid);
+            }
+        }
         lastRun = root;
         if (!run(wordList, grid, root)) {
-            if (m_lastWasLiteral)
-                m_retry.push_back(root); // scanned attempts are not remembered
-            else
-                rememberFailure(root);
+            rememberFailure(root);
+            noteFailure(root);
             continue;
         }
 
@@ -125,7 +186,7 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         m_retry.insert(m_retry.end(), retry.begin() + static_cast<std::ptrdiff_t>(nextRetry),
                        retry.end());
         m_resumeFrom = std::max(m_resumeFrom, root + 1);
-        if (!m_lastWasLiteral)
+        if (m_mode != Mode::Literal)
             writeMarks(wordList);
         const int index = m_index.currentIndex(root);
         const QString rootEntry = wordList.List(index);
@@ -136,24 +197,21 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         m_marks[static_cast<size_t>(root)] = kRemovedStamp;
         std::sort(m_retry.begin(), m_retry.end());
         m_retry.erase(std::unique(m_retry.begin(), m_retry.end()), m_retry.end());
-        m_statistics.remembered = index + 1 - m_statistics.attempts;
+        m_statistics.remembered = index + 1 - m_statistics.attempts - m_statistics.known;
         return {true, rootEntry, index};
     }
 
     // Every root failed. The item data must show the marks of the last root's attempt.
     m_resumeFrom = m_index.entryCount();
-    m_statistics.remembered = wordList.ListCount() - m_statistics.attempts;
+    m_statistics.remembered = wordList.ListCount() - m_statistics.attempts - m_statistics.known;
     int last = m_index.entryCount() - 1;
     while (last >= 0 && !m_index.alive(last))
         --last;
     if (last != lastRun) {
         run(wordList, grid, last);
-        if (m_lastWasLiteral)
-            m_retry.push_back(last);
-        else
-            rememberFailure(last);
+        rememberFailure(last);
     }
-    if (!m_lastWasLiteral)
+    if (m_mode != Mode::Literal)
         writeMarks(wordList);
     return {};
 }
@@ -179,7 +237,7 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
         // Every entry with the second letter before this one has been tried or was marked.
         m_secondUpTo = head;
         if (!m_index.plain(head))
-            return Outcome::Literal;
+            return Outcome::HandOver;
         const Letter c0 = m_index.letter(head, 0);
         const Letter c8 = m_index.letter(head, 3);
         const int thirdGroup = m_index.byFirstTwo().findGroup(WordIndex::pack(c0, c3, 0, 0));
@@ -205,7 +263,7 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
                     break;
                 }
                 if (!m_index.plain(candidate))
-                    return Outcome::Literal;
+                    return Outcome::HandOver;
                 m_thirdUpTo = candidate;
                 const Letter c6 = m_index.letter(candidate, 2);
                 fourth = findByFirstTwoAndLast(c4, c6, c8);
@@ -230,7 +288,7 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
     }
     mark(fourth);
     if (!m_index.plain(fourth))
-        return Outcome::Literal;
+        return Outcome::HandOver;
 
     const Letter c0 = m_index.letter(second, 0);
     const Letter c5 = m_index.letter(second, 2);
@@ -248,10 +306,25 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
         mark(backwards);
     if (forwards < 0 && backwards < 0)
         return Outcome::Failed;
-    const int fifth = forwards >= 0 ? forwards : backwards;
 
+    std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth,
+                                                         forwards >= 0 ? forwards : backwards};
+    return finish(wordList, grid, entries, {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9},
+                  [this](Letter first, Letter last) {
+                      const int decoy = findByFirstAndLast(first, last);
+                      if (decoy >= 0)
+                          mark(decoy);
+                      return decoy;
+                  });
+}
+
+template <typename FindDecoy>
+IndexedPuzzleGenerator::Outcome
+IndexedPuzzleGenerator::finish(const clsSimpleArray& wordList, StarGrid& grid,
+                               std::array<int, StarGrid::CandidateCount>& entries,
+                               const std::array<Letter, StarGrid::CellCount>& cells,
+                               FindDecoy findDecoy) {
     std::array<int, StarGrid::CandidateCount> words{};
-    std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth, fifth};
     size_t held = 0;
     auto holds = [&](int word) {
         return std::find(words.begin(), words.begin() + held, word) != words.begin() + held;
@@ -264,12 +337,12 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
     }
 
     // Decoys: first letter and last letter of lines 0-2-5-8, 0-3-6-9 and 1-2-3-4.
-    const std::array<std::array<Letter, 2>, 3> decoyEnds = {{{c0, c8}, {c0, c9}, {c1, c4}}};
+    const std::array<std::array<Letter, 2>, 3> decoyEnds = {
+        {{cells[0], cells[8]}, {cells[0], cells[9]}, {cells[1], cells[4]}}};
     for (const auto& [first, last] : decoyEnds) {
-        const int decoy = findByFirstAndLast(first, last);
+        const int decoy = findDecoy(first, last);
         if (decoy < 0)
             return Outcome::Failed;
-        mark(decoy);
         const int word = wordId(wordList, decoy);
         if (holds(word))
             return Outcome::Failed;
@@ -277,9 +350,8 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
         words[held++] = word;
     }
 
-    const std::array<Letter, StarGrid::CellCount> cells = {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9};
     for (int p = 1; p <= StarGrid::CellCount; ++p)
-        grid.SolutionLetters[p] = letterText(cells[static_cast<size_t>(p - 1)]);
+        grid.SolutionLetters[p] = m_index.letterText(cells[static_cast<size_t>(p - 1)]);
     WorkingList working;
     for (size_t k = 0; k < entries.size(); ++k) {
         const QString word = realSpelling(wordList.List(m_index.currentIndex(entries[k])));
@@ -290,6 +362,101 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
     }
     publishCandidates(working, grid);
     return Outcome::Succeeded;
+}
+
+IndexedPuzzleGenerator::Outcome
+IndexedPuzzleGenerator::patternAttempt(const clsSimpleArray& wordList, StarGrid& grid, int root) {
+    startAttempt();
+    m_patterns.setSources(&m_index, &wordList);
+    m_patternMarks.clear();
+    m_steering.clear();
+    m_searchFailed = false;
+    if (!m_index.hasLetters(root))
+        return Outcome::HandOver;
+    using Kind = PatternLists::Kind;
+    auto listOf = [&](Kind kind, Letter a, Letter b = 0, Letter c = 0,
+                      Letter d = 0) -> PatternLists::List& {
+        return m_patterns.list(kind, WordIndex::pack(a, b, c, d));
+    };
+    auto find = [&](PatternLists::List& list) {
+        const int id = m_patterns.find(list, m_marks, m_stamp);
+        if (id >= 0)
+            m_patternMarks.push_back(id);
+        return id;
+    };
+    const Letter c1 = m_index.letter(root, 0);
+    const Letter c2 = m_index.letter(root, 1);
+    const Letter c3 = m_index.letter(root, 2);
+    const Letter c4 = m_index.letter(root, 3);
+
+    // Second, third and fourth words, as the literal search takes them.
+    PatternLists::List& seconds = listOf(Kind::Second, c2);
+    int second = kNoEntry;
+    int third = kNoEntry;
+    int fourth = kNoEntry;
+    while (fourth < 0) {
+        second = find(seconds);
+        if (second < 0) {
+            m_searchFailed = true;
+            return Outcome::Failed;
+        }
+        if (!m_index.hasLetters(second))
+            return Outcome::HandOver;
+        const Letter c0 = m_index.letter(second, 0);
+        if (exhausted(c0))
+            continue; // its third words ran out under an earlier second word
+        const Letter c8 = m_index.letter(second, 3);
+        PatternLists::List& thirds = listOf(Kind::Third, c0, c3);
+        bool tookThird = false;
+        for (;;) {
+            third = find(thirds);
+            if (third < 0)
+                break;
+            tookThird = true;
+            if (!m_index.hasLetters(third))
+                return Outcome::HandOver;
+            PatternLists::List& fourths = listOf(Kind::Fourth, c4, m_index.letter(third, 2), c8);
+            if (PatternLists::usedUp(fourths, m_stamp))
+                continue;
+            fourth = find(fourths);
+            if (fourth >= 0)
+                break;
+        }
+        if (tookThird)
+            m_steering.push_back(second);
+        if (fourth < 0)
+            m_exhausted[c0] = m_stamp;
+    }
+    m_steering.push_back(third);
+    m_steering.push_back(fourth);
+    if (!m_index.hasLetters(fourth))
+        return Outcome::HandOver;
+
+    const Letter c0 = m_index.letter(second, 0);
+    const Letter c5 = m_index.letter(second, 2);
+    const Letter c8 = m_index.letter(second, 3);
+    const Letter c6 = m_index.letter(third, 2);
+    const Letter c9 = m_index.letter(third, 3);
+    const Letter c7 = m_index.letter(fourth, 2);
+
+    const int forwards = find(listOf(Kind::Fifth, c1, c5, c7, c9));
+    const int backwards = find(listOf(Kind::FifthBackwards, c1, c5, c7, c9));
+    for (const int found : {forwards, backwards}) {
+        if (found >= 0)
+            m_steering.push_back(found);
+    }
+    if (forwards < 0 && backwards < 0)
+        return Outcome::Failed;
+
+    std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth,
+                                                         forwards >= 0 ? forwards : backwards};
+    return finish(wordList, grid, entries, {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9},
+                  [&](Letter first, Letter last) {
+                      const int decoy = find(listOf(Kind::Decoy, first, last));
+                      if (decoy >= 0)
+                          m_steering.push_back(decoy);
+                      return decoy;
+                  });
 }
 
 int IndexedPuzzleGenerator::rangeBound(int first, int second) const {
@@ -364,11 +531,6 @@ int IndexedPuzzleGenerator::wordId(const clsSimpleArray& wordList, int id) {
     return number;
 }
 
-QString IndexedPuzzleGenerator::letterText(Letter letter) const {
-    const char32_t c = m_index.codePoint(letter);
-    return QString::fromUcs4(&c, 1);
-}
-
 void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
     // Every item 0, then 1 for the ranges and the single marks of the last attempt.
     const std::span<qint32> data = wordList.allItemData();
@@ -377,6 +539,11 @@ void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
         if (m_index.alive(id))
             data[static_cast<size_t>(m_index.currentIndex(id))] = 1;
     };
+    if (m_mode == Mode::Pattern) {
+        for (const int id : m_patternMarks)
+            set(id);
+        return;
+    }
     auto setAll = [&](std::span<const int> ids, int upTo) {
         for (const int id : ids) {
             if (id > upTo)
@@ -410,22 +577,70 @@ void IndexedPuzzleGenerator::file(std::vector<int>& heads, size_t at, int root) 
 }
 
 void IndexedPuzzleGenerator::rememberFailure(int root) {
+    const auto steering = static_cast<int>(m_steering.size());
+    if (m_mode == Mode::Literal || (m_mode == Mode::Pattern && steering > kMaxSteering)) {
+        m_failures[static_cast<size_t>(root)].generation = 0;
+        m_retry.push_back(root); // run again next time
+        return;
+    }
     Failure& failure = m_failures[static_cast<size_t>(root)];
     failure.generation = ++m_failureGeneration;
-    failure.secondUpTo = m_secondUpTo;
-    failure.third = m_first >= 0 ? m_thirdUpTo : kNoEntry;
     failure.singles.fill(kNoEntry);
-    std::copy_n(m_singles.begin(), m_singleCount, failure.singles.begin());
+    if (m_mode == Mode::Pattern) {
+        failure.secondUpTo = -1;
+        failure.third = kNoEntry;
+        failure.steerBegin = static_cast<int>(m_steeringPool.size());
+        failure.steerCount = steering;
+        m_steeringPool.insert(m_steeringPool.end(), m_steering.begin(), m_steering.end());
+    } else {
+        failure.secondUpTo = m_secondUpTo;
+        failure.third = m_first >= 0 ? m_thirdUpTo : kNoEntry;
+        std::copy_n(m_singles.begin(), m_singleCount, failure.singles.begin());
+        failure.steerBegin = -1;
+        failure.steerCount = 0;
+    }
+    fileFailure(root);
+}
+
+void IndexedPuzzleGenerator::copyFailure(int root, int from) {
+    const Failure& known = m_failures[static_cast<size_t>(from)];
+    if (known.generation == 0) {
+        m_retry.push_back(root); // the failure was not remembered: neither is this one
+        return;
+    }
+    Failure& failure = m_failures[static_cast<size_t>(root)];
+    failure = known;
+    failure.generation = ++m_failureGeneration;
+    fileFailure(root);
+}
+
+void IndexedPuzzleGenerator::fileFailure(int root) {
+    const Failure& failure = m_failures[static_cast<size_t>(root)];
+    if (failure.steerBegin >= 0) {
+        for (int k = 0; k < failure.steerCount; ++k) {
+            const int entry = m_steeringPool[static_cast<size_t>(failure.steerBegin + k)];
+            file(m_bySingle, static_cast<size_t>(entry), root);
+        }
+        return;
+    }
     file(m_bySecond, m_index.letter(root, 1), root);
     if (failure.third >= 0)
         file(m_bySingle, static_cast<size_t>(failure.third), root);
-    for (int k = 0; k < m_singleCount; ++k)
-        file(m_bySingle, static_cast<size_t>(m_singles[static_cast<size_t>(k)]), root);
+    for (const int single : failure.singles) {
+        if (single != kNoEntry)
+            file(m_bySingle, static_cast<size_t>(single), root);
+    }
 }
 
 bool IndexedPuzzleGenerator::steeredBy(const Failure& failure, int root, int entry) const {
+    if (failure.steerBegin >= 0) {
+        const auto begin = m_steeringPool.begin() + failure.steerBegin;
+        return std::find(begin, begin + failure.steerCount, entry) != begin + failure.steerCount;
+    }
     if (entry == failure.third)
         return true;
+    if (!m_index.hasLetters(entry))
+        return false;
     if (std::find(failure.singles.begin(), failure.singles.end(), entry) != failure.singles.end())
         return true;
     // A second word taken as the first entry of its first letter: without it the next entry
@@ -437,8 +652,6 @@ bool IndexedPuzzleGenerator::steeredBy(const Failure& failure, int root, int ent
 }
 
 void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
-    if (!m_index.hasLetters(removed))
-        return; // no attempt by index can have found it
     auto check = [&](int filing) {
         for (; filing >= 0; filing = m_filings[static_cast<size_t>(filing)].next) {
             const Filing& f = m_filings[static_cast<size_t>(filing)];
@@ -451,6 +664,7 @@ void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
             }
         }
     };
-    check(m_bySecond[m_index.letter(removed, 1)]);
+    if (m_index.hasLetters(removed))
+        check(m_bySecond[m_index.letter(removed, 1)]);
     check(m_bySingle[static_cast<size_t>(removed)]);
 }

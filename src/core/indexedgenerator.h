@@ -15,9 +15,17 @@
 //     fourth word (a later one with the same letters faces the same or more marks), and the
 //     third words used are "the entries of this list up to here".
 //   - Later searches test marks against those ranges plus the few entries marked singly.
-// An attempt whose patterns would hold a wildcard character (from the letters of the root or
-// of an entry the search takes), or whose root has fewer than four characters, is handed to
-// the literal generator, which gives the reference result by scanning.
+// An attempt whose patterns would hold a pattern character (from the letters of the root or
+// of an entry the search takes) runs again from its start on pattern lists (PatternLists):
+// every pattern's matches, found once from the index and tested with the wildcard rules
+// themselves, each with a cursor past the entries already used. That search takes the same
+// steps as the literal one, except that it does not ask again for what it already knows is
+// used up in this attempt: the third words of a first letter (cell 0) once they ran out, and
+// a fourth-word pattern once it found nothing. Only an attempt that would take an entry of
+// fewer than four characters (no dictionary load makes one) is handed to the literal
+// generator. Roots with the same text make the same attempt, and roots with the same last
+// three letters the same search up to the fourth word (the first letter is used only after
+// it), so within one request a root is passed over when such a root failed on pattern lists.
 //
 // Across requests: an attempt depends only on its root and on the entries its searches
 // returned. When a success removes its root X, a failed attempt fails again unless X was one
@@ -25,7 +33,12 @@
 // its last third word, or an entry it marked singly (fourth, fifth, decoys). Removing any
 // other entry it used up only takes away what it could not use again anyway. So failures are
 // remembered, and only those steered by the removed entry are run again, in list order (the
-// item data always come from an attempt actually run).
+// item data always come from an attempt actually run). On pattern lists the steering entries
+// are listed one by one: the second words whose third-word search took anything, the third
+// word that found a fourth, and the fourth, fifth and decoy words.
+//
+// A stop request on the event pump (the window is closing) ends generate() before the next
+// attempt; the failures proved so far stay remembered.
 //
 // The index and the remembered failures are kept while the list is unchanged apart from the
 // generator's own removals. The list must not change during generate() (the event pump may
@@ -33,7 +46,9 @@
 #pragma once
 
 #include "core/literalgenerator.h"
+#include "core/patternlists.h"
 #include "core/puzzlegenerator.h"
+#include "core/stargrid.h"
 #include "core/wordindex.h"
 
 #include <QHash>
@@ -41,6 +56,7 @@
 
 #include <array>
 #include <limits>
+#include <unordered_map>
 #include <vector>
 
 class EventPump;
@@ -48,7 +64,8 @@ class EventPump;
 class IndexedPuzzleGenerator : public PuzzleGenerator {
 public:
     // Polled at the start of every attempt that runs (and inside the attempts handed to the
-    // literal search), so pending window events run during a long search; null: none.
+    // literal search), so pending window events run during a long search; null: none. A stop
+    // request on it ends the search before the next attempt.
     void setEventPump(EventPump* pump);
 
     GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) override;
@@ -56,19 +73,26 @@ public:
     // Work counters of the last generate() call, for tests and benchmarks.
     struct Statistics {
         int attempts = 0;        // attempts run
+        int patternAttempts = 0; // of which run on pattern lists
         int literalAttempts = 0; // of which handed to the literal search
-        int remembered = 0;      // roots passed over because their failure was remembered
+        int known = 0;      // roots passed over: one that makes the same search failed just before
+        int remembered = 0; // roots passed over because their failure was remembered
         bool indexBuilt = false; // the index was (re)built for this call
     };
     const Statistics& statistics() const { return m_statistics; }
 
 private:
     using Letter = WordIndex::Letter;
-    enum class Outcome { Failed, Succeeded, Literal };
+    // HandOver: the attempt needs a more general search (pattern lists, or the literal one).
+    enum class Outcome { Failed, Succeeded, HandOver };
+    // How the last attempt was run.
+    enum class Mode { Index, Pattern, Literal };
     static constexpr int kAll = std::numeric_limits<int>::max();
     static constexpr int kNoEntry = -1;
     static constexpr int kAllMarked = -2;
     static constexpr int kSingles = 6; // entries a failed attempt can mark one by one
+    // A failure on pattern lists with more steering entries than this is not remembered.
+    static constexpr int kMaxSteering = 48;
 
     // What a failed attempt marked, enough to tell whether removing an entry could change it.
     struct Failure {
@@ -76,6 +100,8 @@ private:
         int secondUpTo = -1;    // second words were taken up to this id (kAll: all)
         int third = -1;         // the last third word taken, or -1
         std::array<int, kSingles> singles{};
+        int steerBegin = -1; // on pattern lists: its steering entries in m_steeringPool
+        int steerCount = 0;
     };
     // One remembered failure filed under a letter or a singly marked entry.
     struct Filing {
@@ -89,6 +115,22 @@ private:
     // Runs one attempt (by index or by scanning); false when it fails.
     bool run(clsSimpleArray& wordList, StarGrid& grid, int root);
     Outcome attempt(const clsSimpleArray& wordList, StarGrid& grid, int root);
+    Outcome patternAttempt(const clsSimpleArray& wordList, StarGrid& grid, int root);
+    // The common end of both attempts once five words are found: distinct words, decoys
+    // (found by findDecoy(first letter, last letter)), publishing.
+    template <typename FindDecoy>
+    Outcome finish(const clsSimpleArray& wordList, StarGrid& grid,
+                   std::array<int, StarGrid::CandidateCount>& entries,
+                   const std::array<Letter, StarGrid::CellCount>& cells, FindDecoy findDecoy);
+    GenerationResult abandon(std::vector<int>& retry, size_t unreachedRetry, int resumeFrom,
+                             StarGrid& grid);
+    // A root run before in this request that makes the same attempt as `root` (the same text)
+    // or the same search up to the fourth word (the same last three letters) and failed there;
+    // or -1.
+    int knownFailure(int root) const;
+    // Notes the failure of the attempt just run for knownFailure().
+    void noteFailure(int root);
+    void copyFailure(int root, int from);
     void startAttempt();
     void mark(int id);
     bool markedSingly(int id) const { return m_marks[static_cast<size_t>(id)] >= m_stamp; }
@@ -104,9 +146,9 @@ private:
     int findByAllFour(int l0, int l1, int l2, int l3) const;
     int findByFirstAndLast(int l0, int l3) const;
     int wordId(const clsSimpleArray& wordList, int id);
-    QString letterText(Letter letter) const;
     void writeMarks(clsSimpleArray& wordList);
     void rememberFailure(int root);
+    void fileFailure(int root);
     void file(std::vector<int>& heads, size_t at, int root);
     // Before `removed` leaves the list: the remembered failures it steered are dropped and
     // queued to run again.
@@ -131,8 +173,18 @@ private:
     std::array<int, kSingles> m_singles{};
     int m_singleCount = 0;
     std::vector<int> m_exhaustedLetters; // the first letters in m_exhausted, in order
-    bool m_lastWasLiteral = false;       // the last attempt run was handed to the scan
-    std::vector<qint32> m_data;          // scratch: item data by id
+    Mode m_mode = Mode::Index;           // how the last attempt was run
+    PatternLists m_patterns;
+    std::vector<int> m_patternMarks; // on pattern lists: the entries the attempt marked
+    std::vector<int> m_steering;     // on pattern lists: the attempt's steering entries
+    // Roots that failed in this request on pattern lists: by their last three letters when no
+    // fourth word was found (the search up to it uses no other letter of the root), else by
+    // their text when it is regular (four letters, or four and "*").
+    static constexpr quint64 kLastThree = 0x0000'FFFF'FFFF'FFFFULL;
+    bool m_searchFailed = false; // the last pattern attempt found no fourth word
+    std::unordered_map<quint64, int> m_failedSearches;
+    std::array<std::unordered_map<quint64, int>, 2> m_failedTexts;
+    std::vector<qint32> m_data; // scratch: item data by id
 
     // Remembered failures: every root before m_resumeFrom failed, except those in m_retry
     // (ascending), which must run again.
@@ -143,6 +195,7 @@ private:
     std::vector<Filing> m_filings;
     std::vector<int> m_bySecond; // letter -> first filing of failures with that second letter
     std::vector<int> m_bySingle; // entry -> first filing of failures that marked it singly
+    std::vector<int> m_steeringPool;
 
     // Real spellings numbered so that equal ones ignoring case share a number (-1: not yet).
     std::vector<int> m_wordIds;

@@ -24,6 +24,10 @@ GenerationResult LiteralPuzzleGenerator::generate(clsSimpleArray& wordList, Star
     grid.clearSolution();
     const int count = wordList.ListCount();
     for (int root = 0; root < count; ++root) {
+        if (m_pump && m_pump->stopRequested()) {
+            grid.clearSolution();
+            return abandonedGeneration();
+        }
         const QString rootEntry = wordList.List(root);
         if (attempt(wordList, grid, root)) {
             wordList.RemoveItem(root);

@@ -24,7 +24,8 @@ class EventPump;
 class LiteralPuzzleGenerator : public PuzzleGenerator {
 public:
     // Polled after each reset of the marks, after each root word and after each failed
-    // attempt, so pending window events run during a long search; null: none.
+    // attempt, so pending window events run during a long search; null: none. A stop request
+    // on it ends the search before the next attempt.
     void setEventPump(EventPump* pump) { m_pump = pump; }
 
     GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) override;

@@ -13,9 +13,17 @@ class StarGrid;
 
 struct GenerationResult {
     bool success = false;
-    QString root;       // the text of the root entry as stored (with its "*" when reversed)
-    int rootIndex = -1; // its index before it was removed
+    QString root;           // the text of the root entry as stored (with its "*" when reversed)
+    int rootIndex = -1;     // its index before it was removed
+    bool abandoned = false; // the search stopped on request before it had an outcome
 };
+
+// The result of a search stopped on request.
+inline GenerationResult abandonedGeneration() {
+    GenerationResult result;
+    result.abandoned = true;
+    return result;
+}
 
 class PuzzleGenerator {
 public:
@@ -27,5 +35,8 @@ public:
     // `wordList`. On failure: every SolutionLetters entry is "", CandidateWords and DecoyFlags
     // are untouched and `wordList` keeps its items. Either way the item data of `wordList`
     // are left as the search used them (marks of use); callers must not rely on them.
+    // When the event pump the generator polls has a stop request (EventPump::requestStop),
+    // the search stops at its next poll: the result is a failure with `abandoned` set, and
+    // `wordList` keeps its items.
     virtual GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) = 0;
 };

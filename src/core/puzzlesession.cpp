@@ -64,6 +64,11 @@ bool PuzzleSession::openDictionary(const QString& path) {
     return true;
 }
 
+void PuzzleSession::abandonSearch() {
+    if (m_busy)
+        m_pump.requestStop();
+}
+
 PuzzleSession::CreateOutcome PuzzleSession::createPuzzle(const SearchHook& onSearch) {
     if (m_busy)
         return CreateOutcome::Ignored;
@@ -79,9 +84,16 @@ PuzzleSession::CreateOutcome PuzzleSession::createPuzzle(const SearchHook& onSea
     Q_EMIT waitPointerChanged(true);
     if (onSearch)
         onSearch(true);
+    m_pump.clearStop();
     m_lastGeneration = m_generator->generate(m_wordList, m_grid);
+    m_pump.clearStop();
     if (onSearch)
         onSearch(false);
+
+    if (m_lastGeneration.abandoned) {
+        Q_EMIT waitPointerChanged(false);
+        return CreateOutcome::Abandoned;
+    }
 
     if (!m_lastGeneration.success) {
         Q_EMIT waitPointerChanged(false);

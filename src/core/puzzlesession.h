@@ -33,6 +33,7 @@ public:
         NoDictionary, // the word list was empty: "No Dictioary Loaded"
         Failed,       // no puzzle: the four-line message, then the dictionary was reloaded
         Created,      // a puzzle is in grid()
+        Abandoned,    // the search was abandoned (abandonSearch()): no message, no reload
     };
 
     // notifier: where messages go (null: nowhere). The event pump lets
@@ -55,6 +56,12 @@ public:
     void setDictionaryPath(const QString& path) { m_dictionaryPath = path; }
 
     bool isBusy() const { return m_busy > 0; }
+
+    // Asks a running create request to stop searching (the window is closing). It stops
+    // before the generator's next attempt and returns Abandoned: the word list and the
+    // dictionary stay as they were, no message is shown, and the board is enabled again with
+    // empty tiles. A load keeps running to its end. Nothing happens when nothing runs.
+    void abandonSearch();
 
     // Loads `path` into the word list (start-up, reloads). On failure the notifier names the
     // file and the word list and status keep their previous values. Returns success.

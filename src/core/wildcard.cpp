@@ -103,3 +103,90 @@ bool matchesWildcard(QStringView text, QStringView pattern) {
         ++p;
     return p == pattern.size();
 }
+
+WildcardTokens::WildcardTokens(QStringView pattern) {
+    m_unclosed = !listsAreClosed(pattern);
+    if (m_unclosed)
+        return;
+    qsizetype p = 0;
+    while (p < pattern.size()) {
+        const QChar token = pattern[p];
+        if (token == u'*') {
+            m_tokens.push_back({Type::Star});
+            ++p;
+        } else if (token == u'?') {
+            m_tokens.push_back({Type::Any});
+            ++p;
+        } else if (token == u'#') {
+            m_tokens.push_back({Type::Digit});
+            ++p;
+        } else if (token == u'[') {
+            qsizetype start = p + 1;
+            const bool negated = start < pattern.size() && pattern[start] == u'!';
+            if (negated)
+                ++start;
+            const qsizetype close = pattern.indexOf(u']', start);
+            m_tokens.push_back({negated ? Type::NegatedList : Type::List, 0,
+                                pattern.sliced(start, close - start)});
+            p = close + 1;
+        } else {
+            m_tokens.push_back({Type::Literal, nextCodePoint(pattern, p)});
+        }
+    }
+    while (m_fixedPrefix < static_cast<int>(m_tokens.size()) &&
+           m_tokens[static_cast<size_t>(m_fixedPrefix)].type != Type::Star)
+        ++m_fixedPrefix;
+}
+
+char32_t WildcardTokens::literalAt(int position) const {
+    const Token& token = m_tokens[static_cast<size_t>(position)];
+    return token.type == Type::Literal ? token.c : 0;
+}
+
+bool WildcardTokens::matchesToken(const Token& token, char32_t c) const {
+    switch (token.type) {
+    case Type::Any:
+        return true;
+    case Type::Digit:
+        return c >= U'0' && c <= U'9';
+    case Type::Literal:
+        return c == token.c;
+    case Type::List:
+        return inList(token.list, c);
+    case Type::NegatedList:
+        return !inList(token.list, c);
+    case Type::Star:
+        break;
+    }
+    return false;
+}
+
+bool WildcardTokens::matches(std::span<const char32_t> text) const {
+    if (m_unclosed)
+        return false;
+    // The same single-backtrack walk as matchesWildcard, over tokens and characters.
+    const size_t tokens = m_tokens.size();
+    size_t t = 0;
+    size_t k = 0;
+    size_t starK = tokens + 1; // token index just after the last "*" seen (none yet)
+    size_t starT = 0;
+    while (t < text.size()) {
+        if (k < tokens && m_tokens[k].type == Type::Star) {
+            starK = ++k;
+            starT = t;
+            continue;
+        }
+        if (k < tokens && matchesToken(m_tokens[k], text[t])) {
+            ++k;
+            ++t;
+            continue;
+        }
+        if (starK > tokens)
+            return false;
+        t = ++starT;
+        k = starK;
+    }
+    while (k < tokens && m_tokens[k].type == Type::Star)
+        ++k;
+    return k == tokens;
+}

@@ -28,6 +28,17 @@ bool isSurrogate(char32_t c) {
 
 } // namespace
 
+// What follows the letters of `entry`, which end at code unit `end`.
+WordIndex::Tail WordIndex::tailAfter(QStringView entry, qsizetype end) {
+    if (end == entry.size())
+        return Tail::None;
+    if (end + 1 == entry.size() && entry[end] == u'*')
+        return Tail::Mark;
+    return Tail::Other;
+}
+
+namespace {} // namespace
+
 void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vector<int>& ids,
                             quint64 mask, int alphabetSize) {
     m_mask = mask;
@@ -182,6 +193,8 @@ void WordIndex::clear() {
     m_revision = 0;
     m_packed.clear();
     m_kind.clear();
+    m_tail.clear();
+    m_irregular.clear();
     m_alive.clear();
     m_removed.clear();
     m_indexed.clear();
@@ -197,6 +210,7 @@ bool WordIndex::build(const clsSimpleArray& list) {
     const int count = list.ListCount();
     m_packed.assign(static_cast<size_t>(count), 0);
     m_kind.assign(static_cast<size_t>(count), Kind::Short);
+    m_tail.assign(static_cast<size_t>(count), Tail::Other);
     m_alive.assign(static_cast<size_t>(count), 1);
     m_specialLetter.clear();
     for (int id = 0; id < count; ++id) {
@@ -213,6 +227,9 @@ bool WordIndex::build(const clsSimpleArray& list) {
                 const bool special = m_specialLetter[a] | m_specialLetter[b] | m_specialLetter[c] |
                                      m_specialLetter[d];
                 m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
+                m_tail[static_cast<size_t>(id)] = tailAfter(entry, 4);
+                if (m_tail[static_cast<size_t>(id)] == Tail::Other)
+                    m_irregular.push_back(id);
                 m_indexed.push_back(id);
                 continue;
             }
@@ -233,10 +250,15 @@ bool WordIndex::build(const clsSimpleArray& list) {
                 m_specialLetter.push_back(isWildcardCharacter(c) || isSurrogate(c) ? 1 : 0);
             special = special || m_specialLetter[static_cast<size_t>(letter)] != 0;
         }
-        if (taken < 4)
+        if (taken < 4) {
+            m_irregular.push_back(id);
             continue;
+        }
         m_packed[static_cast<size_t>(id)] = packed;
         m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
+        m_tail[static_cast<size_t>(id)] = tailAfter(entry, i);
+        if (m_tail[static_cast<size_t>(id)] == Tail::Other)
+            m_irregular.push_back(id);
         m_indexed.push_back(id);
     }
     const int size = alphabetSize();
@@ -367,4 +389,25 @@ void WordIndex::remove(int id) {
         m_head01[static_cast<size_t>(g)] = it == ids.end() ? -1 : *it;
         sortGroupsBySecond(letter(id, 1));
     }
+}
+
+int WordIndex::regularText(int id, char32_t* text) const {
+    const Tail tail = m_tail[static_cast<size_t>(id)];
+    if (m_kind[static_cast<size_t>(id)] == Kind::Short || tail == Tail::Other)
+        return 0;
+    for (int k = 0; k < 4; ++k)
+        text[k] = m_codePoints[letter(id, k)];
+    if (tail == Tail::None)
+        return 4;
+    text[4] = U'*';
+    return 5;
+}
+
+QString WordIndex::letterText(Letter letter) const {
+    const char32_t c = m_codePoints[letter];
+    if (c >= 0x10000) {
+        const QChar pair[2] = {QChar::highSurrogate(c), QChar::lowSurrogate(c)};
+        return QString(pair, 2);
+    }
+    return QString(QChar(static_cast<char16_t>(c)));
 }

@@ -16,6 +16,8 @@
 #pragma once
 
 #include <QHash>
+#include <QString>
+#include <QStringView>
 #include <QtGlobal>
 
 #include <array>
@@ -106,6 +108,22 @@ public:
     bool alive(int id) const { return m_alive[static_cast<size_t>(id)] != 0; }
     bool hasLetters(int id) const { return m_kind[static_cast<size_t>(id)] != Kind::Short; }
     bool plain(int id) const { return m_kind[static_cast<size_t>(id)] == Kind::Plain; }
+    // The characters of an entry with letters when it is exactly its four letters, or its four
+    // letters and "*" (every entry a dictionary load makes): copied into `text` (room for 5),
+    // returning how many. 0 for any other entry, whose text must be read from the list.
+    int regularText(int id, char32_t* text) const;
+    // The length regularText() gives, without copying.
+    int regularLength(int id) const {
+        const Tail tail = m_tail[static_cast<size_t>(id)];
+        if (m_kind[static_cast<size_t>(id)] == Kind::Short || tail == Tail::Other)
+            return 0;
+        return tail == Tail::None ? 4 : 5;
+    }
+    // The ids of the entries for which regularText() gives 0 (fewer than four characters, or
+    // more after the letters than one "*"), ascending.
+    const std::vector<int>& irregular() const { return m_irregular; }
+    // The text of one letter as it stands in the entries (a lone surrogate stays one unit).
+    QString letterText(Letter letter) const;
     // The packed letters of an entry. Precondition: hasLetters(id).
     quint64 packed(int id) const { return m_packed[static_cast<size_t>(id)]; }
     // Letter `position` (0..3) of an entry. Precondition: hasLetters(id).
@@ -113,6 +131,8 @@ public:
         return static_cast<Letter>(m_packed[static_cast<size_t>(id)] >> (48 - 16 * position));
     }
     char32_t codePoint(Letter letter) const { return m_codePoints[letter]; }
+    // The letter of a character, or -1 when no entry holds it among its first four.
+    int letterOf(char32_t c) const { return m_alphabet.find(c); }
     // The position of a live entry in the list now.
     int currentIndex(int id) const;
 
@@ -136,6 +156,8 @@ public:
 
 private:
     enum class Kind : quint8 { Short, Plain, Special };
+    // What follows the four letters: nothing, one "*", or anything else (or nothing known).
+    enum class Tail : quint8 { None, Mark, Other };
 
     // Numbers characters densely: a table for the most common characters, a hash beyond.
     class Alphabet {
@@ -146,6 +168,12 @@ private:
             if (c < kTableSize && m_table[c] != kNone)
                 return m_table[c];
             return addLetter(c, codePoints);
+        }
+        // The number of `c`, or -1 when it has none.
+        int find(char32_t c) const {
+            if (c < kTableSize)
+                return m_table.empty() || m_table[c] == kNone ? -1 : m_table[c];
+            return m_other.value(c, -1);
         }
         // The number of a character below kTableSize already numbered, else kNone.
         quint16 known(char16_t c) const { return c < kTableSize ? m_table[c] : kNone; }
@@ -159,6 +187,7 @@ private:
         QHash<char32_t, int> m_other;
     };
 
+    static Tail tailAfter(QStringView entry, qsizetype end);
     void sortGroupsBySecond(Letter second);
     void buildHeads();
 
@@ -167,6 +196,8 @@ private:
     Alphabet m_alphabet;
     std::vector<quint64> m_packed;
     std::vector<Kind> m_kind;
+    std::vector<Tail> m_tail;
+    std::vector<int> m_irregular; // ids without a regular text, ascending
     std::vector<quint8> m_alive;
     std::vector<char32_t> m_codePoints;
     std::vector<quint8> m_specialLetter; // letter -> a wildcard character or lone surrogate

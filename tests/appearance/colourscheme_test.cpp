@@ -63,14 +63,15 @@ protected:
 };
 
 TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderAndDerivesColours3And5FromTheValuesRead) {
-    // Colour 3 is colour 2 + 32 (256 counts as 255, more becomes 254), colour 5 is colour 4 - 32
-    // (below 1 becomes 8), from the values as read even above 255; their own lines are unread.
+    // Colour 3 is colour 2 + 32 (256 counts as 255, 257 and more become 254), colour 5 is
+    // colour 4 - 32 (1 stays, below 1 becomes 8), from the values as read even above 255; their own
+    // lines are unread.
     const struct {
         const char *colour2, *colour4;
         quint32 c2, c3, c4, c5;
     } rows[] = {
-        {" 224; 10; 230", " 20; 40; 33", packRgb(224, 10, 230), packRgb(255, 42, 254),
-         packRgb(20, 40, 33), packRgb(8, 8, 1)},
+        {" 224; 225; 230", " 32; 40; 33", packRgb(224, 225, 230), packRgb(255, 254, 254),
+         packRgb(32, 40, 33), packRgb(8, 8, 1)},
         {" 300; 0; 100", " 300; 0; 100", packRgb(255, 0, 100), packRgb(254, 32, 132),
          packRgb(255, 0, 100), packRgb(255, 8, 68)},
     };

@@ -191,26 +191,21 @@ TEST_F(OptionsTest, StartUpListsSortedIgnoringCaseAndKeepsThemWhenTheFileCannotB
 }
 
 TEST_F(OptionsTest, AddAsksForANameAndAppendsTheCurrentColoursUnderItsLowerCasedHeader) {
+    const QStringList all{"xp.col", "ocean.col", "sand.col"};
+    const QString ask = QStringLiteral("? Enter new Color Scheme name");
+    // clang-format off
     const struct {
         const char* typed;
         bool writerFails;
         QStringList messages;
         QStringList headers;
     } rows[] = {
-        {"", false, {"? Enter new Color Scheme name"}, {"xp.col", "ocean.col", "sand.col"}},
-        {"OCEAN",
-         false,
-         {"? Enter new Color Scheme name", "Color Scheme: OCEAN already exists"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {"Deep Sea",
-         true,
-         {"? Enter new Color Scheme name", "Error in adding Color Scheme:\ndeep sea.col"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {"Deep Sea",
-         false,
-         {"? Enter new Color Scheme name", "Color Scheme: Deep Sea added"},
-         {"xp.col", "ocean.col", "sand.col", "deep sea.col"}},
+        {"", false, {ask}, all},
+        {"OCEAN", false, {ask, "Color Scheme: OCEAN already exists"}, all},
+        {"Deep Sea", true, {ask, "Error in adding Color Scheme:\ndeep sea.col"}, all},
+        {"Deep Sea", false, {ask, "Color Scheme: Deep Sea added"}, all + QStringList{"deep sea.col"}},
     };
+    // clang-format on
     m_scheme.DeriveScheme(packRgb(10, 128, 250), 100);
     const auto colours = m_scheme.SchemeColours;
     for (const auto& row : rows) {
@@ -238,95 +233,47 @@ TEST_F(OptionsTest, AddAsksForANameAndAppendsTheCurrentColoursUnderItsLowerCased
 
 TEST_F(OptionsTest, ReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
     const auto fail = [](const QString&, const QByteArray&) { return false; };
+    const QStringList all{"xp.col", "ocean.col", "sand.col"};
+    enum Flow { Delete, Replace };
+    enum Writer { Works, Fails };
+    // clang-format off
     const struct {
-        bool replace;
+        Flow flow;
         const char* selected;
         const char* active;
         int answer;
-        bool writerFails;
+        Writer writer;
         QStringList messages;
         QStringList headers;
     } rows[] = {
-        {false,
-         "",
-         "xp.col",
-         AnswerYes,
-         false,
-         {"Select a color scheme to delete"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {true,
-         "",
-         "xp.col",
-         AnswerYes,
-         false,
-         {"Select a color scheme to replace"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {false,
-         "xp",
-         "xp.col",
-         AnswerYes,
-         false,
-         {"Delete color scheme: xp", "Cannot delete currently active Color Scheme"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {false,
-         "xp",
-         "XP.col",
-         AnswerYes,
-         false,
-         {"Delete color scheme: xp", "Cannot delete currently active Color Scheme"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {false,
-         "xp",
-         "XP.col",
-         AnswerNo,
-         false,
-         {"Delete color scheme: xp"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {false,
-         "ocean",
-         "xp.col",
-         AnswerYes,
-         true,
-         {"Delete color scheme: ocean", "Error in updating Color Scheme:\nocean.col"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {true,
-         "sand",
-         "xp.col",
-         AnswerYes,
-         true,
-         {"Replace color scheme: sand", "Error in updating Color Scheme:\nsand.col"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {true,
-         "sand",
-         "xp.col",
-         AnswerNo,
-         false,
-         {"Replace color scheme: sand"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {true,
-         "sand",
-         "xp.col",
-         AnswerYes,
-         false,
-         {"Replace color scheme: sand", "Color Scheme: sand.col replaced"},
-         {"xp.col", "ocean.col", "sand.col"}},
-        {false,
-         "ocean",
-         "xp.col",
-         AnswerYes,
-         false,
+        {Delete, "", "xp.col", AnswerYes, Works, {"Select a color scheme to delete"}, all},
+        {Replace, "", "xp.col", AnswerYes, Works, {"Select a color scheme to replace"}, all},
+        {Delete, "xp", "xp.col", AnswerYes, Works,
+         {"Delete color scheme: xp", "Cannot delete currently active Color Scheme"}, all},
+        {Delete, "xp", "XP.col", AnswerYes, Works,
+         {"Delete color scheme: xp", "Cannot delete currently active Color Scheme"}, all},
+        {Delete, "xp", "XP.col", AnswerNo, Works, {"Delete color scheme: xp"}, all},
+        {Delete, "ocean", "xp.col", AnswerYes, Fails,
+         {"Delete color scheme: ocean", "Error in updating Color Scheme:\nocean.col"}, all},
+        {Replace, "sand", "xp.col", AnswerYes, Fails,
+         {"Replace color scheme: sand", "Error in updating Color Scheme:\nsand.col"}, all},
+        {Replace, "sand", "xp.col", AnswerNo, Works, {"Replace color scheme: sand"}, all},
+        {Replace, "sand", "xp.col", AnswerYes, Works,
+         {"Replace color scheme: sand", "Color Scheme: sand.col replaced"}, all},
+        {Delete, "ocean", "xp.col", AnswerYes, Works,
          {"Delete color scheme: ocean", "Color Scheme: ocean.col deleted"},
          {"xp.col", "sand.col"}},
     };
+    // clang-format on
     m_scheme.DeriveScheme(packRgb(1, 2, 3), 100);
     for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.replace ? "replace " : "delete ") + row.selected);
+        SCOPED_TRACE(std::string(row.flow == Replace ? "replace " : "delete ") + row.selected);
         m_notifier.clear();
         m_settings.ActiveSchemeFile = QString::fromLatin1(row.active);
         select(QString::fromLatin1(row.selected));
-        m_scheme.setWriter(row.writerFails ? SchemeFile::Writer(fail) : SchemeFile::Writer());
+        m_scheme.setWriter(row.writer == Fails ? SchemeFile::Writer(fail) : SchemeFile::Writer());
         m_notifier.queueAnswer(row.answer);
-        if (row.replace)
+        if (row.flow == Replace)
             m_model.replace();
         else
             m_model.remove();

@@ -12,11 +12,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
 #include <QTimer>
+
+#include <cstdio>
 
 namespace {
 
@@ -30,6 +33,34 @@ protected:
         m_form->filePicker().setRunner(
             [&](const FileNameRequest&) { return m_folder.file("other.dic"); });
         m_form->menu().loadDictionary->trigger();
+    }
+
+    // Picks, through the dictionary command, a dictionary of 3,000 lines (one "#" and three
+    // consonants each) that holds no puzzle: every line of a star would need its one "#" cell,
+    // and five lines cannot share cells two by two. A full search tries all 6,000 roots.
+    // Every poll of the search then lets events run, and the polls after `closedAt` is set are
+    // counted in `pollsAfterClose`.
+    void pickNoPuzzleDictionary(const bool& closed, int& pollsAfterClose) {
+        const QString consonants = QStringLiteral("bcdfghjklmnpqrstvwxz");
+        QStringList lines;
+        for (int n = 0; lines.size() < 3000; ++n) {
+            QString w;
+            for (int k = 0; k < 3; ++k)
+                w += consonants[(n / (k == 0 ? 1 : k == 1 ? 20 : 400)) % 20];
+            lines << w.insert(n % 4, u'#');
+        }
+        m_folder.write(QStringLiteral("nopuzzle.txt"), lines.join(u'\n').toUtf8());
+        m_form->filePicker().setRunner(
+            [&](const FileNameRequest&) { return m_folder.file("nopuzzle.txt"); });
+        m_form->menu().loadDictionary->trigger();
+        ASSERT_EQ(m_form->session().WordList().ListCount(), 6000);
+        EventPump& pump = m_form->session().eventPump();
+        pump.setClock([t = qint64{0}]() mutable { return t += EventPump::kDefaultIntervalMs; });
+        pump.setAction([&] {
+            if (closed)
+                ++pollsAfterClose;
+            QCoreApplication::processEvents();
+        });
     }
 };
 
@@ -296,6 +327,58 @@ TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(Form1Test, CloseBoxDuringASearchAbandonsItAtOnceWithoutSaving) {
+    Form1& form = start();
+    bool closed = false;
+    int pollsAfterClose = 0;
+    pickNoPuzzleDictionary(closed, pollsAfterClose);
+    const QByteArray config = m_folder.read("pentalink.cfg");
+    m_notifier.clear();
+    // The close box is clicked while the search lets events run.
+    QTimer::singleShot(0, &form, [&] {
+        form.close();
+        closed = true;
+    });
+    QElapsedTimer clock;
+    clock.start();
+    form.menu().create->trigger();
+    std::printf("[ info     ] the create command returned %lld ms after it started\n",
+                static_cast<long long>(clock.elapsed()));
+    EXPECT_TRUE(closed);
+    EXPECT_TRUE(form.session().lastGeneration().abandoned);
+    EXPECT_EQ(pollsAfterClose, 0) << "the search should stop at the poll that ran the close";
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(m_notifier.messages().isEmpty()) << "no failure message, no question";
+    EXPECT_EQ(form.session().WordList().ListCount(), 6000) << "no reload, nothing removed";
+    EXPECT_EQ(m_folder.read("pentalink.cfg"), config);
+}
+
+TEST_F(Form1Test, ExitDuringASearchAbandonsItThenAsksSavesAndEnds) {
+    Form1& form = start();
+    bool closed = false;
+    int pollsAfterClose = 0;
+    pickNoPuzzleDictionary(closed, pollsAfterClose);
+    m_notifier.clear();
+    m_notifier.queueAnswer(AnswerYes);
+    QTimer::singleShot(0, &form, [&] {
+        form.menu().exit->trigger();
+        closed = true;
+    });
+    form.menu().create->trigger();
+    EXPECT_TRUE(form.session().lastGeneration().abandoned);
+    EXPECT_EQ(pollsAfterClose, 0);
+    EXPECT_TRUE(m_notifier.messages().isEmpty()) << "the question comes after the search";
+    QCoreApplication::processEvents(); // the event loop takes the Exit command up again
+    ASSERT_EQ(m_notifier.messages().size(), 1);
+    EXPECT_EQ(m_notifier.messages().first().text, QStringLiteral("Exit?"));
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("nopuzzle.txt").toUtf8()));
 }
 
 } // namespace

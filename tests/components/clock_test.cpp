@@ -170,8 +170,13 @@ TEST_F(ClockTest, TimeOfDayBlinksTheDotOfTheHalfMinute) {
     now = QTime(9, 5, 45);
     source->tick();
     EXPECT_EQ(face(), QStringLiteral("09 05"));
-    EXPECT_TRUE(clock->dotVisible(kLowerDot));
-    EXPECT_FALSE(clock->dotVisible(kUpperDot));
+    // The lower dot shows from second 30 to 59, the upper one from 0 to 29.
+    for (const int second : {0, 29, 30, 59}) {
+        now = QTime(9, 5, second);
+        source->tick();
+        EXPECT_EQ(clock->dotVisible(kLowerDot), second >= 30) << second;
+        EXPECT_EQ(clock->dotVisible(kUpperDot), second < 30) << second;
+    }
 }
 
 TEST_F(ClockTest, DigitWidthAndTheFaceGeometry) {

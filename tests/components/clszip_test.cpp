@@ -171,10 +171,38 @@ TEST_F(ZipTest, SourcesBeyondTheLengthFieldOrMissingAreRefused) {
     zip.setSizeLimit(100);
     EXPECT_EQ(thrown([&] { zip.CompressFile(path("small.bin"), path("s.mlh")); }).number(),
               ZipError::FileTooLarge);
+    // Exactly the limit goes both ways; a container one byte over it is refused on the way back.
+    write("edge.bin", sampleBytes(100));
+    ASSERT_TRUE(zip.CompressFile(path("edge.bin"), path("e.mlh")));
+    ASSERT_TRUE(zip.DecompressFile(path("e.mlh"), path("e.out")));
+    EXPECT_EQ(read("e.out"), sampleBytes(100));
+    zip.setSizeLimit(99);
+    EXPECT_EQ(thrown([&] { zip.DecompressFile(path("e.mlh"), path("f.out")); }).number(),
+              ZipError::DamagedContainer);
     const ZipError missing = thrown([&] { zip.CompressFile(path("none"), path("x.mlh")); });
     EXPECT_EQ(missing.number(), ZipError::FileNotFound);
     EXPECT_EQ(missing.source(), QStringLiteral("clsZip.CompressFile()"));
-    EXPECT_EQ(files().size(), 2);
+    EXPECT_EQ(files().size(), 5);
+}
+
+TEST(ZipFormat, PlausibleSizesStopAtTheLimitAndTheLargestExpansion) {
+    using zipformat::kMaxExpansion;
+    const struct {
+        qint64 original, stream, limit;
+        bool plausible;
+    } rows[] = {
+        {0, 0, 0, true},
+        {-1, 10, 100, false},
+        {100, 10, 100, true},
+        {101, 10, 1000, true},
+        {101, 10, 100, false},
+        {10 * kMaxExpansion + 1024, 10, 1 << 30, true},
+        {10 * kMaxExpansion + 1025, 10, 1 << 30, false},
+        {0, -1, 100, false},
+    };
+    for (const auto& r : rows)
+        EXPECT_EQ(zipformat::plausibleOriginalSize(r.original, r.stream, r.limit), r.plausible)
+            << r.original << " from " << r.stream << " limit " << r.limit;
 }
 
 TEST_F(ZipTest, FreeSpaceGuardRetriesAndCancels) {

@@ -78,7 +78,9 @@ TEST_F(ConfigFileTest, MissingOrDamagedFilesAreRewrittenWithTheDefaults) {
         {"size 33", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 33 \r\n"},
         {"size 60", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 60 \r\n"},
         {"binary", QByteArray("\x00\x01\x02\xff\xfe", 5)},
-        {"huge", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12 \r\n" + QByteArray(70000, 'x')},
+        // One byte over the 64 KiB a configuration file may have.
+        {"huge", QByteArray("d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12 \r\n")
+                     .leftJustified(64 * 1024 + 1, 'x')},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.why);
@@ -122,11 +124,16 @@ TEST_F(ConfigFileTest, FontLineIsOneDelimitedFieldAndSizeLineOneNumber) {
         EXPECT_EQ(settings.BoardFontName, QString::fromLatin1(row.font));
         EXPECT_EQ(settings.BoardFontSize, row.size);
     }
+    // A file of exactly 64 KiB is still read.
+    writeCfg(QByteArray("d\nxp.col\nx\nArial\n 13\n").leftJustified(64 * 1024, 'x'));
+    EXPECT_EQ(config().ReadcfgFile(), ConfigFile::ReadResult::Read);
+    EXPECT_EQ(settings.BoardFontSize, 13);
 }
 
 TEST_F(ConfigFileTest, DictionaryLineIsKeptWhenTheFileExists) {
     folder.write(QStringLiteral("english1.txt"), "word\r\n");
     folder.write(QStringLiteral("Big Words.TXT"), "abcd\r\n");
+    folder.write(QStringLiteral("empty.txt"), "");
     const QString fallback = folder.file(QStringLiteral("english1.txt"));
     const struct {
         QString line;
@@ -139,6 +146,7 @@ TEST_F(ConfigFileTest, DictionaryLineIsKeptWhenTheFileExists) {
         // The default file's "ENGLISH1.TXT" is not "english1.txt" on a case-sensitive file
         // system.
         {QStringLiteral("ENGLISH1.TXT"), fallback},
+        {folder.file(QStringLiteral("empty.txt")), fallback},
         {QString(), fallback},
     };
     for (const auto& row : rows) {

@@ -5,6 +5,7 @@
 #include "core/codepoints.h"
 #include "core/dictionary.h"
 #include "core/randomsource.h"
+#include "core/textdecoding.h"
 #include "support/listitems.h"
 
 #include "support/recordingnotifier.h"
@@ -71,6 +72,50 @@ TEST_F(DictionaryTest, WordsAreDecodedCountedAndReversedByCharacter) {
                             "ber\r\n"));
     EXPECT_EQ(itemsOf(m_list),
               QStringList({QStringLiteral("\u00fcber"), QStringLiteral("reb\u00fc*")}));
+}
+
+TEST_F(DictionaryTest, Utf8LimitsDecideTheFilesEncoding) {
+    // The shortest and longest form of each length and the characters next to the surrogates
+    // are UTF-8; overlong forms, surrogates, values above U+10FFFF, a stray continuation byte,
+    // a cut sequence and a five-byte lead make the whole file Windows-1252. Each sequence is
+    // padded to a four-character word under the encoding it must get.
+    const struct {
+        QByteArray bytes;
+        bool utf8;
+    } rows[] = {
+        {"\xC2\x80", true},
+        {"\xDF\xBF", true},
+        {"\xE0\xA0\x80", true},
+        {"\xED\x9F\xBF", true},
+        {"\xEE\x80\x80", true},
+        {"\xEF\xBF\xBF", true},
+        {"\xF0\x90\x80\x80", true},
+        {"\xF4\x8F\xBF\xBF", true},
+        {"\xC0\x80", false},
+        {"\xC1\xBF", false},
+        {"\xE0\x9F\xBF", false},
+        {"\xF0\x8F\xBF\xBF", false},
+        {"\xED\xA0\x80", false},
+        {"\xED\xBF\xBF", false},
+        {"\xF4\x90\x80\x80", false},
+        {"\x80", false},
+        {"\xC2", false},
+        {"\xF8\x88\x80\x80", false},
+    };
+    for (const auto& row : rows) {
+        QString word;
+        if (row.utf8) {
+            word = QString::fromUtf8(row.bytes);
+        } else {
+            for (const char b : row.bytes)
+                word += QChar(windows1252ToUnicode(static_cast<unsigned char>(b)));
+        }
+        const QByteArray padding = QByteArray("wxyz").left(4 - codePointCount(word));
+        word += QString::fromLatin1(padding);
+        ASSERT_TRUE(loadInOrder(row.bytes + padding + "\n"));
+        EXPECT_EQ(itemsOf(m_list), QStringList({word, reversedCodePoints(word) + u'*'}))
+            << row.bytes.toHex().toStdString();
+    }
 }
 
 TEST_F(DictionaryTest, LoadOrderIsTheKeyOrderOfTheNumbersDrawnPerWord) {

@@ -5,6 +5,7 @@
 //
 // Every random case is derived from one seed, printed with any failure. To rerun one case:
 //   PENTALINK_DIFF_SEED=<seed> ./tests/differential_tests
+// PENTALINK_DIFF_CASES=<n> sets how many random dictionaries each random test tries.
 #include "core/clssimplearray.h"
 #include "core/codepoints.h"
 #include "core/dictionary.h"
@@ -100,6 +101,7 @@ public:
         result = m_literal.generate(m_literalList, m_literalGrid);
         const GenerationResult fast = m_fast.generate(m_fastList, m_fastGrid);
         s_attempts += m_fast.statistics().attempts;
+        s_patternAttempts += m_fast.statistics().patternAttempts;
         s_literalAttempts += m_fast.statistics().literalAttempts;
         const Observed literal = observe(result, m_literalList, m_literalGrid);
         // Exactly the three decoys are flagged, also when a solution word ends in "*".
@@ -117,6 +119,7 @@ public:
 
     // Attempts of the indexed generator over all pairs, and how many it handed on.
     static inline long s_attempts = 0;
+    static inline long s_patternAttempts = 0;
     static inline long s_literalAttempts = 0;
 
 private:
@@ -143,27 +146,18 @@ QString randomWord(std::mt19937& random, const QStringList& alphabet) {
     return w;
 }
 
-// A random dictionary of four-character words over a small alphabet, rich in the cases the
-// distinctness rules and the wildcard fallback exist for.
-QStringList randomWords(std::mt19937& random) {
-    // Mostly plain letters; sometimes digits, wildcards and the rest of the pool join in.
-    QStringList alphabet;
-    const int size =
-        random() % 3 == 0 ? (random() % 2 ? 2 : 5) : 3 + static_cast<int>(random() % 2);
-    const int poolSize = random() % 3 == 0 ? static_cast<int>(kCharacterPool.size()) : 7;
-    while (alphabet.size() < size) {
-        const QString c = kCharacterPool[static_cast<qsizetype>(random() % poolSize)];
-        if (!alphabet.contains(c))
-            alphabet << c;
-    }
-    // Few words rarely give a puzzle; more give some, and then fail once they are used up.
-    const int count = random() % 4 == 0 ? 6 + static_cast<int>(random() % 10)
-                                        : 25 + static_cast<int>(random() % 21);
+QString pick(std::mt19937& random, const QStringList& from) {
+    return from[static_cast<qsizetype>(random() % from.size())];
+}
+
+// `count` words: mostly fresh ones from `fresh`, some repeated, in another case, reversed or
+// made into palindromes, which the distinctness rules exist for.
+template <typename Fresh> QStringList wordsWithTwins(std::mt19937& random, int count, Fresh fresh) {
     QStringList words;
     while (words.size() < count) {
         const unsigned kind = random() % 12;
         if (kind < 8 || words.isEmpty()) {
-            words << randomWord(random, alphabet);
+            words << fresh();
             continue;
         }
         const QString& earlier = words[static_cast<qsizetype>(random() % words.size())];
@@ -185,6 +179,66 @@ QStringList randomWords(std::mt19937& random) {
         }
     }
     return words;
+}
+
+// Few words rarely give a puzzle; more give some, and then fail once they are used up.
+int randomCount(std::mt19937& random) {
+    return random() % 4 == 0 ? 6 + static_cast<int>(random() % 10)
+                             : 25 + static_cast<int>(random() % 21);
+}
+
+// A random dictionary of four-character words over a small alphabet, rich in the cases the
+// distinctness rules and the pattern-character path exist for.
+QStringList randomWords(std::mt19937& random) {
+    // Mostly plain letters; sometimes digits, wildcards and the rest of the pool join in.
+    QStringList alphabet;
+    const int size =
+        random() % 3 == 0 ? (random() % 2 ? 2 : 5) : 3 + static_cast<int>(random() % 2);
+    const int poolSize = random() % 3 == 0 ? static_cast<int>(kCharacterPool.size()) : 7;
+    while (alphabet.size() < size) {
+        const QString c = kCharacterPool[static_cast<qsizetype>(random() % poolSize)];
+        if (!alphabet.contains(c))
+            alphabet << c;
+    }
+    return wordsWithTwins(random, randomCount(random),
+                          [&] { return randomWord(random, alphabet); });
+}
+
+// A random dictionary where most words hold pattern characters, so that most patterns do:
+// words of pattern characters only, lists of letters ("[ab]", "[!a]"), ranges ("[a-c"), lists
+// closed only by a later word ("a[b" meeting "]"), unmatched "[", digits for "#", and words
+// over a small mixed alphabet.
+QStringList patternRichWords(std::mt19937& random) {
+    const QStringList patternCharacters = {"?", "*", "#", "["};
+    const QStringList listCharacters = {"[", "]", "!", "-"};
+    const QStringList letters = {"a", "b", "A"};
+    const QStringList digits = {"1", "2", "#"};
+    // "?" and "*" in patterns make puzzles easier to find, the others harder.
+    QStringList alphabet = {QStringLiteral("?"), pick(random, patternCharacters),
+                            pick(random, letters), pick(random, letters)};
+    if (random() % 2)
+        alphabet << pick(random, listCharacters);
+    if (random() % 3 == 0)
+        alphabet << pick(random, digits);
+    auto fresh = [&]() -> QString {
+        switch (random() % 12) {
+        case 0:
+            return randomWord(random, patternCharacters);
+        case 1:
+            return u'[' + pick(random, letters) + pick(random, letters) + u']';
+        case 2:
+            return QStringLiteral("[!") + pick(random, letters) + u']';
+        case 3:
+            return u'[' + pick(random, letters) + u'-' + pick(random, letters);
+        case 4:
+            return pick(random, letters) + u'[' + pick(random, letters) + pick(random, alphabet);
+        case 5:
+            return randomWord(random, digits + letters.mid(0, 1));
+        default:
+            return randomWord(random, alphabet);
+        }
+    };
+    return wordsWithTwins(random, randomCount(random), fresh);
 }
 
 // Entries no dictionary load makes: short and long ones, a lone surrogate, an empty one.
@@ -214,12 +268,12 @@ QStringList oddEntries(std::mt19937& random, const QStringList& alphabet) {
 
 // One random case: a dictionary, its loads, and a run of requests with reloads after failures,
 // occasional changes to the list between requests and odd entries. Returns the requests made.
-int runRandomCase(quint64 seed, int& failures) {
+int runRandomCase(quint64 seed, QStringList (*makeWords)(std::mt19937&), int& failures) {
     SCOPED_TRACE("seed " + std::to_string(seed) +
                  " (rerun: PENTALINK_DIFF_SEED=" + std::to_string(seed) + ")");
     std::mt19937 random(static_cast<unsigned>(seed));
     RandomSource shuffle(seed);
-    const QStringList words = randomWords(random);
+    const QStringList words = makeWords(random);
     const bool withOddEntries = random() % 8 == 0;
     Pair pair;
     auto load = [&] {
@@ -260,31 +314,58 @@ std::optional<quint64> seedFromEnvironment() {
 
 } // namespace
 
-TEST(DifferentialTest, RandomSmallAlphabetDictionaries) {
-    constexpr quint64 kFirstSeed = 1000;
-    constexpr int kCases = 2000;
+// The number of random dictionaries a run tries: `standard`, or PENTALINK_DIFF_CASES when set
+// (a slow build, such as the sanitizer one, sets fewer).
+int caseCount(int standard) {
+    bool ok = false;
+    const int set = qEnvironmentVariableIntValue("PENTALINK_DIFF_CASES", &ok);
+    return ok && set > 0 ? set : standard;
+}
+
+// Runs `cases` random dictionaries from seed `firstSeed` on; returns {requests, failed}.
+std::pair<int, int> runRandomCases(quint64 firstSeed, int cases,
+                                   QStringList (*makeWords)(std::mt19937&)) {
     const std::optional<quint64> only = seedFromEnvironment();
     int requests = 0;
     int failures = 0;
-    int cases = 0;
-    for (quint64 seed = kFirstSeed; seed < kFirstSeed + kCases; ++seed) {
+    int run = 0;
+    Pair::s_attempts = Pair::s_patternAttempts = Pair::s_literalAttempts = 0;
+    for (quint64 seed = firstSeed; seed < firstSeed + static_cast<quint64>(cases); ++seed) {
         if (only && seed != *only)
             continue;
-        requests += runRandomCase(seed, failures);
-        ++cases;
+        requests += runRandomCase(seed, makeWords, failures);
+        ++run;
         if (::testing::Test::HasFailure())
             break; // the first differing case says it all
     }
-    RecordProperty("cases", cases);
-    RecordProperty("requests", requests);
     std::printf("[ info     ] %d random dictionaries (seeds %llu..%llu), %d requests, %d failed "
-                "requests; %ld attempts, %ld of them by scanning\n",
-                cases, static_cast<unsigned long long>(kFirstSeed),
-                static_cast<unsigned long long>(kFirstSeed + kCases - 1), requests, failures,
-                Pair::s_attempts, Pair::s_literalAttempts);
-    if (!only) {
-        EXPECT_GT(failures, kCases / 10) << "the cases should include many failed requests";
-        EXPECT_GT(requests - failures, kCases / 2) << "the cases should include many puzzles";
+                "requests; %ld attempts, %ld on pattern lists, %ld by scanning\n",
+                run, static_cast<unsigned long long>(firstSeed),
+                static_cast<unsigned long long>(firstSeed + static_cast<quint64>(cases) - 1),
+                requests, failures, Pair::s_attempts, Pair::s_patternAttempts,
+                Pair::s_literalAttempts);
+    if (only)
+        return {0, 0}; // one case: no claims about the mix
+    return {requests, failures};
+}
+
+TEST(DifferentialTest, RandomSmallAlphabetDictionaries) {
+    const int cases = caseCount(2000);
+    const auto [requests, failures] = runRandomCases(1000, cases, randomWords);
+    if (requests > 0) {
+        EXPECT_GT(failures, cases / 10) << "the cases should include many failed requests";
+        EXPECT_GT(requests - failures, cases / 2) << "the cases should include many puzzles";
+    }
+}
+
+TEST(DifferentialTest, RandomPatternRichDictionaries) {
+    const int cases = caseCount(600);
+    const auto [requests, failures] = runRandomCases(500000, cases, patternRichWords);
+    if (requests > 0) {
+        EXPECT_GT(failures, cases / 10) << "the cases should include many failed requests";
+        EXPECT_GT(requests - failures, cases / 10) << "the cases should include puzzles";
+        EXPECT_GT(Pair::s_patternAttempts, Pair::s_attempts / 2)
+            << "most attempts should meet pattern characters";
     }
 }
 

@@ -129,6 +129,7 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
     const TestFolder folder;
     folder.write(QStringLiteral("full.txt"), "word\r\n");
     folder.write(QStringLiteral("empty.txt"), "");
+    folder.write(QStringLiteral("one.txt"), "w");
     folder.write(QStringLiteral("locked.txt"), "word\r\n");
     QFile(folder.file(QStringLiteral("locked.txt"))).setPermissions(QFileDevice::WriteOwner);
     QDir(folder.path()).mkdir(QStringLiteral("sub"));
@@ -141,6 +142,7 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
     } rows[] = {
         {"full.txt", true},
         {"empty.txt", false},
+        {"one.txt", true},
         {"missing.txt", false},
         {"sub", false},
         {"link.txt", true},

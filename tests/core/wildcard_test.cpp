@@ -2,6 +2,7 @@
 // patterns and texts over a small alphabet, and patterns that would explode a naive matcher.
 #include "core/wildcard.h"
 
+#include <QList>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -77,15 +78,30 @@ TEST(Wildcard, CasesBeyondTheRandomAlphabet) {
         {"cakes", "?a??", false},
         {"m", "[a-z]", true},
         {"M", "[a-z]", false},
+        {"0", "#", true},
+        {"9", "#", true},
+        {"/", "#", false},
+        {":", "#", false},
+        {"a", "[a-c]", true},
+        {"c", "[a-c]", true},
+        {"`", "[a-c]", false},
+        {"d", "[a-c]", false},
+        {"c", "[!a-c]", false},
+        {"d", "[!a-c]", true},
         {"\u00fcber", "?ber", true},
         {"a\U0001F600b", "a?b", true},
         {"a\U0001F600b", "a??b", false},
         {"a\U0001F600b", "*[\U0001F600]*", true},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(matchesWildcard(QString::fromUtf8(c.text), QString::fromUtf8(c.pattern)),
-                  c.matches)
+        const QString text = QString::fromUtf8(c.text);
+        const QString pattern = QString::fromUtf8(c.pattern);
+        EXPECT_EQ(matchesWildcard(text, pattern), c.matches)
             << '"' << c.text << "\" like \"" << c.pattern << '"';
+        const QList<uint> ucs4 = text.toUcs4();
+        const std::u32string characters(ucs4.begin(), ucs4.end());
+        EXPECT_EQ(WildcardTokens(pattern).matches(characters), c.matches)
+            << "tokens: \"" << c.text << "\" like \"" << c.pattern << '"';
     }
 }
 
@@ -105,9 +121,13 @@ TEST(Wildcard, AgreesWithARegularExpressionFormulation) {
         const std::string text = pick(textAlphabet, 6);
         const bool expected = regexMatches(text, pattern);
         matched += expected;
-        ASSERT_EQ(matchesWildcard(QString::fromStdString(text), QString::fromStdString(pattern)),
-                  expected)
+        const QString patternText = QString::fromStdString(pattern);
+        ASSERT_EQ(matchesWildcard(QString::fromStdString(text), patternText), expected)
             << '"' << text << "\" like \"" << pattern << '"';
+        // The tokenized form the generator's index uses gives the same answer.
+        const std::u32string characters(text.begin(), text.end());
+        ASSERT_EQ(WildcardTokens(patternText).matches(characters), expected)
+            << "tokens: \"" << text << "\" like \"" << pattern << '"';
     }
     EXPECT_GT(matched, 500) << "the random cases should include many matches";
 }
