@@ -1,4 +1,5 @@
-// Peak memory of loading the 100,000-line file. The load runs in a child process forked at the
+// Peak memory of loading the 100,000-line file, and of the word list with the generator's
+// index for a 5,000,000-line file. The load runs in a child process forked at the
 // very start of main(), before the input files are generated, so the figure is the peak
 // resident size (getrusage ru_maxrss) of a whole process that has done nothing but start and
 // load: the child's peak starts at the parent's size at the fork (the program with its
@@ -7,10 +8,13 @@
 #include "benchfiles.h"
 #include "benchgame.h"
 
+#include "core/indexedgenerator.h"
+
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <ctime>
@@ -20,6 +24,7 @@ namespace {
 
 struct ChildReport {
     double baselineMb = 0; // peak before loading
+    double indexedMb = 0;  // peak after one create request on the first load (the index built)
     double loadMb = 0;     // peak after the first load
     double reloadMb = 0;   // peak after loading again over the first list
     double loadMs = 0;     // wall time of the first load
@@ -63,12 +68,17 @@ bool writeAll(int fd, const void* data, size_t size) {
     return true;
 }
 
-// The child: waits for a path, loads it twice, reports, repeats until the pipe closes.
+// The child: waits for a request (a mode and a path), serves it, reports, repeats until the
+// pipe closes. Mode 0: load twice (the reload over the first list). Mode 1: load once, then
+// one create request with the game's generator, which builds its index.
 [[noreturn]] void serveLoads(int in, int out) {
     for (;;) {
+        quint32 mode = 0;
         quint32 length = 0;
-        if (!readAll(in, &length, sizeof length))
+        if (!readAll(in, &mode, sizeof mode))
             _exit(0);
+        if (!readAll(in, &length, sizeof length))
+            _exit(1);
         QByteArray path(static_cast<qsizetype>(length), Qt::Uninitialized);
         if (!readAll(in, path.data(), length))
             _exit(1);
@@ -84,8 +94,14 @@ bool writeAll(int fd, const void* data, size_t size) {
                 std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
                     .count();
             report.loadMb = peakMb();
-            game.load(QString::fromUtf8(path), 2);
-            report.reloadMb = peakMb();
+            if (mode == 1) {
+                IndexedPuzzleGenerator generator;
+                generator.generate(game.list, game.grid);
+                report.indexedMb = peakMb();
+            } else {
+                game.load(QString::fromUtf8(path), 2);
+                report.reloadMb = peakMb();
+            }
             report.words = game.loader.DictionaryWordCount();
         }
         if (!writeAll(out, &report, sizeof report))
@@ -101,14 +117,19 @@ struct Child {
 
 Child g_child;
 
-void peakOfLoad(benchmark::State& state, const QString& path) {
+bool ask(quint32 mode, const QString& path, ChildReport& report) {
     const QByteArray bytes = path.toUtf8();
     const auto length = static_cast<quint32>(bytes.size());
+    return writeAll(g_child.toChild, &mode, sizeof mode) &&
+           writeAll(g_child.toChild, &length, sizeof length) &&
+           writeAll(g_child.toChild, bytes.constData(), length) &&
+           readAll(g_child.fromChild, &report, sizeof report);
+}
+
+void peakOfLoad(benchmark::State& state, const QString& path) {
     ChildReport report;
     for (auto _ : state) {
-        if (!writeAll(g_child.toChild, &length, sizeof length) ||
-            !writeAll(g_child.toChild, bytes.constData(), length) ||
-            !readAll(g_child.fromChild, &report, sizeof report)) {
+        if (!ask(0, path, report)) {
             state.SkipWithError("the measuring process failed");
             return;
         }
@@ -119,6 +140,24 @@ void peakOfLoad(benchmark::State& state, const QString& path) {
     state.counters["first_load_ms"] = report.loadMs;
     state.counters["first_load_cpu_ms"] = report.loadCpuMs;
     state.counters["words"] = report.words;
+}
+
+// The word list and the generator's index together: the peak after a load and one create
+// request, less the baseline, per accepted word.
+void peakOfIndexedList(benchmark::State& state, const QString& path) {
+    ChildReport report;
+    for (auto _ : state) {
+        if (!ask(1, path, report)) {
+            state.SkipWithError("the measuring process failed");
+            return;
+        }
+    }
+    state.counters["baseline_MB"] = report.baselineMb;
+    state.counters["peak_after_load_MB"] = report.loadMb;
+    state.counters["peak_after_request_MB"] = report.indexedMb;
+    state.counters["words"] = report.words;
+    state.counters["bytes_per_word"] =
+        (report.indexedMb - report.baselineMb) * 1024 * 1024 / std::max(report.words, 1);
 }
 
 } // namespace
@@ -143,9 +182,14 @@ int main(int argc, char** argv) {
 
     auto files = std::make_unique<BenchFiles>();
     const QString path = files->lines100k();
+    const QString large = files->lines5m();
     // One measurement: a peak only grows, so repeating it in the same process would say nothing.
     benchmark::RegisterBenchmark("PeakMemory/load_100k_lines",
                                  [path](benchmark::State& s) { peakOfLoad(s, path); })
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("PeakMemory/load_and_index_5M_lines",
+                                 [large](benchmark::State& s) { peakOfIndexedList(s, large); })
         ->Iterations(1)
         ->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);

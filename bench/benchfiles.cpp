@@ -96,6 +96,31 @@ QString BenchFiles::lines100k() {
     return m_lines100k;
 }
 
+QString BenchFiles::lines5m() {
+    const QString path = m_dir.filePath(QStringLiteral("lines5m.txt"));
+    if (QFile::exists(path))
+        return path;
+    std::array<QByteArray, 4> columns; // every letter at each position, as often as it occurs
+    for (const QString& w : m_model) {
+        for (int k = 0; k < 4; ++k)
+            columns[static_cast<size_t>(k)] += w[k].toLatin1();
+    }
+    std::mt19937 random(5000000);
+    QByteArray text;
+    text.reserve(5000000 * 6);
+    for (int n = 0; n < 5000000; ++n) {
+        for (const QByteArray& column : columns)
+            text += column[static_cast<qsizetype>(random() % column.size())];
+        text += "\r\n";
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
+        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+        std::exit(1);
+    }
+    return path;
+}
+
 QString BenchFiles::shipped() {
     return QStringLiteral(PENTALINK_SHIPPED_DICTIONARY);
 }

@@ -28,6 +28,8 @@ public:
     // Each file is written on first use.
     QString words16k();
     QString lines100k();
+    // 5,000,000 lines of four letters drawn like the 16,000 words, repeats allowed (25 MB).
+    QString lines5m();
     // A dictionary of `words` distinct consonant-vowel words (at most 17,689), written on
     // first use.
     QString noPuzzle(int words);

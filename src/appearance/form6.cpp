@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSizeGrip>
 
@@ -47,6 +48,31 @@ void setColours(QWidget* widget, const QColor& background) {
     widget->setPalette(palette);
 }
 
+// A frame whose inside is exactly its background colour (the desktop style shades the inside
+// of a group box): an etched border below the middle of the caption, the caption on the
+// background at the top left.
+class PlainFrame : public QGroupBox {
+public:
+    PlainFrame(const QString& caption, QWidget* parent)
+        : QGroupBox(caption, parent) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Window));
+        const QFontMetrics metrics(font());
+        const QRect border = rect().adjusted(0, metrics.height() / 2, -1, -1);
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.drawRect(border.adjusted(0, 0, -1, -1));
+        painter.setPen(palette().color(QPalette::Light));
+        painter.drawRect(border.adjusted(1, 1, 0, 0));
+        const QRect caption(6, 0, metrics.horizontalAdvance(title()) + 4, metrics.height());
+        painter.fillRect(caption, palette().color(QPalette::Window));
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(caption, Qt::AlignCenter, title());
+    }
+};
+
 // The selected row of a single-selection list, -1 when none is selected.
 int selectedRow(const QListWidget* list) {
     const QList<QListWidgetItem*> selected = list->selectedItems();
@@ -77,61 +103,62 @@ QListWidget* makeList(QWidget* parent, const char* name, const QRect& place) {
 
 Form6::Form6(Settings& settings, ColourScheme& scheme, Notifier& notifier, QWidget* parent)
     : QDialog(parent)
-    , m_colPik(new ColPik(this))
-    , m_model(settings, scheme, notifier, m_colPik->rules()) {
+    , m_picker(new ColPik(this))
+    , m_model(settings, scheme, notifier, m_picker->rules()) {
     setObjectName(QStringLiteral("Form6"));
     setWindowTitle(QStringLiteral("Pentalink Options"));
     setFont(fontOf(QStringLiteral("Arial"), 8.25));
 
-    m_frame1 = new QGroupBox(QStringLiteral("Colour Scheme"), this);
-    m_frame1->setObjectName(QStringLiteral("Frame1"));
-    m_frame1->setGeometry(twipsRect(60, 90, 2205, 3000));
-    m_list1 = makeList(m_frame1, "List1", twipsRect(75, 240, 2040, 2580));
+    m_schemeFrame = new PlainFrame(QStringLiteral("Colour Scheme"), this);
+    m_schemeFrame->setObjectName(QStringLiteral("Frame1"));
+    m_schemeFrame->setGeometry(twipsRect(60, 90, 2205, 3000));
+    m_schemeList = makeList(m_schemeFrame, "List1", twipsRect(75, 240, 2040, 2580));
 
-    m_frame2 = new QGroupBox(QStringLiteral("Fonts"), this);
-    m_frame2->setObjectName(QStringLiteral("Frame2"));
-    m_frame2->setGeometry(twipsRect(2340, 90, 3000, 3855));
-    m_list2 = makeList(m_frame2, "List2", twipsRect(120, 240, 2775, 2790));
-    m_label1 = new QLabel(QStringLiteral("X"), m_frame2);
-    m_label1->setObjectName(QStringLiteral("Label1"));
-    m_label1->setGeometry(twipsRect(1230, 3180, 555, 525));
-    m_label1->setToolTip(QStringLiteral("Left-Rightclick to set font size"));
+    m_fontFrame = new PlainFrame(QStringLiteral("Fonts"), this);
+    m_fontFrame->setObjectName(QStringLiteral("Frame2"));
+    m_fontFrame->setGeometry(twipsRect(2340, 90, 3000, 3855));
+    m_fontList = makeList(m_fontFrame, "List2", twipsRect(120, 240, 2775, 2790));
+    m_fontSample = new QLabel(QStringLiteral("X"), m_fontFrame);
+    m_fontSample->setObjectName(QStringLiteral("Label1"));
+    m_fontSample->setGeometry(twipsRect(1230, 3180, 555, 525));
+    m_fontSample->setToolTip(QStringLiteral("Left-Rightclick to set font size"));
 
-    m_command1 = makeButton("Command1", QStringLiteral("Apply"), QStringLiteral("Apply changes"),
-                            twipsRect(750, 3210, 1005, 330));
-    m_command2 = makeButton("Command2", QStringLiteral("Exit"), QStringLiteral("Close this window"),
-                            twipsRect(750, 3540, 1005, 330));
+    m_applyButton = makeButton("Command1", QStringLiteral("Apply"), QStringLiteral("Apply changes"),
+                               twipsRect(750, 3210, 1005, 330));
+    m_exitButton = makeButton("Command2", QStringLiteral("Exit"),
+                              QStringLiteral("Close this window"), twipsRect(750, 3540, 1005, 330));
 
-    m_contrastV = new QScrollBar(Qt::Horizontal, this);
-    m_contrastV->setObjectName(QStringLiteral("ContrastV"));
-    m_contrastV->setGeometry(twipsRect(6870, 1920, 2028, 228));
-    m_contrastV->setRange(OptionsModel::ContrastMinimum, OptionsModel::ContrastMaximum);
-    m_contrastV->setSingleStep(5);
-    m_contrastV->setPageStep(20);
-    m_contrastV->setValue(OptionsModel::ContrastDefault);
-    m_contrastV->setTracking(false);
+    m_contrastBar = new QScrollBar(Qt::Horizontal, this);
+    m_contrastBar->setObjectName(QStringLiteral("ContrastV"));
+    m_contrastBar->setGeometry(twipsRect(6870, 1920, 2028, 228));
+    m_contrastBar->setRange(OptionsModel::ContrastMinimum, OptionsModel::ContrastMaximum);
+    m_contrastBar->setSingleStep(5);
+    m_contrastBar->setPageStep(20);
+    m_contrastBar->setValue(OptionsModel::ContrastDefault);
+    m_contrastBar->setTracking(false);
 
-    m_colPik->setObjectName(QStringLiteral("ColPik1"));
-    m_colPik->setGeometry(twipsRect(6870, 240, 2055, 1635));
-    m_colPik->sizeSurface();
+    m_picker->setObjectName(QStringLiteral("ColPik1"));
+    m_picker->setGeometry(twipsRect(6870, 240, 2055, 1635));
+    m_picker->sizeSurface();
 
-    m_showSch =
+    m_viewButton =
         makeButton("ShowSch", QStringLiteral("View"), QStringLiteral("View current color setting"),
                    twipsRect(6900, 2310, 990, 330));
-    m_repSch = makeButton("RepSch", QStringLiteral("Replace"),
-                          QStringLiteral("Replace the current color scheme"),
-                          twipsRect(7890, 2310, 990, 330));
-    m_delSch =
+    m_replaceButton = makeButton("RepSch", QStringLiteral("Replace"),
+                                 QStringLiteral("Replace the current color scheme"),
+                                 twipsRect(7890, 2310, 990, 330));
+    m_deleteButton =
         makeButton("DelSch", QStringLiteral("Delete"), QStringLiteral("Delete the color scheme"),
                    twipsRect(6900, 2670, 990, 330));
-    m_addSch = makeButton("AddSch", QStringLiteral("Add"), QStringLiteral("Add this color scheme"),
-                          twipsRect(7890, 2670, 990, 330));
+    m_addButton =
+        makeButton("AddSch", QStringLiteral("Add"), QStringLiteral("Add this color scheme"),
+                   twipsRect(7890, 2670, 990, 330));
 
-    setTabOrder(m_command2, m_command1);
-    setTabOrder(m_command1, m_list1);
-    setTabOrder(m_list1, m_list2);
-    setTabOrder(m_list2, m_contrastV);
-    setTabOrder(m_contrastV, m_colPik);
+    setTabOrder(m_exitButton, m_applyButton);
+    setTabOrder(m_applyButton, m_schemeList);
+    setTabOrder(m_schemeList, m_fontList);
+    setTabOrder(m_fontList, m_contrastBar);
+    setTabOrder(m_contrastBar, m_picker);
 
     // The editor lies beyond the first view: the window widens (not heightens) to show it,
     // and its right edge and size grip say so.
@@ -150,22 +177,22 @@ Form6::Form6(Settings& settings, ColourScheme& scheme, Notifier& notifier, QWidg
     connect(&m_model, &OptionsModel::changed, this, &Form6::render);
     // The selection, not the current row: a list that gets the focus makes its first row
     // current without the player choosing anything.
-    connect(m_list1, &QListWidget::itemSelectionChanged, this,
-            [this] { m_model.selectScheme(selectedRow(m_list1)); });
-    connect(m_list2, &QListWidget::itemSelectionChanged, this,
-            [this] { m_model.fontClicked(selectedRow(m_list2)); });
-    connect(m_contrastV, &QScrollBar::valueChanged, &m_model, &OptionsModel::setContrast);
+    connect(m_schemeList, &QListWidget::itemSelectionChanged, this,
+            [this] { m_model.selectScheme(selectedRow(m_schemeList)); });
+    connect(m_fontList, &QListWidget::itemSelectionChanged, this,
+            [this] { m_model.fontClicked(selectedRow(m_fontList)); });
+    connect(m_contrastBar, &QScrollBar::valueChanged, &m_model, &OptionsModel::setContrast);
     const auto onRelease = [this](BoxControl* button, void (OptionsModel::*flow)()) {
         connect(button, &BoxControl::MouseUp, this, [this, flow] { (m_model.*flow)(); });
     };
-    onRelease(m_command1, &OptionsModel::apply);
-    onRelease(m_showSch, &OptionsModel::view);
-    onRelease(m_addSch, &OptionsModel::add);
-    onRelease(m_repSch, &OptionsModel::replace);
-    onRelease(m_delSch, &OptionsModel::remove);
-    connect(m_command2, &BoxControl::MouseUp, this, &QWidget::hide);
-    m_list1->viewport()->installEventFilter(this);
-    m_label1->installEventFilter(this);
+    onRelease(m_applyButton, &OptionsModel::apply);
+    onRelease(m_viewButton, &OptionsModel::view);
+    onRelease(m_addButton, &OptionsModel::add);
+    onRelease(m_replaceButton, &OptionsModel::replace);
+    onRelease(m_deleteButton, &OptionsModel::remove);
+    connect(m_exitButton, &BoxControl::MouseUp, this, &QWidget::hide);
+    m_schemeList->viewport()->installEventFilter(this);
+    m_fontSample->installEventFilter(this);
     render();
 }
 
@@ -206,13 +233,13 @@ void Form6::resizeEvent(QResizeEvent* event) {
 bool Form6::eventFilter(QObject* watched, QEvent* event) {
     const bool press = event->type() == QEvent::MouseButtonPress;
     const bool release = event->type() == QEvent::MouseButtonRelease;
-    if (watched == m_label1 && (press || release)) {
+    if (watched == m_fontSample && (press || release)) {
         // The sample takes the press so that the release comes back to it.
         if (release)
             m_model.sampleReleased(mouseButtonCode(static_cast<QMouseEvent*>(event)->button()));
         return true;
     }
-    if (watched == m_list1->viewport() && release) {
+    if (watched == m_schemeList->viewport() && release) {
         // The list has selected the row on the press already.
         m_model.preview();
     }
@@ -220,39 +247,40 @@ bool Form6::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Form6::renderSchemeList() {
-    const QSignalBlocker blocker(m_list1);
-    m_list1->clear();
-    m_list1->addItems(m_model.schemeNames());
-    showSelection(m_list1, m_model.schemeRow());
+    const QSignalBlocker blocker(m_schemeList);
+    m_schemeList->clear();
+    m_schemeList->addItems(m_model.schemeNames());
+    showSelection(m_schemeList, m_model.schemeRow());
 }
 
 void Form6::renderFontList() {
-    const QSignalBlocker blocker(m_list2);
-    m_list2->clear();
-    m_list2->addItems(m_model.fontNames());
+    const QSignalBlocker blocker(m_fontList);
+    m_fontList->clear();
+    m_fontList->addItems(m_model.fontNames());
 }
 
 void Form6::render() {
-    showSelection(m_list1, m_model.schemeRow());
-    showSelection(m_list2, m_model.fontRow());
-    if (QListWidgetItem* top = m_list2->item(m_model.fontTopRow()))
-        m_list2->scrollToItem(top, QAbstractItemView::PositionAtTop);
+    showSelection(m_schemeList, m_model.schemeRow());
+    showSelection(m_fontList, m_model.fontRow());
+    if (QListWidgetItem* top = m_fontList->item(m_model.fontTopRow()))
+        m_fontList->scrollToItem(top, QAbstractItemView::PositionAtTop);
     {
-        const QSignalBlocker blocker(m_contrastV);
-        m_contrastV->setValue(m_model.contrast());
+        const QSignalBlocker blocker(m_contrastBar);
+        m_contrastBar->setValue(m_model.contrast());
     }
-    m_frame1->setTitle(m_model.frame1Caption());
+    m_schemeFrame->setTitle(m_model.frame1Caption());
 
     QFont sample(m_model.sampleFontName());
     sample.setPointSizeF(m_model.sampleFontSize());
     sample.setBold(true);
     sample.setItalic(m_model.sampleItalic());
-    m_label1->setFont(sample);
+    m_fontSample->setFont(sample);
 
     const QColor background = OleTranslateColor(m_model.background());
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{this, m_frame1, m_label1, m_frame2, m_list1, m_list2})
+    for (QWidget* widget : std::initializer_list<QWidget*>{this, m_schemeFrame, m_fontSample,
+                                                           m_fontFrame, m_schemeList, m_fontList})
         setColours(widget, background);
-    for (BoxControl* button : {m_command1, m_command2, m_showSch, m_addSch, m_delSch, m_repSch})
+    for (BoxControl* button :
+         {m_applyButton, m_exitButton, m_viewButton, m_addButton, m_deleteButton, m_replaceButton})
         button->setBackColor(m_model.buttonFace());
 }

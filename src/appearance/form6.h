@@ -29,20 +29,22 @@ public:
 
     OptionsModel& model() { return m_model; }
 
-    // Every control, for the main window's start-up and for tests.
-    ColPik* ColPik1() const { return m_colPik; }
-    QListWidget* List1() const { return m_list1; }
-    QListWidget* List2() const { return m_list2; }
-    QLabel* Label1() const { return m_label1; }
-    QGroupBox* Frame1() const { return m_frame1; }
-    QGroupBox* Frame2() const { return m_frame2; }
-    QScrollBar* ContrastV() const { return m_contrastV; }
-    BoxControl* Command1() const { return m_command1; } // Apply
-    BoxControl* Command2() const { return m_command2; } // Exit
-    BoxControl* ShowSch() const { return m_showSch; }
-    BoxControl* RepSch() const { return m_repSch; }
-    BoxControl* DelSch() const { return m_delSch; }
-    BoxControl* AddSch() const { return m_addSch; }
+    // Every control, for tests; each keeps its historic name as its object name (picker
+    // "ColPik1", lists "List1" and "List2", sample "Label1", frames "Frame1" and "Frame2",
+    // "ContrastV", Apply "Command1", Exit "Command2", "ShowSch", "RepSch", "DelSch", "AddSch").
+    ColPik* picker() const { return m_picker; }
+    QListWidget* schemeList() const { return m_schemeList; }
+    QListWidget* fontList() const { return m_fontList; }
+    QLabel* fontSample() const { return m_fontSample; }
+    QGroupBox* schemeFrame() const { return m_schemeFrame; }
+    QGroupBox* fontFrame() const { return m_fontFrame; }
+    QScrollBar* contrastBar() const { return m_contrastBar; }
+    BoxControl* applyButton() const { return m_applyButton; }
+    BoxControl* exitButton() const { return m_exitButton; }
+    BoxControl* viewButton() const { return m_viewButton; }
+    BoxControl* replaceButton() const { return m_replaceButton; }
+    BoxControl* deleteButton() const { return m_deleteButton; }
+    BoxControl* addButton() const { return m_addButton; }
     // The strip along the window's right edge that tells how to reach the editor.
     QWidget* editorHint() const { return m_editorHint; }
 
@@ -62,19 +64,19 @@ private:
     void renderFontList();
     void render();
 
-    ColPik* m_colPik; // built first: the model listens to it
+    ColPik* m_picker; // built first: the model listens to it
     OptionsModel m_model;
-    QGroupBox* m_frame1 = nullptr;
-    QGroupBox* m_frame2 = nullptr;
-    QListWidget* m_list1 = nullptr;
-    QListWidget* m_list2 = nullptr;
-    QLabel* m_label1 = nullptr;
-    QScrollBar* m_contrastV = nullptr;
-    BoxControl* m_command1 = nullptr;
-    BoxControl* m_command2 = nullptr;
-    BoxControl* m_showSch = nullptr;
-    BoxControl* m_repSch = nullptr;
-    BoxControl* m_delSch = nullptr;
-    BoxControl* m_addSch = nullptr;
+    QGroupBox* m_schemeFrame = nullptr;
+    QGroupBox* m_fontFrame = nullptr;
+    QListWidget* m_schemeList = nullptr;
+    QListWidget* m_fontList = nullptr;
+    QLabel* m_fontSample = nullptr;
+    QScrollBar* m_contrastBar = nullptr;
+    BoxControl* m_applyButton = nullptr;
+    BoxControl* m_exitButton = nullptr;
+    BoxControl* m_viewButton = nullptr;
+    BoxControl* m_replaceButton = nullptr;
+    BoxControl* m_deleteButton = nullptr;
+    BoxControl* m_addButton = nullptr;
     QWidget* m_editorHint = nullptr;
 };

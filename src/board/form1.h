@@ -65,7 +65,7 @@ public:
     PuzzleSession& session() { return *m_session; }
     QTimer& timer2() { return m_timer2; }
     FNDialog& filePicker() { return *m_filePicker; }
-    Form6& form6() { return *m_form6; }
+    Form6* optionsWindow() const { return m_form6; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
     BoardView& boardView() { return *m_boardView; }

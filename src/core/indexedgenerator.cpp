@@ -43,7 +43,7 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
 }
 
 void IndexedPuzzleGenerator::forgetFailures() {
-    m_failures.assign(static_cast<size_t>(m_index.entryCount()), Failure{});
+    m_failures.clear();
     m_failureGeneration = 0;
     m_resumeFrom = 0;
     m_retry.clear();
@@ -571,81 +571,69 @@ void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
 }
 
 void IndexedPuzzleGenerator::file(std::vector<int>& heads, size_t at, int root) {
-    const auto generation = m_failures[static_cast<size_t>(root)].generation;
+    const auto generation = m_failures[root].generation;
     m_filings.push_back({root, generation, heads[at]});
     heads[at] = static_cast<int>(m_filings.size()) - 1;
 }
 
 void IndexedPuzzleGenerator::rememberFailure(int root) {
-    const auto steering = static_cast<int>(m_steering.size());
-    if (m_mode == Mode::Literal || (m_mode == Mode::Pattern && steering > kMaxSteering)) {
-        m_failures[static_cast<size_t>(root)].generation = 0;
+    if (m_mode == Mode::Literal ||
+        (m_mode == Mode::Pattern && static_cast<int>(m_steering.size()) > kMaxSteering)) {
+        if (Failure* known = m_failures.find(root))
+            known->generation = 0;
         m_retry.push_back(root); // run again next time
         return;
     }
-    Failure& failure = m_failures[static_cast<size_t>(root)];
+    Failure& failure = m_failures[root];
     failure.generation = ++m_failureGeneration;
-    failure.singles.fill(kNoEntry);
+    failure.steerBegin = static_cast<int>(m_steeringPool.size());
     if (m_mode == Mode::Pattern) {
         failure.secondUpTo = -1;
-        failure.third = kNoEntry;
-        failure.steerBegin = static_cast<int>(m_steeringPool.size());
-        failure.steerCount = steering;
         m_steeringPool.insert(m_steeringPool.end(), m_steering.begin(), m_steering.end());
     } else {
+        // The entries it marked singly: its last third word and the singles.
         failure.secondUpTo = m_secondUpTo;
-        failure.third = m_first >= 0 ? m_thirdUpTo : kNoEntry;
-        std::copy_n(m_singles.begin(), m_singleCount, failure.singles.begin());
-        failure.steerBegin = -1;
-        failure.steerCount = 0;
+        if (m_first >= 0 && m_thirdUpTo >= 0)
+            m_steeringPool.push_back(m_thirdUpTo);
+        m_steeringPool.insert(m_steeringPool.end(), m_singles.begin(),
+                              m_singles.begin() + m_singleCount);
     }
+    failure.steerCount =
+        static_cast<quint16>(static_cast<int>(m_steeringPool.size()) - failure.steerBegin);
     fileFailure(root);
 }
 
 void IndexedPuzzleGenerator::copyFailure(int root, int from) {
-    const Failure& known = m_failures[static_cast<size_t>(from)];
+    const Failure known = m_failures[from];
     if (known.generation == 0) {
         m_retry.push_back(root); // the failure was not remembered: neither is this one
         return;
     }
-    Failure& failure = m_failures[static_cast<size_t>(root)];
+    Failure& failure = m_failures[root];
     failure = known;
     failure.generation = ++m_failureGeneration;
     fileFailure(root);
 }
 
 void IndexedPuzzleGenerator::fileFailure(int root) {
-    const Failure& failure = m_failures[static_cast<size_t>(root)];
-    if (failure.steerBegin >= 0) {
-        for (int k = 0; k < failure.steerCount; ++k) {
-            const int entry = m_steeringPool[static_cast<size_t>(failure.steerBegin + k)];
-            file(m_bySingle, static_cast<size_t>(entry), root);
-        }
-        return;
-    }
-    file(m_bySecond, m_index.letter(root, 1), root);
-    if (failure.third >= 0)
-        file(m_bySingle, static_cast<size_t>(failure.third), root);
-    for (const int single : failure.singles) {
-        if (single != kNoEntry)
-            file(m_bySingle, static_cast<size_t>(single), root);
+    const Failure& failure = m_failures[root];
+    // Failures by index are also filed under the root's second letter (see steeredBy).
+    if (failure.secondUpTo >= 0)
+        file(m_bySecond, m_index.letter(root, 1), root);
+    for (int k = 0; k < failure.steerCount; ++k) {
+        const int entry = m_steeringPool[static_cast<size_t>(failure.steerBegin + k)];
+        file(m_bySingle, static_cast<size_t>(entry), root);
     }
 }
 
 bool IndexedPuzzleGenerator::steeredBy(const Failure& failure, int root, int entry) const {
-    if (failure.steerBegin >= 0) {
-        const auto begin = m_steeringPool.begin() + failure.steerBegin;
-        return std::find(begin, begin + failure.steerCount, entry) != begin + failure.steerCount;
-    }
-    if (entry == failure.third)
-        return true;
-    if (!m_index.hasLetters(entry))
-        return false;
-    if (std::find(failure.singles.begin(), failure.singles.end(), entry) != failure.singles.end())
+    const auto begin = m_steeringPool.begin() + failure.steerBegin;
+    if (std::find(begin, begin + failure.steerCount, entry) != begin + failure.steerCount)
         return true;
     // A second word taken as the first entry of its first letter: without it the next entry
     // of that letter would be taken, with other letters for the lines that cross it.
-    if (m_index.letter(entry, 1) != m_index.letter(root, 1) || entry > failure.secondUpTo)
+    if (failure.secondUpTo < 0 || !m_index.hasLetters(entry) ||
+        m_index.letter(entry, 1) != m_index.letter(root, 1) || entry > failure.secondUpTo)
         return false;
     const int g = m_index.byFirstTwo().findGroup(m_index.byFirstTwo().keyOf(m_index.packed(entry)));
     return m_index.firstAlive(g) == entry;
@@ -655,7 +643,7 @@ void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
     auto check = [&](int filing) {
         for (; filing >= 0; filing = m_filings[static_cast<size_t>(filing)].next) {
             const Filing& f = m_filings[static_cast<size_t>(filing)];
-            Failure& failure = m_failures[static_cast<size_t>(f.root)];
+            Failure& failure = m_failures[f.root];
             if (failure.generation != f.generation || f.root == removed)
                 continue; // stale: forgotten or remembered again since
             if (steeredBy(failure, f.root, removed)) {

@@ -56,6 +56,7 @@
 
 #include <array>
 #include <limits>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -97,11 +98,33 @@ private:
     // What a failed attempt marked, enough to tell whether removing an entry could change it.
     struct Failure {
         quint32 generation = 0; // 0: nothing remembered
-        int secondUpTo = -1;    // second words were taken up to this id (kAll: all)
-        int third = -1;         // the last third word taken, or -1
-        std::array<int, kSingles> singles{};
-        int steerBegin = -1; // on pattern lists: its steering entries in m_steeringPool
-        int steerCount = 0;
+        int secondUpTo = -1;    // by index: second words were taken up to this id (kAll: all)
+        int steerBegin = 0;     // the entries it marked singly, in m_steeringPool
+        quint16 steerCount = 0;
+    };
+    // Failures by root, in pages allocated as roots are reached: a request on a large list
+    // reaches only its first roots.
+    class FailureTable {
+    public:
+        void clear() { m_pages.clear(); }
+        Failure& operator[](int root) {
+            const auto page = static_cast<size_t>(root) / kPage;
+            if (page >= m_pages.size())
+                m_pages.resize(page + 1);
+            if (!m_pages[page])
+                m_pages[page] = std::make_unique<std::array<Failure, kPage>>();
+            return (*m_pages[page])[static_cast<size_t>(root) % kPage];
+        }
+        Failure* find(int root) {
+            const auto page = static_cast<size_t>(root) / kPage;
+            return page < m_pages.size() && m_pages[page]
+                       ? &(*m_pages[page])[static_cast<size_t>(root) % kPage]
+                       : nullptr;
+        }
+
+    private:
+        static constexpr size_t kPage = 4096;
+        std::vector<std::unique_ptr<std::array<Failure, kPage>>> m_pages;
     };
     // One remembered failure filed under a letter or a singly marked entry.
     struct Filing {
@@ -188,7 +211,7 @@ private:
 
     // Remembered failures: every root before m_resumeFrom failed, except those in m_retry
     // (ascending), which must run again.
-    std::vector<Failure> m_failures;
+    FailureTable m_failures;
     quint32 m_failureGeneration = 0;
     int m_resumeFrom = 0;
     std::vector<int> m_retry;

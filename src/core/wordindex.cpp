@@ -26,6 +26,15 @@ bool isSurrogate(char32_t c) {
     return c >= 0xD800 && c <= 0xDFFF;
 }
 
+// Scratch of an id per entry is kept from one build to the next for small lists (allocating
+// it afresh costs more than building their index) and given back for large ones, whose
+// memory counts.
+void releaseIfLarge(std::vector<int>& scratch) {
+    constexpr size_t kKeep = size_t{1} << 18;
+    if (scratch.capacity() > kKeep)
+        std::vector<int>().swap(scratch);
+}
+
 } // namespace
 
 // What follows the letters of `entry`, which end at code unit `end`.
@@ -56,6 +65,7 @@ void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vecto
     m_offsets.clear();
     if (!m_dense) {
         buildSparse(packed, ids);
+        releaseIfLarge(m_scratch);
         return;
     }
     const quint64 base = m_alphabetSize;
@@ -74,6 +84,7 @@ void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vecto
     default:
         buildDense(packed, ids, [this](quint64 p) { return digitOf(p); });
     }
+    releaseIfLarge(m_scratch);
 }
 
 template <typename Digit>
@@ -213,6 +224,7 @@ bool WordIndex::build(const clsSimpleArray& list) {
     m_tail.assign(static_cast<size_t>(count), Tail::Other);
     m_alive.assign(static_cast<size_t>(count), 1);
     m_specialLetter.clear();
+    m_indexed.reserve(static_cast<size_t>(count));
     for (int id = 0; id < count; ++id) {
         const QStringView entry = list.itemView(id);
         // The usual entry: four known characters of the common range, none a surrogate.
@@ -266,6 +278,7 @@ bool WordIndex::build(const clsSimpleArray& list) {
     m_k013.build(m_packed, m_indexed, kFirstTwoAndLast, size);
     m_k03.build(m_packed, m_indexed, kFirstAndLast, size);
     buildHeads();
+    releaseIfLarge(m_indexed); // only needed to build the lists
     m_revision = list.revision();
     m_built = true;
     return true;

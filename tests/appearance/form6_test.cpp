@@ -47,62 +47,63 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
     m_folder.write(QStringLiteral("pentalink.cfg"),
                    "01-31-2010 17:05:09\r\nxp.col\r\nenglish1.txt\r\nliberation serif\r\n 18 \r\n");
     Form1& form = start();
-    Form6& options = form.form6();
+    Form6& options = *form.optionsWindow();
     EXPECT_FALSE(options.isVisible());
     // Filled at start-up: every scheme of the shipped collection, the screen fonts.
-    EXPECT_GE(options.List1()->count(), 8);
-    EXPECT_EQ(options.List1()->findItems("xp", Qt::MatchExactly).size(), 1);
-    ASSERT_EQ(options.List2()->findItems("DejaVu Sans", Qt::MatchExactly).size(), 1);
+    EXPECT_GE(options.schemeList()->count(), 8);
+    EXPECT_EQ(options.schemeList()->findItems("xp", Qt::MatchExactly).size(), 1);
+    ASSERT_EQ(options.fontList()->findItems("DejaVu Sans", Qt::MatchExactly).size(), 1);
 
     const QString pictures = QDir::tempPath();
     bool ran = false;
+    std::array<quint32, ColourScheme::ColourCount> added{};
     QTimer::singleShot(0, &options, [&] {
         ran = true;
         EXPECT_TRUE(options.isModal());
         EXPECT_EQ(QApplication::activeModalWidget(), &options);
         EXPECT_EQ(options.windowTitle(), QStringLiteral("Pentalink Options"));
         // Activation: the active scheme in Frame1's caption, colour 2 behind, the board font.
-        EXPECT_EQ(options.Frame1()->title(), QStringLiteral("Colour Scheme: xp.col"));
-        EXPECT_EQ(pixelOf(&options, &options, {20, 230}),
+        EXPECT_EQ(options.schemeFrame()->title(), QStringLiteral("Colour Scheme: xp.col"));
+        EXPECT_EQ(pixelOf(&options, options.schemeFrame(), {3, 195}),
                   OleTranslateColor(m_scheme.SchemeColours[2]));
         // The configured font is found ignoring case, selected and scrolled into view (to the
         // top, as far as the list can scroll).
-        ASSERT_NE(options.List2()->currentItem(), nullptr);
-        EXPECT_EQ(options.List2()->currentItem()->text(), QStringLiteral("Liberation Serif"));
-        EXPECT_TRUE(options.List2()->viewport()->rect().contains(
-            options.List2()->visualItemRect(options.List2()->currentItem())));
-        EXPECT_EQ(options.Label1()->font().family(), QStringLiteral("liberation serif"));
-        EXPECT_EQ(options.Label1()->font().pointSize(), 18);
+        ASSERT_NE(options.fontList()->currentItem(), nullptr);
+        EXPECT_EQ(options.fontList()->currentItem()->text(), QStringLiteral("Liberation Serif"));
+        EXPECT_TRUE(options.fontList()->viewport()->rect().contains(
+            options.fontList()->visualItemRect(options.fontList()->currentItem())));
+        EXPECT_EQ(options.fontSample()->font().family(), QStringLiteral("liberation serif"));
+        EXPECT_EQ(options.fontSample()->font().pointSize(), 18);
 
         // Narrow: the frames and Apply/Exit show, the editor lies beyond the right edge.
         EXPECT_EQ(options.size(), QSize(358, 266)); // 5370 x 3990 twips
-        EXPECT_FALSE(options.rect().intersects(options.ColPik1()->geometry()));
-        EXPECT_FALSE(options.rect().intersects(options.AddSch()->geometry()));
+        EXPECT_FALSE(options.rect().intersects(options.picker()->geometry()));
+        EXPECT_FALSE(options.rect().intersects(options.addButton()->geometry()));
         EXPECT_TRUE(options.editorHint()->isVisible());
         EXPECT_TRUE(options.editorHint()->toolTip().contains(QStringLiteral("Widen")));
         options.grab().save(pictures + QStringLiteral("/pentalink-options.png"));
 
         // Preview: the scheme as stored fills the table; the window shows its colour 2.
-        clickRow(options.List1(), QStringLiteral("ocean"));
+        clickRow(options.schemeList(), QStringLiteral("ocean"));
         quint32 oceanBase = 0;
         Settings probe = m_settings;
         ColourScheme stored(probe);
         ASSERT_TRUE(stored.PreviewScheme(QStringLiteral("ocean.col"), oceanBase));
         EXPECT_EQ(m_scheme.SchemeColours, stored.SchemeColours);
-        EXPECT_EQ(options.Frame1()->title(), QStringLiteral("Colour Scheme: ocean"));
-        EXPECT_EQ(pixelOf(&options, &options, {20, 230}), OleTranslateColor(oceanBase));
-        EXPECT_EQ(options.ColPik1()->SchemeColor(), oceanBase);
+        EXPECT_EQ(options.schemeFrame()->title(), QStringLiteral("Colour Scheme: ocean"));
+        EXPECT_EQ(pixelOf(&options, options.schemeFrame(), {3, 195}), OleTranslateColor(oceanBase));
+        EXPECT_EQ(options.picker()->SchemeColor(), oceanBase);
 
         // Widen: the whole editor shows.
         options.resize(Form6::widenedSize());
-        EXPECT_TRUE(options.rect().contains(options.ColPik1()->geometry()));
-        EXPECT_TRUE(options.rect().contains(options.AddSch()->geometry()));
+        EXPECT_TRUE(options.rect().contains(options.picker()->geometry()));
+        EXPECT_TRUE(options.rect().contains(options.addButton()->geometry()));
         EXPECT_FALSE(options.editorHint()->isVisible());
         options.grab().save(pictures + QStringLiteral("/pentalink-options-wide.png"));
 
         // Pick light magenta from the palette, then a point of the light strip: each click
         // selects the colour drawn there, and colour 2 follows.
-        ColPik* picker = options.ColPik1();
+        ColPik* picker = options.picker();
         click(picker, centreOf(PickerColours::paletteRect(4, 2)));
         EXPECT_EQ(picker->SchemeColor(), packRgb(255, 0, 255));
         const QPoint onStrip(
@@ -120,27 +121,28 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
                   QString::number(GreenByte(drawn)));
 
         // View derives the table from it; the window repaints.
-        click(options.ShowSch(), {5, 5});
+        click(options.viewButton(), {5, 5});
         ColourScheme derived(probe);
         derived.DeriveScheme(drawn, 100);
         EXPECT_EQ(m_scheme.SchemeColours, derived.SchemeColours);
-        EXPECT_EQ(pixelOf(&options, &options, {20, 230}), OleTranslateColor(drawn));
+        added = derived.SchemeColours;
+        EXPECT_EQ(pixelOf(&options, options.schemeFrame(), {3, 195}), OleTranslateColor(drawn));
 
         // Add it as "Orchid"; the list is refilled and shows it.
         m_notifier.clear();
         m_notifier.queueText(QStringLiteral("Orchid"));
-        click(options.AddSch(), {5, 5});
+        click(options.addButton(), {5, 5});
         ASSERT_EQ(m_notifier.messages().size(), 2);
         EXPECT_EQ(m_notifier.messages()[1].text, QStringLiteral("Color Scheme: Orchid added"));
-        EXPECT_EQ(options.List1()->findItems("orchid", Qt::MatchExactly).size(), 1);
+        EXPECT_EQ(options.schemeList()->findItems("orchid", Qt::MatchExactly).size(), 1);
 
         // A font and a size for the board, then Apply with orchid selected.
-        clickRow(options.List2(), QStringLiteral("DejaVu Sans"));
-        click(options.Label1(), {3, 3}); // left: 18 -> 19
-        clickRow(options.List1(), QStringLiteral("orchid"));
-        click(options.Command1(), {5, 5});
-        EXPECT_TRUE(options.isVisible());  // Apply keeps the window open
-        click(options.Command2(), {5, 5}); // Exit hides it
+        clickRow(options.fontList(), QStringLiteral("DejaVu Sans"));
+        click(options.fontSample(), {3, 3}); // left: 18 -> 19
+        clickRow(options.schemeList(), QStringLiteral("orchid"));
+        click(options.applyButton(), {5, 5});
+        EXPECT_TRUE(options.isVisible());    // Apply keeps the window open
+        click(options.exitButton(), {5, 5}); // Exit hides it
     });
     form.menu().options->trigger();
     ASSERT_TRUE(ran);
@@ -159,33 +161,35 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
     const QStringList lines = SchemeFile::readLines(m_settings.SchemeCollectionPath).value();
     const qsizetype header = lines.indexOf(QStringLiteral("orchid.col"));
     ASSERT_GE(header, 0);
-    EXPECT_EQ(lines.value(header + 3), colourLineText(base));
+    for (int k = 0; k < ColourScheme::StoredColours; ++k)
+        EXPECT_EQ(lines.value(header + 1 + k), colourLineText(added[k])) << k;
+    EXPECT_EQ(base, added[2]);
 }
 
 TEST_F(OptionsWindowTest, PickerTranslatesSystemColoursSampleStaysIn8To32ApplyWithoutSelection) {
     Form1& form = start();
-    Form6& options = form.form6();
+    Form6& options = *form.optionsWindow();
     options.show(); // activation
-    options.ColPik1()->setSchemeColor(0x80000005u);
+    options.picker()->setSchemeColor(0x80000005u);
     const quint32 window = packedColour(QApplication::palette().color(QPalette::Base));
     EXPECT_EQ(m_scheme.SchemeColours[2], window);
-    EXPECT_EQ(options.ColPik1()->selectedSwatch()->palette().color(QPalette::Window),
+    EXPECT_EQ(options.picker()->selectedSwatch()->palette().color(QPalette::Window),
               OleTranslateColor(window));
 
     for (int i = 0; i < 20; ++i)
-        click(options.Label1(), {3, 3});
-    EXPECT_EQ(options.Label1()->font().pointSize(), 32);
-    click(options.Label1(), {3, 3}, Qt::RightButton);
-    EXPECT_EQ(options.Label1()->font().pointSize(), 31);
+        click(options.fontSample(), {3, 3});
+    EXPECT_EQ(options.fontSample()->font().pointSize(), 32);
+    click(options.fontSample(), {3, 3}, Qt::RightButton);
+    EXPECT_EQ(options.fontSample()->font().pointSize(), 31);
 
     // Focus makes a row current but selects nothing: Apply keeps the active scheme and
     // still reloads it, with the sample's font.
     options.activateWindow();
-    options.List1()->setFocus();
+    options.schemeList()->setFocus();
     QApplication::processEvents();
-    EXPECT_EQ(options.List1()->currentRow(), 0);
+    EXPECT_EQ(options.schemeList()->currentRow(), 0);
     m_scheme.SchemeColours.fill(0);
-    click(options.Command1(), {5, 5});
+    click(options.applyButton(), {5, 5});
     EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
     EXPECT_EQ(m_settings.BoardFontSize, 31);
     EXPECT_NE(m_scheme.SchemeColours[2], 0u); // reloaded from the file

@@ -1,6 +1,5 @@
 // The clock and scores widgets, headless: what they paint, what their labels show, and the
-// Close and Clear buttons under the mouse. Writes pictures of both for a look:
-// $TMPDIR/pentalink-dc.png and $TMPDIR/pentalink-scores.png.
+// Close and Clear buttons under the mouse.
 #include "components/dc.h"
 #include "components/scoresbox.h"
 #include "core/settings.h"
@@ -9,10 +8,8 @@
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
 
-#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -23,21 +20,6 @@ namespace {
 
 QColor rgb(quint32 packed) {
     return QColor(packed & 0xff, (packed >> 8) & 0xff, (packed >> 16) & 0xff);
-}
-
-// The clock painted at `scale` pixels per pixel, for pictures worth looking at.
-QImage renderClock(const Dc& dc, int scale) {
-    QImage image(dc.size() * scale, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(scale / 15.0, scale / 15.0);
-    paintClock(painter, dc.model(), dc.palette());
-    return image;
-}
-
-QString picture(const QString& name) {
-    return QDir::tempPath() + u'/' + name;
 }
 
 TEST(DcWidget, PaintsLitAndUnlitSegmentsAtTheirPlaces) {
@@ -56,7 +38,6 @@ TEST(DcWidget, PaintsLitAndUnlitSegmentsAtTheirPlaces) {
     EXPECT_EQ(image.pixelColor(38, 6), rgb(packRgb(0, 244, 0)));
     EXPECT_EQ(image.pixelColor(13, 19), rgb(packRgb(0, 100, 0)));
     EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::black));
-    EXPECT_TRUE(renderClock(dc, 4).save(picture(QStringLiteral("pentalink-dc.png"))));
 
     dc.setClockStartValue(0);
     source->tick();
@@ -105,7 +86,6 @@ TEST_F(ScoresBoxTest, TwoWinsShowInBothColumnsAndClearEmptiesThem) {
     EXPECT_EQ(image.size(), QSize(254, 173));
     EXPECT_EQ(image.pixelColor(1, 1), QColor(200, 190, 150));
     EXPECT_EQ(button("Command2")->palette().color(QPalette::Button), QColor(150, 170, 200));
-    EXPECT_TRUE(image.save(picture(QStringLiteral("pentalink-scores.png"))));
 
     notifier.queueAnswer(AnswerNo);
     QTest::mouseClick(button("Command2"), Qt::LeftButton);
