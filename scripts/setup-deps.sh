@@ -3,7 +3,8 @@
 # `setup-deps.sh package` installs what `make package` needs instead (dpkg-shlibdeps and the
 # tools CPack calls). As root it runs apt-get; otherwise it prints the one command to run. A
 # machine that already has everything is left alone (checked with dpkg, so a second run costs a
-# fraction of a second).
+# fraction of a second). `setup-deps.sh fuzz` adds clang and libFuzzer to the usual packages,
+# which only the fuzz targets need.
 set -euo pipefail
 
 if [ "${1:-}" = package ]; then
@@ -17,6 +18,9 @@ else
         xvfb xauth xdotool xclip x11-utils
         wamerican-small
     )
+    if [ "${1:-}" = fuzz ]; then
+        packages+=(clang-14 libclang-rt-14-dev libfuzzer-14-dev)
+    fi
 fi
 
 missing=()

@@ -172,6 +172,10 @@ QStringList ColourScheme::sectionFor(const QString& header) const {
 }
 
 bool ColourScheme::AppendScheme(const QString& name) {
+    // A header is one line: a name holding a line break would split it and shift every
+    // colour line of the section.
+    if (name.contains(u'\r') || name.contains(u'\n'))
+        return false;
     QStringList section;
     try {
         // Every colour is split before anything is written, so no partial section is left.
@@ -188,7 +192,8 @@ bool ColourScheme::AppendScheme(const QString& name) {
         lines = *existing;
     }
     lines.append(section);
-    return m_writer(m_settings.SchemeCollectionPath, SchemeFile::toBytes(lines));
+    const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(lines);
+    return bytes && m_writer(m_settings.SchemeCollectionPath, *bytes);
 }
 
 bool ColourScheme::rewrite(const QString& name, bool replace) {
@@ -208,8 +213,9 @@ bool ColourScheme::rewrite(const QString& name, bool replace) {
     const std::optional<QStringList> copy = SchemeFile::rewriteSections(*lines, header, section);
     if (!copy)
         return false;
-    const QByteArray bytes = SchemeFile::toBytes(*copy);
-    return m_writer(scratchPath(), bytes) && m_writer(m_settings.SchemeCollectionPath, bytes);
+    const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(*copy);
+    return bytes && m_writer(scratchPath(), *bytes) &&
+           m_writer(m_settings.SchemeCollectionPath, *bytes);
 }
 
 bool ColourScheme::ReplaceScheme(const QString& name) {

@@ -91,8 +91,11 @@ public:
     // Replace and Delete write the whole new collection to "newall.cox" in the program folder
     // first (it stays there) and only then replace "all.col". Every failure (the collection
     // unreadable or unwritable, a matching section cut short, a colour of a section being
-    // written that cannot be split)
-    // returns false and leaves "all.col" exactly as it was; no message is shown here.
+    // written that cannot be split) returns false and leaves "all.col" exactly as it was; no
+    // message is shown here. Append refuses a name holding a line break (CR or LF), which
+    // cannot be one header line. So does a rewrite whose result would be larger than the
+    // reader accepts (SchemeFile::MaxBytes, reached for example when LF line ends become
+    // CR LF): the collection stays readable.
     bool AppendScheme(const QString& name);
     bool ReplaceScheme(const QString& name);
     bool DeleteScheme(const QString& name);

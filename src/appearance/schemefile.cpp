@@ -27,6 +27,13 @@ QByteArray toBytes(const QStringList& lines) {
     return text.toUtf8();
 }
 
+std::optional<QByteArray> toReadableBytes(const QStringList& lines) {
+    QByteArray bytes = toBytes(lines);
+    if (bytes.size() > MaxBytes)
+        return std::nullopt;
+    return bytes;
+}
+
 bool writeAtomically(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))

@@ -29,6 +29,10 @@ std::optional<QStringList> readLines(const QString& path);
 // The bytes the program writes for `lines`: UTF-8, every line ended by CR LF.
 QByteArray toBytes(const QStringList& lines);
 
+// toBytes(lines), or nothing when readLines() would refuse the result (more than MaxBytes):
+// a rewrite must never leave a collection the program can no longer read.
+std::optional<QByteArray> toReadableBytes(const QStringList& lines);
+
 // The default Writer: a QSaveFile written unbuffered (so a short write on a full disk is
 // seen) and committed with a rename, so a failure leaves the old file as it was.
 bool writeAtomically(const QString& path, const QByteArray& bytes);

@@ -3,6 +3,7 @@
 
 #include "components/ziperror.h"
 #include "components/zipformat.h"
+#include "components/zipstream.h"
 #include "core/notifier.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -27,26 +29,22 @@ const QString kDecompressSource = QStringLiteral("clsZip.DecompressFile()");
     throw ZipError(ZipError::FileAccess, source, QStringLiteral("Path/File access error: ") + path);
 }
 
-void removeExisting(const QString& source, const QString& path) {
-    if (QFileInfo::exists(path) && !QFile::remove(path))
-        throw ZipError(ZipError::FileAccess, source,
-                       QStringLiteral("Path/File access error: ") + path);
-}
-
-// Writes the parts one after the other into `path`, whole or not at all.
+// Writes `path` whole or not at all: `fill` writes the content into a temporary file in the
+// same folder, which replaces `path` only once every byte is written. An old file of that
+// name is kept until then, and is kept for good when anything fails.
 void writeWhole(const QString& source, const QString& path,
-                std::initializer_list<const QByteArray*> parts) {
+                const std::function<bool(QSaveFile&)>& fill) {
     QSaveFile file(path);
-    bool ok = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    for (const QByteArray* part : parts) {
-        if (ok && !part->isEmpty())
-            ok = file.write(*part) == part->size();
-    }
-    if (!ok || !file.commit()) {
+    // Unbuffered, so a short write (a full disk) shows in the count write() returns.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !fill(file) || !file.commit()) {
         file.cancelWriting();
         throw ZipError(ZipError::FileAccess, source,
                        QStringLiteral("Path/File access error: ") + path);
     }
+}
+
+bool writeAll(QSaveFile& file, const char* data, qsizetype size) {
+    return size == 0 || file.write(data, size) == size;
 }
 
 } // namespace
@@ -83,24 +81,6 @@ int clsZip::compressBytes(QByteArray& data) {
     return result;
 }
 
-int clsZip::decompressBytes(QByteArray& data, qint64 expectedLength) {
-    const qint64 bound = zipformat::bufferBound(expectedLength);
-    QByteArray work(bound + 1, '\0');
-    uLongf outLength = static_cast<uLongf>(bound);
-    int result = uncompress(reinterpret_cast<Bytef*>(work.data()), &outLength,
-                            reinterpret_cast<const Bytef*>(data.constData()),
-                            static_cast<uLong>(data.size()));
-    work.truncate(static_cast<qsizetype>(outLength));
-    data = std::move(work);
-    if (result == Z_OK && data.size() != expectedLength)
-        result = Z_DATA_ERROR;
-    if (result == Z_OK) {
-        m_compressedSize = 0;
-        m_originalSize = 0;
-    }
-    return result;
-}
-
 bool clsZip::CompressFile(const QString& SourceFile, const QString& DestinationFile) {
     QFile source(SourceFile);
     if (!source.open(QIODevice::ReadOnly))
@@ -124,10 +104,12 @@ bool clsZip::CompressFile(const QString& SourceFile, const QString& DestinationF
         throw ZipError(result, kCompressSource, QStringLiteral("Error compressing byte array"));
 
     const QByteArray header = zipformat::buildHeader(m_originalSize, SourceFile);
-    removeExisting(kCompressSource, DestinationFile);
     if (!freeSpaceGuard(DestinationFile, m_compressedSize))
         return false;
-    writeWhole(kCompressSource, DestinationFile, {&header, &data});
+    writeWhole(kCompressSource, DestinationFile, [&](QSaveFile& file) {
+        return writeAll(file, header.constData(), header.size()) &&
+               writeAll(file, data.constData(), data.size());
+    });
     return true;
 }
 
@@ -172,14 +154,25 @@ bool clsZip::DecompressFile(const QString& SourceFile, const QString& Destinatio
                        QStringLiteral("Path/File access error: ") + SourceFile);
     source.close();
 
-    const int result = decompressBytes(data, header->originalSize);
+    // The stream is decoded twice, a chunk at a time: once to check that it restores exactly
+    // the stored length (before the free-space question, as the whole-buffer decoding did),
+    // and once into the destination. Memory stays at the container plus one chunk, however
+    // much the header claims and however much the stream really holds.
+    const int result = zipstream::inflateBounded(data, header->originalSize,
+                                                 [](const char*, qsizetype) { return true; });
     if (result != Z_OK)
         throw ZipError(result, kDecompressSource, QStringLiteral("Error decompressing byte array"));
+    m_compressedSize = 0;
+    m_originalSize = 0;
 
-    removeExisting(kDecompressSource, destination);
-    if (!freeSpaceGuard(destination, data.size()))
+    if (!freeSpaceGuard(destination, header->originalSize))
         return false;
-    writeWhole(kDecompressSource, destination, {&data});
+    writeWhole(kDecompressSource, destination, [&](QSaveFile& file) {
+        return zipstream::inflateBounded(data, header->originalSize,
+                                         [&file](const char* piece, qsizetype size) {
+                                             return writeAll(file, piece, size);
+                                         }) == Z_OK;
+    });
     return true;
 }
 

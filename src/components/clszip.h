@@ -32,8 +32,14 @@
 //    of blanks appends nothing.
 //  - The free-space guard asks about the file system holding the destination (the nearest
 //    existing folder for a file not yet there) and names its mount point in the message.
-//  - Destinations are written whole to a temporary file and renamed into place, so a failed
-//    write leaves no partial file.
+//  - A container is decoded in bounded chunks and its output streamed to the destination,
+//    so restoring a container of n bytes needs about n bytes of memory plus a fixed amount,
+//    whatever length it claims and however much it really holds. Decoding stops as soon as
+//    the output passes the stored length or the stream ends early.
+//  - Destinations are written whole to a temporary file in the destination's folder and
+//    renamed over the destination only after a complete write. An existing destination is
+//    kept until then: a cancelled free-space question, a full disk or a killed process
+//    leaves the old file as it was.
 #pragma once
 
 #include "components/drivespace.h"
@@ -55,8 +61,8 @@ public:
     explicit clsZip(Notifier& notifier, SpaceQuery spaceQuery = querySpace);
 
     // Compresses SourceFile into the container DestinationFile (replacing it). Returns true
-    // when the container was written, false when the free-space guard was cancelled (the old
-    // destination is then already gone). Throws ZipError as described above.
+    // when the container was written, false when the free-space guard was cancelled (an old
+    // destination is then kept). Throws ZipError as described above.
     bool CompressFile(const QString& SourceFile, const QString& DestinationFile);
 
     // Restores the container SourceFile to DestinationFile, extended by the stored
@@ -88,7 +94,6 @@ public:
 
 private:
     int compressBytes(QByteArray& data);
-    int decompressBytes(QByteArray& data, qint64 expectedLength);
     bool querySpaceOf(const QString& path);
     bool freeSpaceGuard(const QString& destination, qint64 bytes);
 

@@ -42,8 +42,9 @@ public:
     // ignored); otherwise its first line is unscrambled and shown. Session counters read 0.
     void start();
 
-    // Counts one game in both columns (played and the result's row), then SaveScores; when
-    // the save fails, says so with a standard box and keeps the counts for the next save.
+    // Counts one game in both columns (played and the result's row; a count at the largest
+    // 64-bit value stays there), then SaveScores; when the save fails, says so with a
+    // standard box and keeps the counts for the next save.
     void countGame(GameResult result);
 
     // Writes the date and the four totals. Returns false when the file could not be written

@@ -3,9 +3,10 @@
 
 #include "core/leadingnumber.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
-#include <cmath>
+#include <limits>
 
 QString scoresDate(const QDate& date) {
     static const char* const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -40,9 +41,14 @@ std::optional<ScoreCaptions> parseScoresRecord(const QString& record) {
 }
 
 QString countedCaption(const QString& caption) {
-    const double next = leadingNumber(caption) + 1;
-    // Whole counts (every count the panel writes itself) as plain digits.
-    if (std::abs(next) < 1e15 && next == std::floor(next))
-        return QString::number(static_cast<qint64>(next));
-    return QString::number(next, 'g', 15);
+    const double value = leadingNumber(caption);
+    // A whole leading number is counted exactly, and one at the top of the 64-bit range stays
+    // there rather than wrap round to a negative total.
+    static const QRegularExpression wholeNumber(QStringLiteral("^[ \t]*([+-]?[0-9]+)"));
+    const QRegularExpressionMatch match = wholeNumber.match(caption);
+    bool whole = false;
+    const qint64 count = match.hasMatch() ? match.captured(1).toLongLong(&whole) : 0;
+    if (whole && static_cast<double>(count) == value)
+        return QString::number(count < std::numeric_limits<qint64>::max() ? count + 1 : count);
+    return QString::number(value + 1, 'g', 15);
 }

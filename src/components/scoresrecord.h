@@ -29,5 +29,6 @@ QString freshScoresRecord(const QDate& date, int zeros);
 std::optional<ScoreCaptions> parseScoresRecord(const QString& record);
 
 // A counter's caption after one more game: its leading number (0 when it starts with none)
-// plus 1, as plain digits ("7" gives "8", "x" gives "1", "2.5" gives "3.5").
+// plus 1, as plain digits ("7" gives "8", "x" gives "1", "2.5" gives "3.5"); a whole number
+// at the largest 64-bit value stays as it is.
 QString countedCaption(const QString& caption);

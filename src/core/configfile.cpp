@@ -29,8 +29,19 @@ qsizetype skipBlanks(const QString& line, qsizetype i) {
 QString fontField(const QString& line) {
     const qsizetype start = skipBlanks(line, 0);
     if (start < line.size() && line.at(start) == u'"') {
-        const qsizetype close = line.indexOf(u'"', start + 1);
-        return close < 0 ? line.mid(start + 1) : line.mid(start + 1, close - start - 1);
+        // A doubled quote inside the quotes stands for one quote.
+        QString field;
+        for (qsizetype i = start + 1; i < line.size(); ++i) {
+            if (line.at(i) != u'"') {
+                field += line.at(i);
+            } else if (i + 1 < line.size() && line.at(i + 1) == u'"') {
+                field += u'"';
+                ++i;
+            } else {
+                break;
+            }
+        }
+        return field;
     }
     const qsizetype comma = line.indexOf(u',', start);
     QString field = comma < 0 ? line.mid(start) : line.mid(start, comma - start);
@@ -55,6 +66,18 @@ QString oneLine(QString value) {
     value.replace(u'\r', u' ');
     value.replace(u'\n', u' ');
     return value;
+}
+
+// The font name as fontField() gives it back: quoted, with its quotes doubled, when it has
+// blanks at either end, a comma or a quote; as it stands otherwise (so "Arial" stays Arial).
+QString fontLine(const QString& name) {
+    const bool plain = !name.contains(u',') && !name.contains(u'"') &&
+                       (name.isEmpty() || (!isBlank(name.front()) && !isBlank(name.back())));
+    if (plain)
+        return name;
+    QString quoted = name;
+    quoted.replace(QStringLiteral("\""), QStringLiteral("\"\""));
+    return u'"' + quoted + u'"';
 }
 
 struct FileValues {
@@ -99,7 +122,7 @@ QString ConfigFile::formatFile(const QDateTime& when, const QString& schemeFile,
     const QString size =
         (fontSize >= 0 ? QStringLiteral(" ") : QString()) + QString::number(fontSize) + u' ';
     return when.toString(QStringLiteral("MM-dd-yyyy HH:mm:ss")) + crlf + oneLine(schemeFile) +
-           crlf + oneLine(dictionaryPath) + crlf + oneLine(fontName) + crlf + size + crlf;
+           crlf + oneLine(dictionaryPath) + crlf + fontLine(oneLine(fontName)) + crlf + size + crlf;
 }
 
 ConfigFile::ReadResult ConfigFile::ReadcfgFile() {
@@ -139,10 +162,13 @@ bool ConfigFile::SavecfgFile() {
 bool ConfigFile::writeFile(const QString& content) const {
     // Unbuffered, so a short write (a full disk) shows in write()'s count; a buffered
     // QSaveFile can lose the tail in its final flush and still commit.
+    // A file the reader would refuse as too large must not replace a good one.
+    const QByteArray bytes = content.toUtf8();
+    if (bytes.size() > kMaxFileSize)
+        return false;
     QSaveFile file(path());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
-    const QByteArray bytes = content.toUtf8();
     if (file.write(bytes) != bytes.size())
         return false;
     return file.commit();

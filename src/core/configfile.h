@@ -8,9 +8,11 @@
 //   2  ActiveSchemeFile, the whole line
 //   3  DictionaryPath, the whole line
 //   4  BoardFontName as a delimited field: leading blanks skipped; a field opening with a
-//      double quote runs to the next double quote (the quotes are dropped, commas inside
-//      are kept); otherwise it ends at the first comma or the end of the line, trailing
-//      blanks dropped. So `Times New Roman, Bold` reads as "Times New Roman".
+//      double quote runs to the next single double quote (the quotes are dropped, commas
+//      inside are kept, a doubled quote stands for one); otherwise it ends at the first
+//      comma or the end of the line, trailing blanks dropped. So `Times New Roman, Bold`
+//      reads as "Times New Roman". A name with a blank at either end, a comma or a quote is
+//      written quoted, so every name without a line break reads back as it was saved.
 //   5  BoardFontSize as a whole number in sign position: a blank before a non-negative
 //      number and a blank after it (" 18 ", "-3 "). Read as a numeric field: leading blanks
 //      skipped, ending at a blank, a comma or the end of the line; it must be a decimal whole
@@ -63,7 +65,8 @@ public:
     // whole unless the new one was written completely. On failure shows "Configuration
     // file:", the full path and "could not be accessed, options not saved" on three lines
     // with style "vbcritical+vbok" and returns false. Line breaks inside a setting are
-    // written as blanks so the file keeps its five lines.
+    // written as blanks so the file keeps its five lines. Settings so long that the file
+    // would pass the 64 KiB the reader accepts are not saved either (the same message).
     bool SavecfgFile();
 
     // The five lines for the given values, each ended by CR LF (what SavecfgFile writes).

@@ -57,11 +57,24 @@ QString errorLogLine(const QDateTime& when, const ErrorRecord& record) {
 }
 
 bool appendErrorLogLine(const QString& logPath, const QDateTime& when, const ErrorRecord& record) {
+    // Unbuffered, so every write reaches the file at once and a short one is seen here
+    // rather than lost in a final flush.
     QFile file(logPath);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered))
         return false;
-    const QByteArray line = (errorLogLine(when, record) + kLineBreak).toUtf8();
-    return file.write(line) == line.size();
+    const qint64 before = file.size();
+    QByteArray line = (errorLogLine(when, record) + kLineBreak).toUtf8();
+    // A record torn by an earlier failure (or by an editor) must not swallow this one.
+    if (before > 0 && file.seek(before - 1) && file.read(1) != "\n")
+        line.prepend(kLineBreak.toUtf8());
+    // A record is written whole or not at all: a short write (a full disk, a size limit) is
+    // cut back off, so the log never ends in half a line.
+    if (file.write(line) != line.size() || !file.flush()) {
+        file.resize(before);
+        return false;
+    }
+    file.close();
+    return file.error() == QFileDevice::NoError;
 }
 
 void reportError(Notifier* notifier, const QDateTime& when, const ErrorRecord& record) {

@@ -36,7 +36,10 @@ QString errorMessageText(const ErrorRecord& record);
 QString errorLogLine(const QDateTime& when, const ErrorRecord& record);
 
 // Appends errorLogLine(when, record) + CR LF to `logPath`, creating the file when missing.
-// Returns false when the file cannot be written; callers ignore that.
+// The record is written whole or not at all: a write that falls short (a full disk) is cut
+// back off, leaving the log as it was, and the result is false. When the log does not end
+// in a line break (cut off by something else) the record starts on a new line. Returns
+// false when the file cannot be written; callers ignore that.
 bool appendErrorLogLine(const QString& logPath, const QDateTime& when, const ErrorRecord& record);
 
 // Shows the message (when `notifier` is not null) titled "Pentalink - ERROR" with style

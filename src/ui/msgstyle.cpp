@@ -79,6 +79,9 @@ MsgStyle parseMsgStyle(const QString& typ) {
 }
 
 MsgLayout layoutMessage(int textWidth, int textHeight, int lastButton) {
+    // Sizes outside what a text can measure are held to it, so the sums below stay in range.
+    textWidth = std::clamp(textWidth, 0, MsgMaxTextSize);
+    textHeight = std::clamp(textHeight, 0, MsgMaxTextSize);
     MsgLayout layout;
     layout.windowWidth = std::max(2 * MsgLabelLeft + textWidth, MsgButtonSlots * MsgButtonWidth);
     layout.labelHeight = textHeight + 120;

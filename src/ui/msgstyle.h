@@ -36,6 +36,9 @@ constexpr int MsgLabelTop = 300;
 constexpr int MsgButtonWidth = 885;
 constexpr int MsgButtonHeight = 345;
 constexpr int MsgButtonSlots = 3;
+// The largest text width or height the layout takes, in twips (some 1,700 metres): far beyond
+// any screen, and small enough that no sum of the layout overflows.
+constexpr int MsgMaxTextSize = 100'000'000;
 
 struct MsgLayout {
     int windowWidth = 0;  // outer width, frame and title bar included
@@ -49,5 +52,6 @@ struct MsgLayout {
 // all lines) with buttons 0..lastButton filled: the window is 2 x 840 + textWidth wide but
 // never narrower than three buttons (2655); the label is the text height + 120 high; the
 // buttons sit 120 below the label, centred as a row; the window ends 600 below them. A
-// lastButton outside 0..2 shows no button.
+// lastButton outside 0..2 shows no button. A text size below 0 counts as 0 and one above
+// MsgMaxTextSize as MsgMaxTextSize.
 MsgLayout layoutMessage(int textWidth, int textHeight, int lastButton);

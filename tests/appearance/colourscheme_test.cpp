@@ -4,6 +4,7 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
+#include "support/writefault.h"
 
 #include <QDir>
 #include <QFile>
@@ -317,6 +318,14 @@ TEST_F(SchemeFailureTest, ATableColourThatCannotBeSplitWritesNothing) {
     EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("sea"))); // deleting needs no colours
 }
 
+TEST_F(SchemeFailureTest, ANameWithALineBreakIsNoHeaderAndIsNotAppended) {
+    // Found by fuzz_schemes: the header split into two lines and shifted the colours.
+    for (const char* name : {" 233; 216\r\n 254", "a\nb", "c\r"}) {
+        EXPECT_FALSE(m_scheme.AppendScheme(QString::fromLatin1(name))) << name;
+        expectUnchanged();
+    }
+}
+
 TEST_F(SchemeFailureTest, AMatchingSectionCutShortStopsReplaceAndDelete) {
     QByteArray cut = m_before + bytes(numberedSection(QStringLiteral("short.col")).mid(0, 13));
     m_folder.write(AllCol, cut);
@@ -341,6 +350,43 @@ TEST_F(SchemeFailureTest, AFailedFinalWriteLeavesAllColAsItWas) {
     expectUnchanged();
     EXPECT_EQ(written, (QStringList{QStringLiteral("newall.cox"), AllCol,
                                     QStringLiteral("newall.cox"), AllCol, AllCol}));
+}
+
+TEST_F(SchemeFailureTest, ARewriteNeverLeavesACollectionTheReaderRefuses) {
+    // Comment lines fill each collection to 60 bytes under the reader's limit: room for
+    // neither another section nor a CR before every LF, but for a section of shorter lines.
+    const auto filled = [](QByteArray bytes, const QByteArray& lineEnd) {
+        const qsizetype size = SchemeFile::MaxBytes - 60;
+        while (bytes.size() + 200 + lineEnd.size() < size)
+            bytes += QByteArray(200, '#') + lineEnd;
+        return bytes + QByteArray(size - bytes.size() - lineEnd.size(), '#') + lineEnd;
+    };
+    const QByteArray lf = filled(QByteArray(m_before).replace("\r\n", "\n"), "\n");
+    const QByteArray crlf = filled(m_before, "\r\n");
+    const struct {
+        const char* what;
+        QByteArray content;
+        bool append, replace, remove;
+    } rows[] = {
+        {"LF line ends that CR LF would push past the limit", lf, false, false, false},
+        {"a section appended past the limit", crlf, false, true, true}, // replaced: 8 bytes less
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const std::pair<std::function<bool()>, bool> operations[] = {
+            {[&] { return m_scheme.AppendScheme(QStringLiteral("new")); }, row.append},
+            {[&] { return m_scheme.ReplaceScheme(QStringLiteral("sea")); }, row.replace},
+            {[&] { return m_scheme.DeleteScheme(QStringLiteral("sea")); }, row.remove},
+        };
+        for (const auto& [operation, succeeds] : operations) {
+            m_folder.write(AllCol, row.content);
+            EXPECT_EQ(operation(), succeeds);
+            if (!succeeds) {
+                EXPECT_EQ(collection(), row.content);
+            }
+            EXPECT_TRUE(SchemeFile::readLines(m_folder.file(AllCol)).has_value());
+        }
+    }
 }
 
 TEST_F(SchemeFailureTest, AnUnusableCollectionOrFolderIsRefusedUntouched) {
@@ -392,5 +438,47 @@ TEST_F(SchemeFailureTest, AnUnusableCollectionOrFolderIsRefusedUntouched) {
     }
     QFile::setPermissions(folder, writable);
 }
+
+// Append, Replace and Delete when the disk refuses the write: each reports failure and
+// every file of the folder stays byte for byte as it was.
+class SchemeWriteFault : public testing::TestWithParam<WriteFault> {};
+
+TEST_P(SchemeWriteFault, EveryRewriteFailsAndKeepsTheCollection) {
+    const QByteArray collection = bytes(numberedSection(QStringLiteral("xp.col")) +
+                                        numberedSection(QStringLiteral("sea.col")));
+    // Append writes the collection itself; Replace and Delete fail at the scratch copy first.
+    const std::pair<const char*, std::function<bool(ColourScheme&)>> operations[] = {
+        {"append", [](ColourScheme& s) { return s.AppendScheme(QStringLiteral("new")); }},
+        {"replace", [](ColourScheme& s) { return s.ReplaceScheme(QStringLiteral("sea")); }},
+        {"delete", [](ColourScheme& s) { return s.DeleteScheme(QStringLiteral("sea")); }},
+    };
+    for (const auto& [what, operation] : operations) {
+        SCOPED_TRACE(what);
+        const bool append = std::string_view(what) == "append";
+        const WriteFaultOutcome outcome = runWithWriteFault(
+            GetParam(),
+            {[&](const QString& folder) { writeFaultFile(folder + AllCol, collection); },
+             [&](const QString& folder, const QString& target, Notifier& notifier) {
+                 Settings settings = Settings::forFolder(target);
+                 if (!append)
+                     settings.SchemeCollectionPath = folder + AllCol;
+                 ColourScheme scheme(settings);
+                 scheme.setNotifier(&notifier);
+                 scheme.DeriveScheme(packRgb(50, 60, 70), 100);
+                 return QString::number(operation(scheme));
+             },
+             100});
+        if (outcome.skipped)
+            GTEST_SKIP() << outcome.skipReason.toStdString();
+        EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
+        EXPECT_EQ(outcome.result, QStringLiteral("0"));
+        EXPECT_EQ(outcome.messages, QStringList());
+        EXPECT_EQ(outcome.changed, QStringList());
+        EXPECT_EQ(outcome.added, QStringList());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, SchemeWriteFault, testing::ValuesIn(kWriteFaults),
+                         [](const auto& info) { return writeFaultName(info.param); });
 
 } // namespace

@@ -6,10 +6,13 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
+#include "support/writefault.h"
 
 #include <QLocale>
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace {
 
@@ -160,15 +163,51 @@ TEST_F(ScoresKeeperTest, ClearAsksAndOnlyYesEmptiesTheTotals) {
     EXPECT_EQ(column(k, false), (QStringList{"0", "0", "0", "0"}));
 }
 
-TEST_F(ScoresKeeperTest, UnwritableFileIsReportedAndTheCountsKept) {
-    ScoresKeeper k = keeper(QStringLiteral("no/such/folder/game.sco"));
-    k.start(); // the failure to create it is ignored
-    EXPECT_TRUE(notifier.messages().isEmpty());
+TEST_F(ScoresKeeperTest, TotalsAtTheTopOfTheRangeStayThereAndStillLoad) {
+    const QString top = QString::number(std::numeric_limits<qint64>::max());
+    const QString record = QStringLiteral("01Jan2020 %1 %1 0 0 ").arg(top);
+    store(record);
+    ScoresKeeper k = keeper();
+    k.start();
     k.countGame(GameResult::Won);
-    ASSERT_EQ(notifier.messages().size(), 1);
-    EXPECT_TRUE(notifier.messages().at(0).text.startsWith(QStringLiteral("The scores could not")));
-    EXPECT_EQ(k.allSessions(2), QStringLiteral("1"));
+    k.countGame(GameResult::Lost);
+    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 %1 %1 0 1 ").arg(top));
+    ScoresKeeper next = keeper();
+    next.start();
+    EXPECT_EQ(next.allSessions(1), top);
+    EXPECT_EQ(next.allSessions(4), QStringLiteral("1"));
+    EXPECT_TRUE(notifier.messages().isEmpty());
 }
+
+// A save the disk refuses: the message, the counts kept for the next save, the old file kept
+// byte for byte.
+class ScoresWriteFault : public testing::TestWithParam<WriteFault> {};
+
+TEST_P(ScoresWriteFault, IsReportedAndTheOldFileAndTheCountsKept) {
+    const QByteArray old =
+        ScrambleScores(QStringLiteral("01Jan2020 10 5 3 2 ")).toLatin1() + "\r\n";
+    const WriteFaultOutcome outcome = runWithWriteFault(
+        GetParam(), {[&](const QString& folder) { writeFaultFile(folder + "game.sco", old); },
+                     [](const QString&, const QString& target, Notifier& notifier) {
+                         ScoresKeeper k(target + "game.sco", notifier, [] { return kToday; });
+                         k.start();
+                         k.countGame(GameResult::Won);
+                         return k.allSessions(1);
+                     },
+                     20});
+    if (outcome.skipped)
+        GTEST_SKIP() << outcome.skipReason.toStdString();
+    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
+    // The old totals were read where the file could be reached.
+    EXPECT_EQ(outcome.result, GetParam() == WriteFault::PathThroughFile ? "1" : "11");
+    EXPECT_EQ(outcome.messages, QStringList{QStringLiteral("The scores could not be saved to ") +
+                                            outcome.target + QStringLiteral("game.sco")});
+    EXPECT_EQ(outcome.changed, QStringList());
+    EXPECT_EQ(outcome.added, QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, ScoresWriteFault, testing::ValuesIn(kWriteFaults),
+                         [](const auto& info) { return writeFaultName(info.param); });
 
 TEST_F(ScoresKeeperTest, DefaultFileIsTheProgramNameInTheProgramFolder) {
     EXPECT_EQ(ScoresKeeper::defaultScoreFilePath(),

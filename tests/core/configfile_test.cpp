@@ -4,15 +4,12 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
+#include "support/writefault.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace {
 
@@ -33,28 +30,6 @@ protected:
     TestFolder folder;
     Settings settings = Settings::forFolder(folder.path());
     RecordingNotifier notifier;
-};
-
-// Makes every file write of this process fail past `bytes`, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int) = nullptr;
 };
 
 } // namespace
@@ -181,6 +156,38 @@ TEST_F(ConfigFileTest, SaveWritesTheFiveLines) {
     EXPECT_EQ(reread.BoardFontSize, 9);
 }
 
+TEST_F(ConfigFileTest, FontNamesWithEdgeBlanksCommasOrQuotesSurviveSaveAndReload) {
+    const struct {
+        const char* name;
+        const char* line; // line 4 as written
+    } rows[] = {
+        {"im ", "\"im \""},
+        {"Times, New", "\"Times, New\""},
+        {"\"Quoted\"", "\"\"\"Quoted\"\"\""},
+        {"a\"b", "\"a\"\"b\""},
+        {" lead", "\" lead\""},
+        {"\t", "\"\t\""},
+        {",", "\",\""},
+        {"Times New Roman", "Times New Roman"},
+        {"", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        settings.BoardFontName = QString::fromUtf8(row.name);
+        ASSERT_TRUE(config().SavecfgFile());
+        EXPECT_EQ(cfgBytes().split('\n').value(3), QByteArray(row.line) + '\r');
+        Settings reread = Settings::forFolder(folder.path());
+        EXPECT_EQ(ConfigFile(reread, notifier).ReadcfgFile(), ConfigFile::ReadResult::Read);
+        EXPECT_EQ(reread.BoardFontName, settings.BoardFontName);
+    }
+    // A name so long that the reader would refuse the file is not saved over a good one.
+    const QByteArray good = cfgBytes();
+    settings.BoardFontName = QString(70000, u'x');
+    EXPECT_FALSE(config().SavecfgFile());
+    EXPECT_EQ(cfgBytes(), good);
+    EXPECT_EQ(notifier.messages().size(), 1);
+}
+
 TEST_F(ConfigFileTest, SaveFormatsTimeAndSignPosition) {
     const QDateTime morning(QDate(2024, 12, 5), QTime(7, 3, 0));
     EXPECT_EQ(ConfigFile::formatFile(morning, QStringLiteral("a"), QStringLiteral("b"),
@@ -191,36 +198,35 @@ TEST_F(ConfigFileTest, SaveFormatsTimeAndSignPosition) {
               QStringLiteral("01-09-2024 23:59:58\r\na  b\r\n\r\n\r\n 0 \r\n"));
 }
 
-TEST_F(ConfigFileTest, SaveFailureShowsTheMessageAndKeepsTheOldFile) {
-    writeCfg(kDefaultFile);
-    settings.ActiveSchemeFile = QStringLiteral("changed.col");
-    {
-        const FileSizeLimit diskFull(8);
-        EXPECT_FALSE(config().SavecfgFile());
-    }
-    EXPECT_EQ(cfgBytes(), kDefaultFile);
-    ASSERT_EQ(notifier.messages().size(), 1);
-    EXPECT_EQ(notifier.messages().at(0).text,
-              QStringLiteral("Configuration file:\n") +
-                  folder.file(QStringLiteral("pentalink.cfg")) +
-                  QStringLiteral("\ncould not be accessed, options not saved"));
-    EXPECT_EQ(notifier.messages().at(0).style, QStringLiteral("vbcritical+vbok"));
-    EXPECT_FALSE(notifier.messages().at(0).standard);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"pentalink.cfg"});
+// Leaving through Exit when the file cannot be written: the message, the old file kept byte
+// for byte, and the program goes on.
+class ConfigSaveFault : public testing::TestWithParam<WriteFault> {};
+
+TEST_P(ConfigSaveFault, ShowsTheMessageAndKeepsTheOldFile) {
+    const WriteFaultOutcome outcome = runWithWriteFault(
+        GetParam(),
+        {[](const QString& folder) { writeFaultFile(folder + "pentalink.cfg", kDefaultFile); },
+         [](const QString&, const QString& target, Notifier& notifier) {
+             Settings settings = Settings::forFolder(target);
+             settings.ActiveSchemeFile = QStringLiteral("changed.col");
+             settings.BoardFontName = QStringLiteral("A much longer font name than before");
+             return QString::number(ConfigFile(settings, notifier).SavecfgFile());
+         },
+         40});
+    if (outcome.skipped)
+        GTEST_SKIP() << outcome.skipReason.toStdString();
+    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
+    EXPECT_EQ(outcome.result, QStringLiteral("0"));
+    EXPECT_EQ(
+        outcome.messages,
+        QStringList{QStringLiteral("Configuration file:\n") + outcome.target +
+                    QStringLiteral("pentalink.cfg\ncould not be accessed, options not saved")});
+    EXPECT_EQ(outcome.changed, QStringList());
+    EXPECT_EQ(outcome.added, QStringList());
 }
 
-TEST_F(ConfigFileTest, SaveIntoAReadOnlyFolderFails) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "permissions do not stop root from writing";
-    writeCfg(kDefaultFile);
-    QFile::setPermissions(folder.path(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-    settings.BoardFontName = QStringLiteral("Changed");
-    EXPECT_FALSE(config().SavecfgFile());
-    QFile::setPermissions(folder.path(),
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    EXPECT_EQ(cfgBytes(), kDefaultFile);
-    EXPECT_EQ(notifier.messages().size(), 1);
-}
+INSTANTIATE_TEST_SUITE_P(Faults, ConfigSaveFault, testing::ValuesIn(kWriteFaults),
+                         [](const auto& info) { return writeFaultName(info.param); });
 
 TEST_F(ConfigFileTest, MissingFolderTakesTheDefaultsButCannotSave) {
     settings.AppFolder = folder.path() + QStringLiteral("gone/");

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace {
 
 const MsgButton Ok{QStringLiteral("Ok"), 1};
@@ -77,6 +79,14 @@ TEST(MsgLayout, HeightsFollowTheText) {
     const MsgLayout two = layoutMessage(1000, 420, 0);
     EXPECT_EQ(two.windowHeight - one.windowHeight, 210);
     EXPECT_EQ(two.buttonTop - one.buttonTop, 210);
+    // Found by fuzz_msgstyle: sizes no text can have (the empty input gives INT_MIN) made the
+    // label shorter than nothing, and INT_MAX overflowed the sums.
+    const MsgLayout none = layoutMessage(INT_MIN, INT_MIN, 0);
+    EXPECT_EQ(none.labelHeight, 120);
+    EXPECT_EQ(none.windowWidth, 2655);
+    const MsgLayout huge = layoutMessage(INT_MAX, INT_MAX, 2);
+    EXPECT_EQ(huge.windowWidth, 2 * 840 + MsgMaxTextSize);
+    EXPECT_EQ(huge.windowHeight, 300 + MsgMaxTextSize + 120 + 120 + 345 + 600);
 }
 
 TEST(BoxGeometry, EdgesOfAnAnswerButton) {
