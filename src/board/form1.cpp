@@ -240,6 +240,10 @@ void Form1::startUp() {
     setTextColour(m_statusLine, Qt::black);
 
     ReadcfgFile();
+    // Laying out the Options window's picker selects its first colour into colour 2; start
+    // from the built-in colours instead, so a scheme that cannot be loaded still leaves a
+    // usable window.
+    m_scheme.SchemeColours = ColourScheme::BuiltInXp;
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
 
