@@ -23,8 +23,9 @@ configure: setup $(BUILD_DIR)/build.ninja
 build: configure
 	cmake --build --preset default
 
-run: build
-	@bash scripts/run.sh $(BUILD_DIR)/bin/pentalink
+# Checks for a display first, then builds only the game (not the tests) and starts it.
+run:
+	@MAKE="$(MAKE)" bash scripts/run.sh $(BUILD_DIR)
 
 test: build
 	ctest --preset default

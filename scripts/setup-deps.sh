@@ -16,6 +16,7 @@ else
         zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
         fonts-liberation2 fonts-dejavu-core
         xvfb xauth xdotool xclip x11-utils
+        wamerican-small
     )
     if [ "${1:-}" = fuzz ]; then
         packages+=(clang-14 libclang-rt-14-dev libfuzzer-14-dev)

@@ -22,14 +22,15 @@ int darken(int v) {
     return v < 1 ? 8 : v;
 }
 
-// The StoredColours lines under the header `schemeFile` in the collection at `path`; nothing
-// when the collection cannot be read, has no such header or ends before the last of them.
+// The lines under the first header `schemeFile` in the collection at `path`, at most
+// StoredColours of them: fewer when the file ends first, so the loaders store the colours
+// before the missing one. Nothing when the collection cannot be read or has no such header.
 std::optional<QStringList> storedLines(const QString& path, const QString& schemeFile) {
     const std::optional<QStringList> lines = SchemeFile::readLines(path);
     if (!lines)
         return std::nullopt;
     const qsizetype header = lines->indexOf(schemeFile);
-    if (header < 0 || header + ColourScheme::StoredColours >= lines->size())
+    if (header < 0)
         return std::nullopt;
     return lines->mid(header + 1, ColourScheme::StoredColours);
 }
@@ -63,6 +64,8 @@ bool ColourScheme::LoadColourScheme(const QString& schemeFile) {
     // Components as read (0..32767); they carry over from colour 2 to 3 and from 4 to 5.
     ColourComponents c;
     for (int k = 0; k < StoredColours; ++k) {
+        if (k >= lines->size()) // the section is cut short: the line cannot be read
+            return fail();
         if (k == 3) {
             c = {lighten(c.red), lighten(c.green), lighten(c.blue)};
         } else if (k == 5) {
@@ -102,7 +105,8 @@ bool ColourScheme::PreviewScheme(const QString& schemeFile, quint32& baseColour)
     if (!lines)
         return fail();
     for (int k = 0; k < StoredColours; ++k) {
-        const std::optional<ColourComponents> read = readColourLine(lines->at(k));
+        const std::optional<ColourComponents> read =
+            k < lines->size() ? readColourLine(lines->at(k)) : std::nullopt;
         if (!read)
             return fail();
         SchemeColours[k] = packComponents(*read);
@@ -194,16 +198,18 @@ bool ColourScheme::AppendScheme(const QString& name) {
 
 bool ColourScheme::rewrite(const QString& name, bool replace) {
     const QString header = SchemeFileName(name);
+    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
+    if (!lines)
+        return false;
+    // The table's colours are split only when a section takes them: with no matching header
+    // the file is rewritten unchanged, whatever the table holds (system colours included).
     QStringList section;
     try {
-        if (replace)
+        if (replace && lines->contains(header))
             section = sectionFor(header);
     } catch (const ColourOverflow&) {
         return false;
     }
-    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
-    if (!lines)
-        return false;
     const std::optional<QStringList> copy = SchemeFile::rewriteSections(*lines, header, section);
     if (!copy)
         return false;

@@ -39,7 +39,19 @@ public:
     // How whole files are written (default SchemeFile::writeAtomically); tests make it fail.
     void setWriter(SchemeFile::Writer writer);
 
-    std::array<quint32, ColourCount> SchemeColours{};
+    // The shipped "xp.col" as the main window's loader reads it. The table starts from it, so
+    // a window whose scheme cannot be loaded (no collection, a damaged one, an unknown name)
+    // still paints readable text, menus and buttons.
+    static constexpr std::array<quint32, ColourCount> BuiltInXp = {
+        packRgb(1, 1, 1),       packRgb(240, 240, 240),
+        packRgb(236, 233, 216), packRgb(254, 254, 248),
+        packRgb(214, 223, 247), packRgb(182, 191, 215),
+        packRgb(244, 244, 244), packRgb(244, 244, 244),
+        packRgb(244, 244, 244), packRgb(128, 0, 0),
+        packRgb(255, 0, 0),     packRgb(0, 128, 0),
+        packRgb(0, 255, 0),     0};
+
+    std::array<quint32, ColourCount> SchemeColours = BuiltInXp;
     int ButtonColourIndex = 4;
 
     // The main window's loader. Reads the section headed exactly `schemeFile` into colours
@@ -78,11 +90,12 @@ public:
     // rewrite the collection (as UTF-8 with CR LF line ends) and succeed.
     // Replace and Delete write the whole new collection to "newall.cox" in the program folder
     // first (it stays there) and only then replace "all.col". Every failure (the collection
-    // unreadable or unwritable, a matching section cut short, a colour that cannot be split)
-    // returns false and leaves "all.col" exactly as it was; no message is shown here. Append
-    // refuses a name holding a line break (CR or LF), which cannot be one header line. So does
-    // a rewrite whose result would be larger than the reader accepts (SchemeFile::MaxBytes,
-    // reached for example when LF line ends become CR LF): the collection stays readable.
+    // unreadable or unwritable, a matching section cut short, a colour of a section being
+    // written that cannot be split) returns false and leaves "all.col" exactly as it was; no
+    // message is shown here. Append refuses a name holding a line break (CR or LF), which
+    // cannot be one header line. So does a rewrite whose result would be larger than the
+    // reader accepts (SchemeFile::MaxBytes, reached for example when LF line ends become
+    // CR LF): the collection stays readable.
     bool AppendScheme(const QString& name);
     bool ReplaceScheme(const QString& name);
     bool DeleteScheme(const QString& name);

@@ -1,9 +1,12 @@
 // The board widget; see boardview.h.
 #include "board/boardview.h"
 
+#include "board/boardaccessible.h"
 #include "board/boardgeometry.h"
 #include "board/boardhit.h"
 #include "board/playboard.h"
+
+#include "ui/contrast.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -17,7 +20,51 @@ BoardView::BoardView(const PlayBoard& board, QWidget* parent)
     setGeometry(toPixels(BoardRect));
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    connect(&board, &PlayBoard::changed, this, qOverload<>(&QWidget::update));
+    // Tab reaches the board; a click does not take the focus, so the mouse changes nothing.
+    setFocusPolicy(Qt::TabFocus);
+    setAccessibleName(QStringLiteral("Pentalink board"));
+    connect(&board, &PlayBoard::changed, this, [this] {
+        update();
+        BoardAccessibility::notifyChanged(this);
+    });
+}
+
+void BoardView::setFocusItem(const FocusItem& item) {
+    if (m_focus == item)
+        return;
+    m_focus = item;
+    update();
+    if (hasFocus())
+        BoardAccessibility::notifyFocus(this, m_focus);
+}
+
+void BoardView::setFocusRingShown(bool shown) {
+    if (m_ringShown == shown)
+        return;
+    m_ringShown = shown;
+    update();
+}
+
+bool BoardView::focusRingVisible() const {
+    return m_ringShown && hasFocus() && m_focus.kind != FocusKind::Button;
+}
+
+void BoardView::announce(const QString& text) {
+    if (text.isEmpty())
+        return;
+    m_announcement = text;
+    BoardAccessibility::announce(this);
+}
+
+void BoardView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update();
+    BoardAccessibility::notifyFocus(this, m_focus);
+}
+
+void BoardView::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update();
 }
 
 void BoardView::setBoardStyle(const BoardStyle& style) {
@@ -41,6 +88,16 @@ void BoardView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.scale(1.0 / TwipsPerPixel, 1.0 / TwipsPerPixel);
     paintBoard(painter, m_board.state(), m_style);
+    if (focusRingVisible()) {
+        // A band just outside the item, on the ground around it.
+        const int band = FocusRingWidth * TwipsPerPixel;
+        const QRect outer = BoardFocus::rectOf(m_focus).adjusted(-band, -band, band, band);
+        const QColor ring = contrastingColour(m_style.ground);
+        painter.fillRect(QRect(outer.left(), outer.top(), outer.width(), band), ring);
+        painter.fillRect(QRect(outer.left(), outer.bottom() + 1 - band, outer.width(), band), ring);
+        painter.fillRect(QRect(outer.left(), outer.top(), band, outer.height()), ring);
+        painter.fillRect(QRect(outer.right() + 1 - band, outer.top(), band, outer.height()), ring);
+    }
 }
 
 void BoardView::mousePressEvent(QMouseEvent* event) {

@@ -3,10 +3,13 @@
 
 #include "appearance/colourscheme.h"
 #include "appearance/form6.h"
+#include "board/boardaccessible.h"
 #include "board/boardcommands.h"
 #include "board/boardgeometry.h"
+#include "board/boardspeech.h"
 #include "board/boardview.h"
 #include "board/buttonpictures.h"
+#include "board/keyboardplay.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
 #include "core/appfolder.h"
@@ -20,6 +23,7 @@
 #include "ui/programicon.h"
 #include "ui/widgetcolours.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -77,11 +81,14 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     // Scheme messages go through the gate too, so a completion tick never meets an open one.
     m_scheme.setNotifier(&m_gate);
     // The normal pointer shows while a message waits for the player, whatever work is going on.
-    m_gate.setOpenHook([](bool opening) {
-        if (opening)
+    // A screen reader hears each message as it opens.
+    m_gate.setOpenHook([this](bool opening, const QString& text) {
+        if (opening) {
             QApplication::setOverrideCursor(Qt::ArrowCursor);
-        else
+            m_boardView->announce(text);
+        } else {
             QApplication::restoreOverrideCursor();
+        }
     });
     setWindowTitle(QStringLiteral("Pentalink  "));
     setWindowIcon(programIcon());
@@ -92,9 +99,12 @@ Form1::Form1(Settings& settings, ColourScheme& scheme, Notifier& notifier, MsgFo
     windowFont.setPointSizeF(8.25);
     setFont(windowFont);
 
+    installBoardAccessibility();
     m_menu = std::make_unique<MainMenu>(menuBar());
     buildLayout();
     buildButtons();
+    m_keyboard =
+        new KeyboardPlay(m_boardView, {m_cmddict, m_cmdshowsol, m_cmdreset, m_cmdcreate}, this);
     connectCommands();
     startUp();
 }
@@ -118,6 +128,7 @@ void Form1::buildLayout() {
     m_statusLine->setGeometry(toPixels(StatusLine));
     m_statusLine->setFrameStyle(QFrame::Box | QFrame::Plain);
     m_statusLine->setAutoFillBackground(true);
+    m_statusLine->setAccessibleDescription(QStringLiteral("Dictionary"));
 
     // The file-name picker has no visible part in this window.
     m_filePicker = new FNDialog(m_client);
@@ -136,6 +147,7 @@ void Form1::buildButtons() {
         button->setCaption(QString());
         button->setPicture(buttonPicture(picture));
         button->setToolTip(tip);
+        button->setAccessibleName(tip);
         return button;
     };
     m_cmddict = make("cmddict", DictButton, ButtonPicture::OpenFolder,
@@ -169,6 +181,7 @@ void Form1::connectCommands() {
     connect(m_cmdshowsol, &BoxControl::MouseUp, this, [this] { play(Move::solutionRelease()); });
     connect(m_cmdreset, &BoxControl::MouseUp, this, [this] { play(Move::clearEntries()); });
     connect(m_boardView, &BoardView::moveMade, this, &Form1::play);
+    connect(m_keyboard, &KeyboardPlay::moveMade, this, &Form1::play);
 
     PuzzleSession& session = *m_session;
     connect(&session, &PuzzleSession::waitPointerChanged, this, [this](bool waiting) {
@@ -190,6 +203,9 @@ void Form1::connectCommands() {
             [this](const QString& text, const QString& toolTip) {
                 m_statusLine->setText(text);
                 m_statusLine->setToolTip(toolTip);
+                m_statusLine->setAccessibleName(text);
+                QAccessibleEvent event(m_statusLine, QAccessible::NameChanged);
+                BoardAccessibility::send(event);
             });
 
     m_timer1.setSingleShot(true);
@@ -224,6 +240,10 @@ void Form1::startUp() {
     setTextColour(m_statusLine, Qt::black);
 
     ReadcfgFile();
+    // Laying out the Options window's picker selects its first colour into colour 2; start
+    // from the built-in colours instead, so a scheme that cannot be loaded still leaves a
+    // usable window.
+    m_scheme.SchemeColours = ColourScheme::BuiltInXp;
     m_scheme.LoadColourScheme(m_settings.ActiveSchemeFile);
     SetCol();
 
@@ -234,6 +254,8 @@ void Form1::startUp() {
     m_timer1.start();
 
     resize(sizeHint());
+    // Keys go to the board from the start; its ring shows once a key is used.
+    m_boardView->setFocus(Qt::OtherFocusReason);
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());
 }
@@ -409,5 +431,7 @@ void Form1::letEventsRun() {
 }
 
 void Form1::play(const Move& move) {
+    const BoardState before = m_board->state();
     m_board->apply(move);
+    m_boardView->announce(BoardSpeech::announcement(move, before, m_board->state()));
 }

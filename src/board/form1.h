@@ -23,6 +23,7 @@ class BoxControl;
 class ColourScheme;
 class FNDialog;
 class Form4;
+class KeyboardPlay;
 class Form6;
 class MsgForm;
 class Notifier;
@@ -69,6 +70,7 @@ public:
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
     BoardView& boardView() { return *m_boardView; }
+    KeyboardPlay& keyboard() { return *m_keyboard; }
     QLabel* statusLine() const { return m_statusLine; }
     BoxControl* cmddict() const { return m_cmddict; }
     BoxControl* cmdshowsol() const { return m_cmdshowsol; }
@@ -111,6 +113,7 @@ private:
 
     QWidget* m_client = nullptr;
     BoardView* m_boardView = nullptr;
+    KeyboardPlay* m_keyboard = nullptr;
     QLabel* m_statusLine = nullptr;
     BoxControl* m_cmddict = nullptr;
     BoxControl* m_cmdshowsol = nullptr;

@@ -2,6 +2,7 @@
 #include "board/mainmenu.h"
 
 #include <QAction>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -28,7 +29,7 @@ QMenu* addMenu(QMenuBar* bar, const char* name, const QString& caption) {
 } // namespace
 
 MainMenu::MainMenu(QMenuBar* bar) {
-    // Captions carry no "&": no entry has a shortcut key.
+    // Captions carry no "&": no entry has an access key.
     fileMenu = addMenu(bar, "mnumain", QStringLiteral("File"));
     options = addEntry(fileMenu, "mnucolsch", QStringLiteral("Options"));
     loadDictionary = addEntry(fileMenu, "mnudict", QStringLiteral("Load a Dictionary"));
@@ -53,4 +54,12 @@ MainMenu::MainMenu(QMenuBar* bar) {
     copyEntries[3] = addEntry(copyMenu, "mnu2clip3", QStringLiteral("Cancel"));
     addSeparator(puzzleMenu, "dash5");
     puzzleCancel = addEntry(puzzleMenu, "can6", QStringLiteral("Cancel"));
+
+    // Keyboard shortcuts as desktops have them, shown beside the entries.
+    create->setShortcut(QKeySequence::New);
+    loadDictionary->setShortcut(QKeySequence::Open);
+    print->setShortcut(QKeySequence::Print);
+    copyEntries[0]->setShortcut(QKeySequence::Copy);
+    help->setShortcut(QKeySequence(Qt::Key_F1));
+    exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 }

@@ -2,7 +2,9 @@
 // in their fixed order, captions and separators. The members are named for what they do;
 // every menu and entry keeps its historic name as its object name ("mnudictx" for the Puzzle
 // menu, ...; docs/historic-names.md maps them), so the window and the tests find them either
-// way. The "Cancel" entries are there to close a menu and do nothing.
+// way. The "Cancel" entries are there to close a menu and do nothing. Shortcuts: Ctrl+N
+// Create, Ctrl+O Load a Dictionary, Ctrl+P Print, Ctrl+C Copy to Clipboard > Puzzle, F1 Help,
+// Ctrl+Q Exit.
 #pragma once
 
 #include <QObject>

@@ -9,33 +9,35 @@ namespace {
 // showing it throws).
 class HookScope {
 public:
-    explicit HookScope(const MessageGate::OpenHook& hook)
-        : m_hook(hook) {
+    HookScope(const MessageGate::OpenHook& hook, const QString& text)
+        : m_hook(hook)
+        , m_text(text) {
         if (m_hook)
-            m_hook(true);
+            m_hook(true, m_text);
     }
     ~HookScope() {
         if (m_hook)
-            m_hook(false);
+            m_hook(false, m_text);
     }
     HookScope(const HookScope&) = delete;
     HookScope& operator=(const HookScope&) = delete;
 
 private:
     const MessageGate::OpenHook& m_hook;
+    const QString& m_text;
 };
 
 } // namespace
 
 int MessageGate::MsgboxA(const QString& s, const QString& typ) {
     const ScopedCount open(m_open);
-    const HookScope hook(m_hook);
+    const HookScope hook(m_hook, s);
     return m_inner.MsgboxA(s, typ);
 }
 
 int MessageGate::standardBox(const QString& text, const QString& typ, const QString& title) {
     const ScopedCount open(m_open);
-    const HookScope hook(m_hook);
+    const HookScope hook(m_hook, text);
     return m_inner.standardBox(text, typ, title);
 }
 

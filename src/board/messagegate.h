@@ -20,9 +20,10 @@ public:
     // True while a message passed through this gate has not been answered yet.
     bool isOpen() const { return m_open > 0; }
 
-    // Called with true just before each message is shown and with false once it is answered
-    // (also when showing it throws); the window restores the normal pointer meanwhile.
-    using OpenHook = std::function<void(bool opening)>;
+    // Called with true and the message's text just before each message is shown, and with
+    // false once it is answered (also when showing it throws); the window restores the normal
+    // pointer meanwhile and tells a screen reader what the message says.
+    using OpenHook = std::function<void(bool opening, const QString& text)>;
     void setOpenHook(OpenHook hook) { m_hook = std::move(hook); }
 
 private:

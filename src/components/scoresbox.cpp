@@ -125,6 +125,8 @@ void ScoresBox::setLostSession(bool New_LostSession) {
 void ScoresBox::setBackColor(quint32 New_BackColor) {
     m_backColor = New_BackColor;
     m_backColorSet = true;
+    // The buttons' faces take the back colour too; CommandCol reads it back from Close.
+    m_commandCol = New_BackColor;
     applyColours();
 }
 
@@ -140,8 +142,8 @@ void ScoresBox::count(GameResult result) {
 
 void ScoresBox::showCounters() {
     for (int row = 1; row <= 4; ++row) {
-        m_thisSession[row]->setText(QString::number(m_keeper.thisSession(row)));
-        m_allSessions[row]->setText(QString::number(m_keeper.allSessions(row)));
+        m_thisSession[row]->setText(m_keeper.thisSession(row));
+        m_allSessions[row]->setText(m_keeper.allSessions(row));
     }
 }
 

@@ -30,12 +30,14 @@ public:
     bool LostSession() const { return m_lostSession; }
     void setLostSession(bool New_LostSession);
 
-    // Packed colour of the panel, its frame, both buttons and the counter rows. Reads 0
-    // until written; the panel keeps its palette's colours until then.
+    // Packed colour of the panel, its frame, both buttons' faces (so CommandCol reads it
+    // back) and the counter rows. Reads 0 until written; the panel keeps its palette's
+    // colours until then.
     quint32 BackColor() const { return m_backColor; }
     void setBackColor(quint32 New_BackColor);
 
-    // Packed face colour of both buttons (system colours allowed); button face by default.
+    // Packed face colour of both buttons (system colours allowed): the face of Close as last
+    // set by either property; button face by default.
     quint32 CommandCol() const { return m_commandCol; }
     void setCommandCol(quint32 New_CommandCol);
 

@@ -11,7 +11,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <limits>
 #include <utility>
 
 namespace {
@@ -57,15 +56,9 @@ void ScoresKeeper::start() {
 
 void ScoresKeeper::countGame(GameResult result) {
     const int row = static_cast<int>(result);
-    // A count at the top of the 64-bit range stays there: one more game cannot wrap a total
-    // round to a negative number that the next start would refuse.
-    const auto countOne = [](qint64& count) {
-        if (count < std::numeric_limits<qint64>::max())
-            ++count;
-    };
-    for (ScoreTotals* column : {&m_session, &m_totals}) {
-        countOne((*column)[index(1)]);
-        countOne((*column)[index(row)]);
+    for (ScoreCaptions* column : {&m_session, &m_totals}) {
+        for (const int counted : {1, row})
+            (*column)[index(counted)] = countedCaption((*column)[index(counted)]);
     }
     if (!SaveScores())
         m_notifier.standardBox(QStringLiteral("The scores could not be saved to ") + m_path,
@@ -78,12 +71,12 @@ bool ScoresKeeper::SaveScores() {
 }
 
 void ScoresKeeper::ShowScores(QString& record) {
-    std::optional<ScoreTotals> totals = parseScoresRecord(record);
+    std::optional<ScoreCaptions> totals = parseScoresRecord(record);
     if (!totals) {
         record = freshScoresRecord(m_today(), 5);
         totals = parseScoresRecord(record);
     }
-    m_session = {};
+    m_session.fill(QStringLiteral("0"));
     m_totals = *totals;
 }
 
@@ -99,12 +92,12 @@ bool ScoresKeeper::clear() {
     return true;
 }
 
-qint64 ScoresKeeper::thisSession(int row) const {
-    return row >= 1 && row <= 4 ? m_session[index(row)] : 0;
+QString ScoresKeeper::thisSession(int row) const {
+    return row >= 1 && row <= 4 ? m_session[index(row)] : QString();
 }
 
-qint64 ScoresKeeper::allSessions(int row) const {
-    return row >= 1 && row <= 4 ? m_totals[index(row)] : 0;
+QString ScoresKeeper::allSessions(int row) const {
+    return row >= 1 && row <= 4 ? m_totals[index(row)] : QString();
 }
 
 bool ScoresKeeper::writeRecord(const QString& record) const {

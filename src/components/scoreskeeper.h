@@ -1,11 +1,13 @@
 // ScoresKeeper: the tally behind the scores panel. Counts games played, won, drawn and lost
 // for this session and in total, and keeps the totals in the scores file, one line holding
-// the scrambled scores record (scoresrecord.h, scorescrambler.h) ended by CR LF.
+// the scrambled scores record (scoresrecord.h, scorescrambler.h) ended by CR LF. The counters
+// are the captions the panel shows; counting reads a caption's leading number.
 //
 // The file is the program's base name + ".sco" in the program folder (AppFolder()), beside
 // the configuration; any other path can be given (tests do). It is written whole or not at
-// all. A file whose first line does not unscramble into a valid record shows zeros and is
-// left as it is until the next save replaces it. Depends on QtCore only.
+// all. A file whose first line does not unscramble into a record of five or more fields shows
+// zeros and is left as it is until the next save replaces it; a record with enough fields
+// shows them as they stand, numbers or not. Depends on QtCore only.
 #pragma once
 
 #include "components/scoresrecord.h"
@@ -49,17 +51,17 @@ public:
     // (the old file is then unchanged).
     bool SaveScores();
 
-    // Shows `record`: session counters 0, totals from the record. An empty record, or one
-    // that parseScoresRecord() refuses, is replaced by a fresh record (all zeros) first.
+    // Shows `record`: session counters "0", totals from fields 1 to 4. An empty record, or one
+    // of fewer than five fields, is replaced by a fresh record (all zeros) first.
     void ShowScores(QString& record);
 
     // Asks "Clear ALL scores" (Yes/No, standard box); on Yes writes a fresh record (errors
     // ignored) and shows it. Returns whether the scores were cleared.
     bool clear();
 
-    // Counter of row 1..4 (played, won, drawn, lost); 0 for any other row.
-    qint64 thisSession(int row) const;
-    qint64 allSessions(int row) const;
+    // Caption of the counter of row 1..4 (played, won, drawn, lost); "" for any other row.
+    QString thisSession(int row) const;
+    QString allSessions(int row) const;
 
 private:
     bool writeRecord(const QString& record) const;
@@ -67,6 +69,7 @@ private:
     QString m_path;
     Notifier& m_notifier;
     DateSource m_today;
-    ScoreTotals m_session{};
-    ScoreTotals m_totals{};
+    ScoreCaptions m_session{QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("0"),
+                            QStringLiteral("0")};
+    ScoreCaptions m_totals = m_session;
 };

@@ -1,7 +1,12 @@
 // Formatting and reading the scores record; see scoresrecord.h.
 #include "components/scoresrecord.h"
 
+#include "core/leadingnumber.h"
+
+#include <QRegularExpression>
 #include <QStringList>
+
+#include <limits>
 
 QString scoresDate(const QDate& date) {
     static const char* const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -14,10 +19,10 @@ QString scoresDate(const QDate& date) {
         .arg(date.year(), 4, 10, QLatin1Char('0'));
 }
 
-QString formatScoresRecord(const QDate& date, const ScoreTotals& totals) {
+QString formatScoresRecord(const QDate& date, const ScoreCaptions& totals) {
     QString record = scoresDate(date) + u' ';
-    for (const qint64 total : totals)
-        record += QString::number(total) + u' ';
+    for (const QString& total : totals)
+        record += total + u' ';
     return record;
 }
 
@@ -25,20 +30,25 @@ QString freshScoresRecord(const QDate& date, int zeros) {
     return scoresDate(date) + QStringLiteral(" 0").repeated(zeros) + u' ';
 }
 
-std::optional<ScoreTotals> parseScoresRecord(const QString& record) {
+std::optional<ScoreCaptions> parseScoresRecord(const QString& record) {
     const QStringList fields = record.split(u' ');
     if (fields.size() < 5)
         return std::nullopt;
-    ScoreTotals totals{};
-    for (int i = 0; i < 4; ++i) {
-        const QString field = fields.at(i + 1).trimmed();
-        bool ok = !field.isEmpty();
-        for (const QChar c : field)
-            ok = ok && c >= u'0' && c <= u'9';
-        const qint64 value = ok ? field.toLongLong(&ok) : 0;
-        if (!ok)
-            return std::nullopt;
-        totals[static_cast<size_t>(i)] = value;
-    }
+    ScoreCaptions totals;
+    for (size_t i = 0; i < totals.size(); ++i)
+        totals[i] = fields.at(static_cast<qsizetype>(i) + 1).trimmed();
     return totals;
+}
+
+QString countedCaption(const QString& caption) {
+    const double value = leadingNumber(caption);
+    // A whole leading number is counted exactly, and one at the top of the 64-bit range stays
+    // there rather than wrap round to a negative total.
+    static const QRegularExpression wholeNumber(QStringLiteral("^[ \t]*([+-]?[0-9]+)"));
+    const QRegularExpressionMatch match = wholeNumber.match(caption);
+    bool whole = false;
+    const qint64 count = match.hasMatch() ? match.captured(1).toLongLong(&whole) : 0;
+    if (whole && static_cast<double>(count) == value)
+        return QString::number(count < std::numeric_limits<qint64>::max() ? count + 1 : count);
+    return QString::number(value + 1, 'g', 15);
 }

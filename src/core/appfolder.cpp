@@ -42,7 +42,9 @@ QString resolve() {
     const QString home = qEnvironmentVariable("PENTALINK_HOME");
     if (!home.isEmpty()) {
         QDir().mkpath(home);
-        return withSlash(QDir(home).absolutePath());
+        const QString folder = withSlash(QDir(home).absolutePath());
+        seedProgramFolder(folder, installedDataFolder());
+        return folder;
     }
     const QString exeDir =
         QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
@@ -66,6 +68,9 @@ QStringList shippedDataFiles() {
 }
 
 QString installedDataFolder() {
+    const QString chosen = qEnvironmentVariable("PENTALINK_DATA_DIR");
+    if (!chosen.isEmpty())
+        return withSlash(chosen);
     if (QCoreApplication::instance()) {
         const QString besideExe = withSlash(QCoreApplication::applicationDirPath() + u'/' +
                                             QStringLiteral(PENTALINK_RELATIVE_DATADIR));

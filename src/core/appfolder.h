@@ -5,7 +5,8 @@
 #include <QString>
 
 // Returns the program folder, always ending in "/". In this order:
-//  1. the folder named by $PENTALINK_HOME (created when missing);
+//  1. the folder named by $PENTALINK_HOME (created when missing), seeded like the per-user
+//     folder, so a fresh or emptied folder still gets the schemes and the dictionary;
 //  2. the executable's folder, when it holds "all.col" and is writable (a build tree or a
 //     portable copy);
 //  3. the per-user data folder, created on first use and seeded with copies of the
@@ -20,8 +21,9 @@ void resetAppFolderForTests();
 // The data files the program ships and seeds into a fresh per-user folder.
 QStringList shippedDataFiles();
 
-// The installed data folder ("<prefix>/share/pentalink/"), ending in "/": found beside the
-// executable's own folder when an install was moved to another prefix, else the folder fixed
+// The installed data folder ("<prefix>/share/pentalink/"), ending in "/": the folder named by
+// $PENTALINK_DATA_DIR when set (tests seed from their own folders); else found beside the
+// executable's own folder when an install was moved to another prefix; else the folder fixed
 // when the program was built.
 QString installedDataFolder();
 

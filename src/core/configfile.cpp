@@ -97,8 +97,9 @@ std::optional<FileValues> readValues(const QString& path) {
     const QStringList lines = splitTextLines(decodeText(bytes));
     if (lines.size() < 5)
         return std::nullopt;
+    // A size the Options window cannot set (tiny, negative, clipping) is as damaged as none.
     const std::optional<qint32> size = sizeField(lines.at(4));
-    if (!size)
+    if (!size || *size < Settings::MinBoardFontSize || *size > Settings::MaxBoardFontSize)
         return std::nullopt;
     return FileValues{lines.at(1), lines.at(2), fontField(lines.at(3)), *size};
 }

@@ -16,7 +16,7 @@
 //   5  BoardFontSize as a whole number in sign position: a blank before a non-negative
 //      number and a blank after it (" 18 ", "-3 "). Read as a numeric field: leading blanks
 //      skipped, ending at a blank, a comma or the end of the line; it must be a decimal whole
-//      number within 32 bits.
+//      number from Settings::MinBoardFontSize to MaxBoardFontSize (8 to 32).
 // Lines after the fifth are ignored.
 #pragma once
 
@@ -54,9 +54,9 @@ public:
     // BoardFontSize. DictionaryPath becomes the configured file resolved by programPath()
     // when FileExists() holds for it, else AppFolder + "english1.txt"; its letter case is
     // kept. Nothing is taken from a file that fails anywhere: when the file is missing, has
-    // fewer than five lines, is larger than 64 KiB, or line 5 is not a number, the file is
-    // rewritten with the defaults (lines 2..5 "xp.col", "ENGLISH1.TXT", "Arial", " 18 ") and
-    // the settings become ActiveSchemeFile "xp.col", DictionaryPath "english1.txt" (no
+    // fewer than five lines, is larger than 64 KiB, or line 5 is not a size from 8 to 32, the
+    // file is rewritten with the defaults (lines 2..5 "xp.col", "ENGLISH1.TXT", "Arial",
+    // " 18 ") and the settings become ActiveSchemeFile "xp.col", DictionaryPath "english1.txt" (no
     // folder), BoardFontName "Arial"; BoardFontSize is left as it was (18 at start-up).
     // No message is shown in any case.
     ReadResult ReadcfgFile();

@@ -17,7 +17,9 @@ struct Settings {
 
     // The program folder, ending in "/".
     QString AppFolder;
-    // The board font (cells, tiles, print).
+    // The board font (cells, tiles, print). The size is one the Options window can set.
+    static constexpr qint32 MinBoardFontSize = 8;
+    static constexpr qint32 MaxBoardFontSize = 32;
     QString BoardFontName = QStringLiteral("Arial");
     qint32 BoardFontSize = 18;
     // File name of the active colour scheme ("xp.col" after a damaged configuration).

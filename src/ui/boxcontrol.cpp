@@ -2,9 +2,11 @@
 #include "ui/boxcontrol.h"
 
 #include "ui/boxgeometry.h"
+#include "ui/contrast.h"
 #include "ui/olecolor.h"
 
 #include <QFontMetricsF>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -156,6 +158,71 @@ void BoxControl::paintEvent(QPaintEvent*) {
         painter.fillRect(QRect(0, 0, 1, height()), Qt::black);
         painter.fillRect(QRect(right, 0, 1, height()), Qt::black);
     }
+
+    if (hasFocus()) {
+        // The keyboard focus: a ring two pixels wide along the edges, in black or white,
+        // whichever stands out on the face.
+        const QColor ring = contrastingColour(OleTranslateColor(m_backColor));
+        painter.fillRect(QRect(0, 0, width(), FocusRingWidth), ring);
+        painter.fillRect(QRect(0, height() - FocusRingWidth, width(), FocusRingWidth), ring);
+        painter.fillRect(QRect(0, 0, FocusRingWidth, height()), ring);
+        painter.fillRect(QRect(width() - FocusRingWidth, 0, FocusRingWidth, height()), ring);
+    }
+}
+
+void BoxControl::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Space) {
+        event->accept();
+        if (!event->isAutoRepeat() && !m_keyHeld)
+            keyDown(event->modifiers());
+        return;
+    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        event->accept();
+        if (!event->isAutoRepeat() && !m_keyHeld) {
+            keyDown(event->modifiers());
+            keyUp(event->modifiers());
+        }
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void BoxControl::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && m_keyHeld) {
+        event->accept();
+        keyUp(event->modifiers());
+        return;
+    }
+    QWidget::keyReleaseEvent(event);
+}
+
+void BoxControl::keyDown(Qt::KeyboardModifiers modifiers) {
+    m_keyHeld = true;
+    m_pressed = true;
+    repaint();
+    Q_EMIT MouseDown(0, shiftCode(modifiers), 0.0f, 0.0f);
+}
+
+void BoxControl::keyUp(Qt::KeyboardModifiers modifiers) {
+    m_keyHeld = false;
+    m_pressed = m_held != Qt::NoButton;
+    repaint();
+    Q_EMIT MouseUp(0, shiftCode(modifiers), 0.0f, 0.0f);
+}
+
+void BoxControl::focusInEvent(QFocusEvent* event) {
+    update();
+    QWidget::focusInEvent(event);
+}
+
+void BoxControl::focusOutEvent(QFocusEvent* event) {
+    // A held Space whose release will go elsewhere ends its press now.
+    if (m_keyHeld)
+        keyUp(Qt::NoModifier);
+    update();
+    QWidget::focusOutEvent(event);
 }
 
 void BoxControl::mousePressEvent(QMouseEvent* event) {
@@ -184,6 +251,7 @@ void BoxControl::mouseReleaseEvent(QMouseEvent* event) {
 void BoxControl::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange && !isEnabled() && m_pressed) {
         m_held = {};
+        m_keyHeld = false;
         m_pressed = false;
         update();
     }

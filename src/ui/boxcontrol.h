@@ -6,6 +6,11 @@
 // since the press captures the mouse), for any mouse button, and the window holding it
 // decides what a click means. While disabled it raises nothing and looks exactly the same.
 //
+// The keyboard, once a window gives the control a focus policy: Space raises MouseDown when
+// pressed and MouseUp when released (so holding it holds the button down), Enter raises both
+// at once; both with Button 0 and the point (0, 0). While it has the focus the control shows
+// a ring FocusRingWidth pixels wide along its edges, black or white against its face.
+//
 // Colours are packed 32-bit values; a system colour (top bit set) is kept as given, reads
 // back unchanged and is translated through the palette only for painting (olecolor.h).
 #pragma once
@@ -55,6 +60,8 @@ public:
     // True while the pressed frame shows: from a press on the control to the next release.
     bool isPressed() const { return m_pressed; }
 
+    static constexpr int FocusRingWidth = 2;
+
 Q_SIGNALS:
     // Button, Shift: the codes above; x, y: the pointer in twips relative to the control.
     void MouseDown(qint16 button, qint16 shift, float x, float y);
@@ -65,13 +72,21 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void keyDown(Qt::KeyboardModifiers modifiers);
+    void keyUp(Qt::KeyboardModifiers modifiers);
+
     quint32 m_foreColor;
     quint32 m_backColor;
     QString m_caption;
     QPixmap m_picture;
     float m_fontSize = 8.25f;
     bool m_pressed = false;
+    bool m_keyHeld = false; // Space is down on the control
     Qt::MouseButtons m_held;
 };

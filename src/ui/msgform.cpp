@@ -76,6 +76,9 @@ MsgForm::MsgForm(QWidget* parent)
         button->setObjectName(QStringLiteral("cmd%1").arg(i));
         button->resize(px(MsgButtonWidth), px(MsgButtonHeight));
         connect(button, &BoxControl::MouseUp, this, [this, i] { answer(i); });
+        // Tab gives a button the focus (and its ring); a click does not.
+        button->setFocusPolicy(Qt::TabFocus);
+        button->installEventFilter(this);
         button->hide();
         m_cmd[i] = button;
     }
@@ -184,6 +187,8 @@ int MsgForm::MsgboxA(const QString& s, const QString& typ, qint64 BGCol, qint64 
         return m_result;
     m_up = true;
     prepare(s, typ, BGCol, cmdcol);
+    // No button has the focus until Tab gives it one.
+    setFocus(Qt::OtherFocusReason);
     placeOverOwner();
     if (m_showHook) {
         show();
@@ -209,6 +214,53 @@ void MsgForm::keyPressEvent(QKeyEvent* event) {
         answer(0);
     // Nothing else: in particular Escape does not close the window.
     event->accept();
+}
+
+bool MsgForm::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+            moveButtonFocus(static_cast<QKeyEvent*>(event));
+            return true;
+        }
+    }
+    return QDialog::event(event);
+}
+
+bool MsgForm::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    switch (key->key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        moveButtonFocus(key);
+        return true;
+    case Qt::Key_Space:
+        return false; // the focused button answers when Space is released
+    default:
+        // The window sees every other key first: Enter answers only for "Ok".
+        keyPressEvent(key);
+        return true;
+    }
+}
+
+void MsgForm::moveButtonFocus(const QKeyEvent* key) {
+    const bool backwards = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
+    const int count = m_lastButton + 1;
+    if (count <= 0)
+        return;
+    int current = -1;
+    for (int i = 0; i < count; ++i) {
+        if (focusWidget() == m_cmd[i])
+            current = i;
+    }
+    int next = 0;
+    if (current < 0)
+        next = backwards ? count - 1 : 0;
+    else
+        next = (current + (backwards ? count - 1 : 1)) % count;
+    m_cmd[next]->setFocus(Qt::TabFocusReason);
 }
 
 void MsgForm::closeEvent(QCloseEvent* event) {

@@ -2,7 +2,9 @@
 // buttons that a style text names (msgstyle.h), sized to the message, waits for the player
 // and returns the value of the button chosen (Ok 1, Cancel 2, Abort 3, Retry 4, Ignore 5,
 // Yes 6, No 7; the "vbnormal" Ok gives 0). A release of any mouse button on a shown button
-// answers; Enter answers only when the first button reads "Ok"; no other key does anything,
+// answers; Enter answers only when the first button reads "Ok". Beyond that, Tab and
+// Shift+Tab move a visible focus through the shown buttons (none has it when the window
+// opens) and Space answers with the focused one on its release; no other key does anything,
 // and there is no close box. The window is created once and reused, hidden between messages;
 // the result of the last answer carries over until the next answer overwrites it.
 //
@@ -76,8 +78,11 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void moveButtonFocus(const QKeyEvent* key);
     void answer(int buttonIndex);
     void placeOverOwner();
     QFont messageFont() const;

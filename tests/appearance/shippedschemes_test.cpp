@@ -61,6 +61,10 @@ TEST_F(ShippedSchemes, EveryFileLineIsWrittenAsTheProgramWritesIt) {
 
 TEST_F(ShippedSchemes, EightOrMoreDistinctSchemesLoadAsStoredAndKeepTextReadable) {
     ASSERT_NEAR(contrastRatio(packRgb(0, 0, 0), packRgb(255, 255, 255)), 21.0, 1e-9);
+    // A table starts from the shipped xp, so a window that can load no scheme is still usable.
+    const auto fresh = m_scheme.SchemeColours;
+    ASSERT_TRUE(m_scheme.LoadColourScheme(QStringLiteral("xp.col")));
+    EXPECT_EQ(m_scheme.SchemeColours, fresh);
     const QStringList names = m_scheme.ListSchemeNames().value_or(QStringList());
     EXPECT_GE(names.size(), 8);
     EXPECT_TRUE(names.contains(QStringLiteral("xp")));

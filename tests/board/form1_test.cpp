@@ -236,6 +236,10 @@ TEST_F(Form1Test, MissingSchemeCollectionIsReportedAndStartUpGoesOn) {
     EXPECT_EQ(m_notifier.messages().first().text,
               QStringLiteral("Colour Scheme: xp.col not found"));
     EXPECT_EQ(form.session().WordList().ListCount(), 16);
+    // The window still paints in the built-in xp colours, not black.
+    EXPECT_EQ(form.boardView().boardStyle().ground, OleTranslateColor(ColourScheme::BuiltInXp[2]));
+    EXPECT_EQ(form.boardView().boardStyle().tileFace,
+              OleTranslateColor(ColourScheme::BuiltInXp[4]));
 }
 
 TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {

@@ -77,6 +77,10 @@ TEST_F(ScoresBoxTest, TwoWinsShowInBothColumnsAndClearEmptiesThem) {
     EXPECT_EQ(frame->title(), ScoresKeeper::programBaseName() + QStringLiteral(" Scores"));
     EXPECT_EQ(box.CommandCol(), 0x8000000Fu);
     box.setBackColor(packRgb(200, 190, 150));
+    // The back colour reaches both buttons' faces, and CommandCol reads Close's face.
+    EXPECT_EQ(box.CommandCol(), packRgb(200, 190, 150));
+    for (const char* name : {"Command1", "Command2"})
+        EXPECT_EQ(button(name)->palette().color(QPalette::Button), QColor(200, 190, 150)) << name;
     box.setCommandCol(packRgb(150, 170, 200));
     const QImage image = box.grab().toImage();
     EXPECT_EQ(image.size(), QSize(254, 173));

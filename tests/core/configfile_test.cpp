@@ -47,6 +47,11 @@ TEST_F(ConfigFileTest, MissingOrDamagedFilesAreRewrittenWithTheDefaults) {
         {"size with letters", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12pt\r\n"},
         {"size too large", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 4294967296 \r\n"},
         {"size decimal", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12.5 \r\n"},
+        // Sizes the Options window cannot set: tiny or negative letters, clipped ones.
+        {"size 7", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 7 \r\n"},
+        {"size -5", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n-5 \r\n"},
+        {"size 33", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 33 \r\n"},
+        {"size 60", "d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 60 \r\n"},
         {"binary", QByteArray("\x00\x01\x02\xff\xfe", 5)},
         // One byte over the 64 KiB a configuration file may have.
         {"huge", QByteArray("d\r\nblue.col\r\n/x/words.txt\r\nTahoma\r\n 12 \r\n")
@@ -79,13 +84,13 @@ TEST_F(ConfigFileTest, FontLineIsOneDelimitedFieldAndSizeLineOneNumber) {
     } rows[] = {
         {"Times New Roman, Bold", "Times New Roman", " 18 ", 18},
         {"\"Times New Roman, Bold\"", "Times New Roman, Bold", "24", 24},
-        {"\"Courier New\"", "Courier New", "-3 ", -3},
+        {"\"Courier New\"", "Courier New", "8 ", 8},
         {"   Verdana  ,x", "Verdana", " 12,13", 12},
         {"\t\"Open Quote", "Open Quote", "\t14\t", 14},
         {"\"DejaVu Sans\" trailing", "DejaVu Sans", " 9 10", 9},
         {"", "", "+11", 11},
-        {"Arial", "Arial", " 2147483647 ", 2147483647},
-        {"\xe9t\xe9", "\xe9t\xe9", "7", 7}, // not UTF-8: read as Windows-1252
+        {"Arial", "Arial", " 32 ", 32},
+        {"\xe9t\xe9", "\xe9t\xe9", "17", 17}, // not UTF-8: read as Windows-1252
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.fontLine.data());

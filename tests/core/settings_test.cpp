@@ -15,14 +15,19 @@
 
 #include <unistd.h>
 
-TEST(AppFolder, FollowsPentalinkHomeCreatingItAndEndsInSlash) {
+TEST(AppFolder, FollowsPentalinkHomeCreatingAndSeedingItAndEndsInSlash) {
     const TestFolder folder;
     EXPECT_EQ(AppFolder(), folder.path());
+    EXPECT_FALSE(QFile::exists(folder.file(QStringLiteral("all.col"))));
+    // A folder that lacks the shipped files gets them, as the per-user folder does.
+    qputenv("PENTALINK_DATA_DIR", shippedDataDir().toLocal8Bit());
     const QString nested = folder.path() + QStringLiteral("a/b");
     qputenv("PENTALINK_HOME", nested.toLocal8Bit());
     resetAppFolderForTests();
     EXPECT_EQ(AppFolder(), nested + u'/');
     EXPECT_TRUE(QFileInfo(nested).isDir());
+    for (const QString& name : {QStringLiteral("all.col"), QStringLiteral("english1.txt")})
+        EXPECT_TRUE(QFileInfo(nested + u'/' + name).size() > 0) << name.toStdString();
 }
 
 // Two starts of an installed game: the first seeds an empty folder, the player then edits

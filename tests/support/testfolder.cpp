@@ -7,19 +7,34 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+
+// Puts back an environment variable as it was before the folder set it.
+void restore(const char* name, bool had, const QByteArray& value) {
+    if (had)
+        qputenv(name, value);
+    else
+        qunsetenv(name);
+}
+
+} // namespace
+
 TestFolder::TestFolder()
     : m_previousHome(qgetenv("PENTALINK_HOME"))
-    , m_hadHome(qEnvironmentVariableIsSet("PENTALINK_HOME")) {
+    , m_hadHome(qEnvironmentVariableIsSet("PENTALINK_HOME"))
+    , m_previousData(qgetenv("PENTALINK_DATA_DIR"))
+    , m_hadData(qEnvironmentVariableIsSet("PENTALINK_DATA_DIR")) {
     EXPECT_TRUE(m_dir.isValid());
     qputenv("PENTALINK_HOME", m_dir.path().toLocal8Bit());
+    // Seeding reads from a folder that does not exist, so an installed copy of the game never
+    // puts files into a test's folder.
+    qputenv("PENTALINK_DATA_DIR", (m_dir.path() + QStringLiteral("/no-data")).toLocal8Bit());
     resetAppFolderForTests();
 }
 
 TestFolder::~TestFolder() {
-    if (m_hadHome)
-        qputenv("PENTALINK_HOME", m_previousHome);
-    else
-        qunsetenv("PENTALINK_HOME");
+    restore("PENTALINK_HOME", m_hadHome, m_previousHome);
+    restore("PENTALINK_DATA_DIR", m_hadData, m_previousData);
     resetAppFolderForTests();
 }
 

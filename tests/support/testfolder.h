@@ -1,5 +1,6 @@
 // A throw-away program folder for one test: a temporary directory that $PENTALINK_HOME points
-// at while the object lives, optionally seeded with the shipped data files.
+// at while the object lives, optionally seeded with the shipped data files. Automatic seeding
+// from an installed game is switched off meanwhile ($PENTALINK_DATA_DIR names no folder).
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +11,8 @@ class TestFolder {
 public:
     // Creates the folder and points $PENTALINK_HOME (and AppFolder()) at it.
     TestFolder();
-    // Restores the previous $PENTALINK_HOME and forgets the cached AppFolder().
+    // Restores the previous $PENTALINK_HOME and $PENTALINK_DATA_DIR and forgets the cached
+    // AppFolder().
     ~TestFolder();
     TestFolder(const TestFolder&) = delete;
     TestFolder& operator=(const TestFolder&) = delete;
@@ -30,6 +32,8 @@ private:
     QTemporaryDir m_dir;
     QByteArray m_previousHome;
     bool m_hadHome = false;
+    QByteArray m_previousData;
+    bool m_hadData = false;
 };
 
 // The repository's data/ folder, ending in "/".

@@ -43,6 +43,20 @@ Act keysThenClick(std::initializer_list<Qt::Key> keys, int i) {
     };
 }
 
+// Keys as a player types them, each to the widget that has the window's focus; then, unless
+// `i` is -1, a click on button i.
+Act typed(std::initializer_list<Qt::Key> keys, int i = -1) {
+    const QList<Qt::Key> list(keys);
+    return [list, i](MsgForm& form) {
+        for (const Qt::Key key : list) {
+            QWidget* target = form.focusWidget() ? form.focusWidget() : &form;
+            QTest::keyClick(target, key);
+        }
+        if (i >= 0)
+            click(form, i);
+    };
+}
+
 QStringList shownCaptions(const MsgForm& form) {
     QStringList captions;
     for (int i = 0; i < MsgButtonSlots; ++i) {
@@ -78,7 +92,7 @@ protected:
     MsgForm m_form;
 };
 
-TEST_F(MsgFormTest, AnyMouseButtonAnswersAndEnterOnlyAnOkFirstButton) {
+TEST_F(MsgFormTest, AnyMouseButtonTabAndSpaceAnswerAndEnterOnlyAnOkFirstButton) {
     const struct {
         const char* typ;
         Act act;
@@ -96,6 +110,16 @@ TEST_F(MsgFormTest, AnyMouseButtonAnswersAndEnterOnlyAnOkFirstButton) {
          6},
         {"vbyesnocancel", [](MsgForm& f) { click(f, 1, Qt::RightButton); }, 7},
         {"vbabortretryignore", [](MsgForm& f) { click(f, 2, Qt::MiddleButton); }, 5},
+        // Tab moves the focus through the buttons, wrapping round; Space answers with it.
+        {"vbQuestion + vbYesNo", typed({Qt::Key_Tab, Qt::Key_Space}), 6},
+        {"vbQuestion + vbYesNo", typed({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space}), 7},
+        {"vbQuestion + vbYesNo", typed({Qt::Key_Backtab, Qt::Key_Space}), 7},
+        {"vbyesnocancel",
+         typed({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space}), 6},
+        // Enter keeps its rule: on a focused "Yes" it does nothing, on "Cancel" before "Ok"
+        // it answers "Ok".
+        {"vbyesno", typed({Qt::Key_Tab, Qt::Key_Return, Qt::Key_Escape}, 1), 7},
+        {"vbok+vbcancel", typed({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}), 1},
         {"vbretrycancel",
          [](MsgForm& f) { // released off the button
              QTest::mousePress(f.button(0), Qt::LeftButton, {}, QPoint(5, 5));

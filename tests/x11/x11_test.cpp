@@ -64,7 +64,6 @@ protected:
         setUpApplication(); // the identity main() gives the program, which Qt may add to titles
         WindowTest::SetUp();
     }
-    const StarGrid& grid() const { return m_form->session().grid(); }
 };
 
 TEST_F(X11Test, TitlesAsTheWindowSystemShowsThem) {
@@ -121,9 +120,7 @@ TEST_F(X11Test, WholeGameByServerPointerEvents) {
 
     int placed = 0;
     for (int i = 1; i <= 8; ++i) {
-        int k = 0;
-        for (int d = 1; d <= 10 && grid().DecoyFlags[i] == 0 && k == 0; ++d)
-            k = grid().solutionWord(d) == board().tiles[i].word ? d : 0;
+        const int k = directionOf(i);
         if (k == 0)
             continue;
         serverClick(&view, BoardView::toWidget(centreOf(BoardPart::Tile, i)));

@@ -1,0 +1,159 @@
+// Keyboard play and speech without a display: where Tab, the arrows and a typed letter move the
+// focus, which move Enter makes, and what a screen reader hears of the board and of each move.
+#include "board/boardfocus.h"
+#include "board/boardspeech.h"
+#include "playfixture.h"
+
+#include <deque>
+#include <set>
+
+using namespace ref;
+
+namespace {
+
+const FocusItem Dict = FocusItem::button(BoardButton::Dictionary);
+const FocusItem ShowSol = FocusItem::button(BoardButton::ShowSolution);
+const FocusItem Reset = FocusItem::button(BoardButton::Reset);
+const FocusItem Create = FocusItem::button(BoardButton::Create);
+
+FocusItem T(int i) {
+    return FocusItem::tile(i);
+}
+FocusItem M(int k) {
+    return FocusItem::marker(k);
+}
+
+} // namespace
+
+TEST(BoardFocus, TabCyclesTilesMarkersAndButtonsBothWays) {
+    const struct {
+        FocusItem from;
+        FocusItem forwards;
+        FocusItem backwards;
+    } rows[] = {
+        {T(1), T(2), Create}, {T(8), M(1), T(7)},     {M(1), M(2), T(8)},
+        {M(10), Dict, M(9)},  {Dict, ShowSol, M(10)}, {Create, T(1), Reset},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << int(row.from.kind) << ":" << row.from.index);
+        EXPECT_EQ(BoardFocus::tabFrom(row.from, false), row.forwards);
+        EXPECT_EQ(BoardFocus::tabFrom(row.from, true), row.backwards);
+    }
+    // Twenty-two steps come back to the start and pass every item once.
+    std::set<std::pair<int, int>> seen;
+    FocusItem at = T(1);
+    for (int n = 0; n < BoardFocus::ItemCount; ++n) {
+        seen.insert({int(at.kind), at.index});
+        at = BoardFocus::tabFrom(at, false);
+    }
+    EXPECT_EQ(at, T(1));
+    EXPECT_EQ(seen.size(), size_t(BoardFocus::ItemCount));
+}
+
+TEST(BoardFocus, ArrowsGoToTheNearestItemThatWayAndReachEverything) {
+    using D = FocusDirection;
+    const struct {
+        FocusItem from;
+        D direction;
+        std::optional<FocusItem> to;
+    } rows[] = {
+        {T(1), D::Right, T(2)},   {T(1), D::Down, T(5)},   {T(5), D::Up, T(1)},
+        {T(5), D::Left, {}},      {T(1), D::Up, M(7)},     {T(8), D::Down, Reset},
+        {Create, D::Left, Reset}, {Dict, D::Up, T(8)},     {M(1), D::Right, M(2)},
+        {M(2), D::Left, M(1)},    {M(1), D::Up, {}},       {M(3), D::Down, M(5)},
+        {M(5), D::Up, M(3)},      {M(9), D::Right, M(10)}, {M(7), D::Down, M(9)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message()
+                     << int(row.from.kind) << ":" << row.from.index << " " << int(row.direction));
+        EXPECT_EQ(BoardFocus::nearest(row.from, row.direction), row.to);
+    }
+    // From the first tile the arrows alone reach all 22 items.
+    std::set<std::pair<int, int>> reached{{int(FocusKind::Tile), 1}};
+    std::deque<FocusItem> queue{T(1)};
+    while (!queue.empty()) {
+        const FocusItem at = queue.front();
+        queue.pop_front();
+        for (const D d : {D::Left, D::Right, D::Up, D::Down}) {
+            const auto next = BoardFocus::nearest(at, d);
+            if (next && reached.insert({int(next->kind), next->index}).second)
+                queue.push_back(*next);
+        }
+    }
+    EXPECT_EQ(reached.size(), size_t(BoardFocus::ItemCount));
+}
+
+using Keyboard = PlayTest;
+
+TEST_F(Keyboard, ALetterJumpsToTheNextTileWhoseWordStartsWithIt) {
+    // Tiles: 1 gnaw, 2 goad, 3 gold, 4 grew, 5 play, 6 pony, 7 wrap, 8 yard.
+    const struct {
+        FocusItem from;
+        QChar letter;
+        std::optional<FocusItem> to;
+    } rows[] = {
+        {T(1), u'g', T(2)},   {T(4), u'g', T(1)}, {T(6), u'p', T(5)}, {M(3), u'P', T(5)},
+        {Create, u'y', T(8)}, {T(8), u'y', T(8)}, {T(1), u'z', {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(QString(row.letter).toStdString());
+        EXPECT_EQ(BoardFocus::letterJump(row.from, row.letter, m_board.state()), row.to);
+    }
+    m_board.apply(Move::searchStarted()); // blank tiles match nothing
+    EXPECT_EQ(BoardFocus::letterJump(T(1), u'g', m_board.state()), std::nullopt);
+}
+
+TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
+    EXPECT_EQ(BoardFocus::clickOf(T(3)), Move::tile(3));
+    EXPECT_EQ(BoardFocus::clickOf(M(10)), Move::marker(10));
+    EXPECT_EQ(BoardFocus::clickOf(ShowSol), std::nullopt);
+
+    const struct {
+        Move move;
+        const char* said;
+    } rows[] = {
+        {Move::tile(Pony), "pony selected"},
+        {Move::tile(Pony), ""}, // nothing new
+        {Move::marker(PonyOn), "pony placed at start 3"},
+        {Move::tile(Play), "play selected"},
+        {Move::marker(GnawOn), "play does not fit at start 2"},
+        {Move::marker(PonyOn), "pony taken off start 3, selected"},
+        {Move::marker(PonyOn), "pony placed at start 3"},
+        {Move::marker(5), ""}, // nothing selected, nothing placed
+        {Move::solutionPress(), ""},
+    };
+    for (const auto& row : rows) {
+        const BoardState before = m_board.state();
+        m_board.apply(row.move);
+        EXPECT_EQ(BoardSpeech::announcement(row.move, before, m_board.state()),
+                  QString::fromLatin1(row.said))
+            << row.said;
+    }
+}
+
+TEST_F(Keyboard, NamesSayWhatTheBoardMeansNotHowItLooks) {
+    place(Pony, PonyOn);
+    place(Gnaw, GnawOn);
+    m_board.apply(Move::tile(Goad));
+    m_board.apply(Move::marker(GnawOn)); // gnaw comes off and is the selection, looking available
+    ASSERT_EQ(tilesText(m_board), "aaaaapaa");
+    const BoardState& b = m_board.state();
+    const struct {
+        QString name;
+        const char* expected;
+    } rows[] = {
+        {BoardSpeech::tileName(b, Gnaw), "word gnaw, selected"},
+        {BoardSpeech::tileName(b, Goad), "word goad, available"},
+        {BoardSpeech::tileName(b, Pony), "word pony, placed"},
+        {BoardSpeech::markerName(b, PonyOn), "start 3, holds pony"},
+        {BoardSpeech::markerName(b, GnawOn), "start 2, empty"},
+        {BoardSpeech::cellName(b, 1), "cell 2, p"},
+        {BoardSpeech::cellName(b, 0), "cell 1, empty"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.name, QString::fromLatin1(row.expected));
+    m_board.apply(Move::solutionPress());
+    EXPECT_EQ(BoardSpeech::tileName(m_board.state(), Gold), "word gold, struck out");
+    m_board.apply(Move::searchStarted());
+    EXPECT_EQ(BoardSpeech::tileName(m_board.state(), Gold), "word tile 3, empty");
+}
