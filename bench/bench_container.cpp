@@ -29,6 +29,7 @@ class SilentNotifier : public Notifier {
 public:
     int MsgboxA(const QString&, const QString&) override { return AnswerOk; }
     int standardBox(const QString&, const QString&, const QString&) override { return AnswerOk; }
+    QString inputBox(const QString&, const QString&) override { return {}; }
 };
 
 struct Report {

@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzNotifier notifier;
     ColourScheme scheme(settings);
     scheme.setNotifier(&notifier);
-    const QStringList names = scheme.ListSchemeNames();
+    const QStringList names = scheme.ListSchemeNames().value_or(QStringList());
 
     for (int step = 0; step < 8 && provider.remaining_bytes() > 0; ++step) {
         const int operation = provider.ConsumeIntegralInRange(0, 6);

@@ -60,6 +60,10 @@ public:
         ++shown;
         return m_answer;
     }
+    QString inputBox(const QString&, const QString&) override {
+        ++shown;
+        return {};
+    }
     int shown = 0;
 
 private:
