@@ -1,7 +1,6 @@
 // What a screen reader says about the board: the name of each cell, tile and marker, and the
 // short announcement after a move that placed, refused, took off or selected a word. Built
-// from the board's meaning (BoardState), not from its look, so a tile that is the selected
-// word says "selected" even where it shows the available look. Numbers are the ones the
+// from the board's meaning (BoardState), not from its look. Numbers are the ones the
 // player sees counted from 1: cells 1..10 (cell c of the puzzle record is "cell c+1"),
 // markers ("start") 1..10, tiles 1..8. QtCore only.
 #pragma once

@@ -42,8 +42,9 @@ struct BoardState {
     std::array<int, StarGrid::DirectionCount + 1> placedTile{};
     // SavedEntries[p] (p = 1..10): the player's letter of cell p - 1 while the solution shows.
     std::array<QString, StarGrid::CellCount + 1> SavedEntries;
-    // The selected word: tile 1..8, or NoSelection. A tile can be the selection without
-    // showing the Selected look (after a removal, or once the solution has been shown).
+    // The selected word: tile 1..8, or NoSelection. Its tile shows the Selected look whenever
+    // it is not placed (after a removal and after the solution too); a selection can outlive
+    // its tile's word when the board was cleared or a create request emptied the tiles.
     int SelectedWord = NoSelection;
     // From a press of the solution button (with a puzzle) to its release.
     bool solutionShown = false;

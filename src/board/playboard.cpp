@@ -154,11 +154,12 @@ void PlayBoard::removeWord(int k) {
     m_state.placedTile[k] = BoardState::NoTile;
     for (const int cell : m_grid.cellsOf(k))
         m_state.Entries[cell].clear();
-    // The removed word becomes the selected word, but its tile shows the available look.
+    // The removed word becomes the selected word, and its tile shows it: the next marker click
+    // places it again, so the player must see which word that will be.
     m_state.SelectedWord = t;
-    resetTileLooks();
-    tile.status = TileStatus::Available;
     tile.reading = 0;
+    tile.status = TileStatus::Available;
+    showSelection();
     // Puts back the letters of crossing words that emptying the cells took away.
     redrawPlacedWords();
 }
@@ -172,6 +173,16 @@ void PlayBoard::redrawPlacedWords() {
         for (int n = 1; n <= 4; ++n)
             m_state.Entries[cells[n - 1]] = characterAt(m_state.tiles[i].word, n);
     }
+}
+
+// Exactly the selected word's tile shows the selected look (none without a selection);
+// placed tiles stay placed.
+void PlayBoard::showSelection() {
+    resetTileLooks();
+    const int i = m_state.SelectedWord;
+    if (validTile(i) && m_state.tiles[i].status == TileStatus::Available &&
+        !m_state.tiles[i].word.isEmpty())
+        m_state.tiles[i].status = TileStatus::Selected;
 }
 
 // No tile keeps the selected look; placed tiles stay placed.
@@ -206,8 +217,8 @@ void PlayBoard::solutionRelease() {
         return;
     for (int p = 1; p <= StarGrid::CellCount; ++p)
         m_state.Entries[p - 1] = m_state.SavedEntries[p];
-    // The selection stays, but no tile keeps its selected look.
-    resetTileLooks();
+    // The selection stays and stays visible: a marker click still places it.
+    showSelection();
     endSolutionDisplay();
     setCheckRunning(true);
 }

@@ -76,6 +76,7 @@ private:
     void redrawPlacedWords();
     void writeWord(int k);
     bool wordAgrees(int k, const QString& word) const;
+    void showSelection();
     void resetTileLooks();
     void solutionPress();
     void solutionRelease();

@@ -96,9 +96,9 @@ TEST_F(LetterEntry, PlacedWordIsRemovedAndSelectedWithCrossingLettersKept) {
     place(Goad, GoadOn);
     place(Gnaw, GnawOn);
     EXPECT_TRUE(m_board.apply(Move::marker(PonyOn)));
-    // Cells 2 and 3 belong to goad and gnaw as well and stay; 1 and 4 go. Pony is selected,
-    // yet sunken: not the flat look.
-    EXPECT_EQ(boardText(m_board), "g.on.aa.dw ppaaaaaa 21........");
+    // Cells 2 and 3 belong to goad and gnaw as well and stay; 1 and 4 go. Pony is selected
+    // and shows it.
+    EXPECT_EQ(boardText(m_board), "g.on.aa.dw ppaaasaa 21........");
     EXPECT_EQ(m_board.SelectedWord(), Pony);
     // The removed word is selected, so the next marker click places it again.
     m_board.apply(Move::marker(PonyOn));
@@ -110,7 +110,7 @@ TEST_F(LetterEntry, ClickOnAPlacedReadingRemovesInsteadOfPlacingTheSelectedWord)
     place(Pony, PonyOn);
     m_board.apply(Move::tile(Yard));
     EXPECT_TRUE(m_board.apply(Move::marker(PonyOn)));
-    EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa .........."); // yard not flat either
+    EXPECT_EQ(boardText(m_board), ".......... aaaaasaa .........."); // pony shows, yard does not
     EXPECT_EQ(m_board.SelectedWord(), Pony);
 }
 
@@ -124,7 +124,7 @@ TEST_F(LetterEntry, WordFitsTheReverseReadingOfAnOccupiedLineWhenLettersAgree) {
     EXPECT_EQ(boardText(m_board), ".pony..... aaaapaap ..58......");
     // Taking one off keeps the letters: the other word still covers every cell.
     m_board.apply(Move::marker(3));
-    EXPECT_EQ(boardText(m_board), ".pony..... aaaaaaap ...8......");
+    EXPECT_EQ(boardText(m_board), ".pony..... aaaasaap ...8......");
     EXPECT_EQ(m_board.SelectedWord(), 5);
 }
 

@@ -36,10 +36,10 @@ TEST_F(SolutionDisplay, PressShowsTheSolutionAndReleaseRestoresThePlayersBoard) 
     EXPECT_TRUE(m_board.apply(Move::solutionPress()));
     EXPECT_TRUE(m_board.solutionShown());
     EXPECT_EQ(boardText(m_board), "gponyaardw apAAApps 2.6......7");
-    // Yard has lost its flat look, although still selected.
+    // Yard is still the selection and still shows it: the next marker click places it.
     EXPECT_TRUE(m_board.apply(Move::solutionRelease()));
     EXPECT_FALSE(m_board.solutionShown());
-    EXPECT_EQ(boardText(m_board), "gponya.rdw apaaappa 2.6......7");
+    EXPECT_EQ(boardText(m_board), "gponya.rdw apaaapps 2.6......7");
     EXPECT_EQ(m_board.SelectedWord(), Yard);
 }
 
@@ -61,7 +61,7 @@ TEST_F(SolutionDisplay, BoardClicksAreIgnoredWhileTheSolutionShows) {
         EXPECT_FALSE(m_board.apply(move));
     EXPECT_EQ(m_board.state(), shown);
     m_board.apply(Move::solutionRelease());
-    EXPECT_EQ(boardText(m_board), ".pony..... aaaaapaa ..6......."); // looks reset, as always
+    EXPECT_EQ(boardText(m_board), ".pony..... aasaapaa ..6......."); // the selection shows again
 }
 
 // --- Faults found or feared --------------------------------------------------------------
