@@ -1,6 +1,7 @@
 // The configuration file: any bytes read as "pentalink.cfg" give settings that a save writes
-// and the next read gives back unchanged; and any scheme name, font name and size saved are
-// read back as they were (line breaks inside a value become blanks).
+// and the next read gives back unchanged; and any scheme name, font name and font size the
+// Options window can set, saved, are read back as they were (line breaks inside a value
+// become blanks).
 #include "fuzzsupport.h"
 
 #include "core/configfile.h"
@@ -50,7 +51,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Settings values = Settings::forFolder(folder);
     values.ActiveSchemeFile = QString::fromStdString(provider.ConsumeRandomLengthString(300));
     values.BoardFontName = QString::fromStdString(provider.ConsumeRandomLengthString(300));
-    values.BoardFontSize = provider.ConsumeIntegral<qint32>();
+    // Sizes outside what the Options window can set count as a damaged file when read.
+    values.BoardFontSize = provider.ConsumeIntegralInRange<qint32>(Settings::MinBoardFontSize,
+                                                                   Settings::MaxBoardFontSize);
     const Settings reread = saveAndReload(values);
     check(reread.ActiveSchemeFile == oneLine(values.ActiveSchemeFile), "any scheme survives");
     check(reread.BoardFontName == oneLine(values.BoardFontName), "any font name survives");
