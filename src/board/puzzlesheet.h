@@ -25,6 +25,9 @@ inline const QString FooterText = QStringLiteral("Pentalink from https://pentali
 // (twips) falls on its top-left corner, cut to this size in pixels.
 constexpr QPoint StarPictureOrigin{345, 240};
 constexpr QSize StarPictureSize{299, 286};
+// Its ten boxes, border included, in pixels: a pixel more than the screen's cells on the right
+// and at the bottom, each starting at its cell's corner.
+constexpr int StarBoxPixels = 33;
 
 // The clipboard picture `Picture1`, in twips (304 x 367 pixels).
 constexpr QSize PictureTwips{4560, 5505};

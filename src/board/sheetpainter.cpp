@@ -42,6 +42,15 @@ void paintStarPicture(QPainter& painter, const QPointF& at, double scale) {
     // The picture's corner is this star-area point; paintBoard draws in board twips.
     painter.translate(-QPointF(starArea().topLeft() + PuzzleSheet::StarPictureOrigin));
     paintBoard(painter, BoardState{}, style);
+    // The boxes cover the cells the board drew: black one-pixel borders, empty inside.
+    for (int c = 0; c < StarGrid::CellCount; ++c) {
+        const QRect box(cellRect(c).topLeft(),
+                        QSize(PuzzleSheet::StarBoxPixels, PuzzleSheet::StarBoxPixels) *
+                            TwipsPerPixel);
+        painter.fillRect(box, Qt::black);
+        painter.fillRect(box.adjusted(TwipsPerPixel, TwipsPerPixel, -TwipsPerPixel, -TwipsPerPixel),
+                         Qt::white);
+    }
     painter.restore();
 }
 

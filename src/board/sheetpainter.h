@@ -14,7 +14,7 @@
 class QPainter;
 
 // The star picture with its top-left corner at `at` (twips), enlarged by `scale`: black lines
-// and ten empty black-bordered boxes on white, cut to PuzzleSheet::StarPictureSize.
+// and ten empty 33 x 33 black-bordered boxes on white, cut to PuzzleSheet::StarPictureSize.
 void paintStarPicture(QPainter& painter, const QPointF& at, double scale);
 
 // The block's star picture, then its texts in order (black, transparent ground, each text's

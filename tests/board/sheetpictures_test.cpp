@@ -27,7 +27,7 @@ namespace {
 // The top-left corners of the star picture's boxes, in its pixels.
 constexpr QPoint BoxCorners[10] = {{135, 0},  {1, 101},   {99, 101},  {173, 101}, {265, 101},
                                    {78, 164}, {191, 164}, {133, 198}, {49, 252},  {214, 252}};
-constexpr int BoxSize = 31; // the screen's cell; the picture's boxes are within 2 pixels of 33
+constexpr int BoxSize = 33;
 
 bool dark(const QImage& image, int x, int y) {
     return image.rect().contains(x, y) && qGray(image.pixel(x, y)) < 128;
@@ -173,6 +173,14 @@ TEST_F(SheetTest, StarPictureHasTheTenEmptyBoxesAtTheirPlaces) {
     star.save(QDir::tempPath() + QStringLiteral("/pentalink-star.png"));
     EXPECT_EQ(star.size(), QSize(299, 286));
     expectBlock(star, {0, 0}, 1.0, false, SheetBlock{}, {});
+    // Each box is 33 pixels square, border included: a one-pixel border round 31 x 31 of white.
+    for (int c = 0; c < 10; ++c) {
+        const std::optional<QPoint> corner = boxCorner(star, QPointF(BoxCorners[c]), 1.0);
+        ASSERT_TRUE(corner.has_value()) << c;
+        const QRect box(*corner, QSize(BoxSize, BoxSize));
+        EXPECT_EQ(darkIn(star, box), 4 * (BoxSize - 1)) << c; // the whole ring, nothing inside
+        EXPECT_EQ(darkIn(star, box.adjusted(1, 1, -1, -1)), 0) << c;
+    }
     // White ground, black lines: no other colour in it.
     int other = 0;
     for (int y = 0; y < star.height(); ++y)
