@@ -17,6 +17,7 @@ else
         fonts-liberation2 fonts-dejavu-core
         xvfb xauth xdotool xclip x11-utils
         wamerican-small
+        poppler-utils
     )
     if [ "${1:-}" = fuzz ]; then
         packages+=(clang-14 libclang-rt-14-dev libfuzzer-14-dev)

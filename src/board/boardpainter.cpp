@@ -30,28 +30,9 @@ void flatBorder(QPainter& p, const QRect& r, const QColor& colour) {
     p.fillRect(QRect(r.x() + r.width() - Pixel, r.y(), Pixel, r.height()), colour);
 }
 
-// `text` centred in `r` (board twips), laid out in device space with the font scaled as the
-// painter scales twips against the screen's 15 to the pixel.
-void centredText(QPainter& p, const QRect& r, const QString& text, QFont font,
+void centredText(QPainter& p, const QRect& r, const QString& text, const QFont& font,
                  const QColor& colour) {
-    if (text.isEmpty())
-        return;
-    const QTransform transform = p.transform();
-    const qreal dpi = p.device() ? p.device()->logicalDpiY() : 96.0;
-    const qreal scale = transform.m22() * TwipsPerPixel * 96.0 / dpi;
-    if (qAbs(scale - 1.0) > 1e-9) {
-        if (font.pointSizeF() > 0)
-            font.setPointSizeF(font.pointSizeF() * scale);
-        else
-            font.setPixelSize(qMax(1, qRound(font.pixelSize() * transform.m22() * Pixel)));
-    }
-    const QRect device = transform.mapRect(QRectF(r)).toRect();
-    p.save();
-    p.resetTransform();
-    p.setFont(font);
-    p.setPen(colour);
-    p.drawText(device, Qt::AlignCenter, text);
-    p.restore();
+    paintText(p, r, Qt::AlignCenter, text, font, colour);
 }
 
 void paintLines(QPainter& p, const QColor& colour) {
@@ -80,6 +61,28 @@ void paintTile(QPainter& p, const QRect& r, const TileState& tile, const BoardSt
 }
 
 } // namespace
+
+void paintText(QPainter& p, const QRectF& twips, int flags, const QString& text, QFont font,
+               const QColor& colour) {
+    if (text.isEmpty())
+        return;
+    const QTransform transform = p.transform();
+    const qreal dpi = p.device() ? p.device()->logicalDpiY() : 96.0;
+    const qreal scale = transform.m22() * TwipsPerPixel * 96.0 / dpi;
+    if (qAbs(scale - 1.0) > 1e-9) {
+        if (font.pointSizeF() > 0)
+            font.setPointSizeF(font.pointSizeF() * scale);
+        else
+            font.setPixelSize(qMax(1, qRound(font.pixelSize() * transform.m22() * Pixel)));
+    }
+    const QRect device = transform.mapRect(twips).toRect();
+    p.save();
+    p.resetTransform();
+    p.setFont(font);
+    p.setPen(colour);
+    p.drawText(device, flags, text);
+    p.restore();
+}
 
 void paintBoard(QPainter& painter, const BoardState& state, const BoardStyle& style) {
     painter.save();

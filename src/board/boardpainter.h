@@ -9,6 +9,8 @@
 
 #include <QColor>
 #include <QFont>
+#include <QRectF>
+#include <QString>
 
 class QPainter;
 
@@ -37,3 +39,11 @@ struct BoardStyle {
 // the rest; text is laid out in device space with its point size scaled to match, so on the
 // screen it is exactly what a label at that place would show. The painter's state is kept.
 void paintBoard(QPainter& painter, const BoardState& state, const BoardStyle& style);
+
+// Draws `text` aligned by `flags` (Qt::Alignment) in the rectangle `twips`, under the same
+// rules: the painter's coordinates are twips (scaling and translation only), the text is laid
+// out in device space with the font scaled as the painter scales twips against the screen's 15
+// to the pixel, so a font of n points stays n points on a printer and on a 96-dpi picture.
+// Empty text draws nothing. The painter's state is kept.
+void paintText(QPainter& painter, const QRectF& twips, int flags, const QString& text, QFont font,
+               const QColor& colour);

@@ -12,6 +12,8 @@
 #include "board/keyboardplay.h"
 #include "board/mainmenu.h"
 #include "board/playboard.h"
+#include "board/printcommand.h"
+#include "board/sheetpainter.h"
 #include "core/appfolder.h"
 #include "core/notifier.h"
 #include "ui/aboutform.h"
@@ -26,6 +28,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFontDatabase>
@@ -168,11 +171,10 @@ void Form1::connectCommands() {
     connect(menu.options, &QAction::triggered, this, &Form1::optionsCommand);
     connect(menu.help, &QAction::triggered, this, &Form1::helpCommand);
     connect(menu.about, &QAction::triggered, this, &Form1::aboutCommand);
-    connect(menu.print, &QAction::triggered, this,
-            [this] { notAvailableYet(QStringLiteral("Printing")); });
+    connect(menu.print, &QAction::triggered, this, &Form1::printCommand);
     for (int i : {0, 1}) {
-        connect(menu.copyEntries[i], &QAction::triggered, this,
-                [this] { notAvailableYet(QStringLiteral("Copying to the clipboard")); });
+        connect(menu.copyEntries[static_cast<size_t>(i)], &QAction::triggered, this,
+                [this, i] { CopyPuzzlePicture(i); });
     }
 
     connect(m_cmdcreate, &BoxControl::MouseUp, this, [this] { createCommand(); });
@@ -407,6 +409,26 @@ void Form1::aboutCommand() {
     letEventsRun();
 }
 
+SheetContent Form1::sheet() const {
+    return sheetContent(m_session->grid(), m_board->state(), m_settings.BoardFontName);
+}
+
+void Form1::printCommand() {
+    if (m_printing)
+        return;
+    m_printing = true;
+    ::printCommand(
+        m_gate, [this] { letEventsRun(); },
+        [this] { return m_pagePrinter.print(composePage(sheet()), m_settings.AppFolder); });
+    m_printing = false;
+}
+
+void Form1::CopyPuzzlePicture(int ShowSolution) {
+    const QImage picture =
+        puzzlePicture(composePuzzlePicture(ShowSolution, sheet(), m_pictureFont));
+    QGuiApplication::clipboard()->setImage(picture);
+}
+
 void Form1::closeEvent(QCloseEvent* event) {
     // Closing by the frame ends the program at once, without saving (only Exit saves): a
     // running search is abandoned and returns before its next attempt; the window (and the
@@ -418,12 +440,6 @@ void Form1::closeEvent(QCloseEvent* event) {
 void Form1::mouseMoveEvent(QMouseEvent* event) {
     QMainWindow::mouseMoveEvent(event);
     setCursor(Qt::ArrowCursor);
-}
-
-void Form1::notAvailableYet(const QString& what) {
-    m_gate.MsgboxA(what + QStringLiteral(" is not available yet."),
-                   QStringLiteral("vbok+vbinformation"));
-    letEventsRun();
 }
 
 void Form1::letEventsRun() {

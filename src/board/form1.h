@@ -6,7 +6,9 @@
 #pragma once
 
 #include "board/messagegate.h"
+#include "board/pageprinter.h"
 #include "board/playmove.h"
+#include "board/puzzlesheet.h"
 #include "core/configfile.h"
 #include "core/puzzlesession.h"
 #include "core/settings.h"
@@ -62,6 +64,11 @@ public:
     // once (modeless); About shows the About window and returns when it has closed.
     void helpCommand();
     void aboutCommand();
+    // Print: asks, then puts the puzzle and its solution on one page (printer, or a PDF file
+    // without one) and says how it went.
+    void printCommand();
+    // Copy to Clipboard: the puzzle (0) or its solution (1) as a 304 x 367 picture.
+    void CopyPuzzlePicture(int ShowSolution);
 
     PuzzleSession& session() { return *m_session; }
     QTimer& timer2() { return m_timer2; }
@@ -69,6 +76,8 @@ public:
     Form6* optionsWindow() const { return m_form6; }
     QTimer& timer1() { return m_timer1; }
     MainMenu& menu() { return *m_menu; }
+    // Where the printed page goes (tests choose the printer and the documents folder).
+    PagePrinter& pagePrinter() { return m_pagePrinter; }
     BoardView& boardView() { return *m_boardView; }
     KeyboardPlay& keyboard() { return *m_keyboard; }
     QLabel* statusLine() const { return m_statusLine; }
@@ -90,11 +99,13 @@ private:
     void connectCommands();
     void startUp();
     void timer1Tick();
-    void notAvailableYet(const QString& what);
     void letEventsRun();
     QColor colour(int index) const;
     // The scheme colours the help and About windows take when they become active.
     SchemeLook schemeLook() const;
+
+    // The puzzle as the board shows it now, for the page and the picture.
+    SheetContent sheet() const;
 
     // Hands a player's action or a command's effect on the board to the play rules.
     void play(const Move& move);
@@ -123,6 +134,11 @@ private:
     Form6* m_form6 = nullptr; // created at start-up, hidden rather than closed
     Form4* m_form4 = nullptr;
     AboutForm* m_aboutForm = nullptr;
+
+    PagePrinter m_pagePrinter;
+    // The clipboard picture's font, which one composition leaves to the next.
+    SheetFont m_pictureFont;
+    bool m_printing = false;
 
     QTimer m_timer1;
     QTimer m_timer2;

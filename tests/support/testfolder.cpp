@@ -68,3 +68,8 @@ void TestFolder::copyShipped(const QString& name) const {
 QString shippedDataDir() {
     return QStringLiteral(PENTALINK_SOURCE_DATA_DIR "/");
 }
+
+bool touchFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+}

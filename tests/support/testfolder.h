@@ -36,5 +36,9 @@ private:
     bool m_hadData = false;
 };
 
+// Creates an empty regular file at `path` (replacing one); false when it cannot. A path
+// through such a file is one that not even root can create folders along.
+bool touchFile(const QString& path);
+
 // The repository's data/ folder, ending in "/".
 QString shippedDataDir();
