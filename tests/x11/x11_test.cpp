@@ -1,7 +1,8 @@
 // The game on a real X server: window titles as the window system reads them, drop-down menus
 // as painted on the screen, and a whole game played by pointer events that come from the
 // server (xdotool), not from QTest. The offscreen platform hides faults in all three: it adds
-// nothing to titles and paints menus in no real window.
+// nothing to titles and paints menus in no real window; the clipboard picture is read back by
+// another X client (xclip).
 #include "windowfixture.h"
 
 #include "app/appsetup.h"
@@ -10,6 +11,7 @@
 #include "ui/form4.h"
 #include "ui/olecolor.h"
 
+#include <QClipboard>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QHash>
@@ -24,22 +26,24 @@
 
 namespace {
 
-// Runs an X client program to its end and returns what it printed.
-QString runTool(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished(10000)) << program.toStdString();
-    EXPECT_EQ(process.exitCode(), 0)
-        << program.toStdString() << ": " << process.readAllStandardError().toStdString();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 // Lets events arrive from the server until `done` holds or three seconds have passed.
 bool waitFor(const std::function<bool()>& done) {
     const QDeadlineTimer deadline(3000);
     while (!done() && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     return done();
+}
+
+// Runs an X client program to its end, serving this program's events meanwhile (the program
+// may ask for a selection this one owns), and returns what it printed.
+QByteArray runTool(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(waitFor([&process] { return process.state() == QProcess::NotRunning; }))
+        << program.toStdString();
+    EXPECT_EQ(process.exitCode(), 0)
+        << program.toStdString() << ": " << process.readAllStandardError().toStdString();
+    return process.readAllStandardOutput();
 }
 
 // A press and release of button 1 made by the server at a point of `widget`.
@@ -137,6 +141,23 @@ TEST_F(X11Test, WholeGameByServerPointerEvents) {
     serverClick(form.cmdshowsol(), form.cmdshowsol()->rect().center());
     EXPECT_TRUE(waitFor([this] { return !m_notifier.messages().isEmpty(); }));
     EXPECT_EQ(m_notifier.texts(), QStringList{QStringLiteral("All Done!")});
+}
+
+TEST_F(X11Test, ClipboardPictureAsAnotherProgramReadsIt) {
+    Form1& form = start();
+    form.menu().create->trigger();
+    ASSERT_TRUE(grid().hasSolution());
+    for (const int entry : {0, 1}) {
+        SCOPED_TRACE(entry);
+        form.menu().copyEntries[static_cast<size_t>(entry)]->trigger();
+        const QImage own = QGuiApplication::clipboard()->image();
+        ASSERT_EQ(own.size(), QSize(304, 367));
+        const QImage read = QImage::fromData(
+            runTool(QStringLiteral("xclip"), {"-selection", "clipboard", "-t", "image/png", "-o"}),
+            "PNG");
+        EXPECT_EQ(read.convertToFormat(QImage::Format_RGB32),
+                  own.convertToFormat(QImage::Format_RGB32));
+    }
 }
 
 } // namespace
