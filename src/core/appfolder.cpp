@@ -76,6 +76,10 @@ QString installedDataFolder() {
                                             QStringLiteral(PENTALINK_RELATIVE_DATADIR));
         if (QFileInfo::exists(besideExe + QStringLiteral("all.col")))
             return besideExe;
+        // A build tree or a portable copy carries the data files beside the executable.
+        const QString exeDir = withSlash(QCoreApplication::applicationDirPath());
+        if (QFileInfo::exists(exeDir + QStringLiteral("all.col")))
+            return exeDir;
     }
     return withSlash(QStringLiteral(PENTALINK_DATADIR));
 }

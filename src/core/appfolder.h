@@ -23,7 +23,8 @@ QStringList shippedDataFiles();
 
 // The installed data folder ("<prefix>/share/pentalink/"), ending in "/": the folder named by
 // $PENTALINK_DATA_DIR when set (tests seed from their own folders); else found beside the
-// executable's own folder when an install was moved to another prefix; else the folder fixed
+// executable's own folder when an install was moved to another prefix; else the executable's
+// folder itself when it holds all.col (a build tree or a portable copy); else the folder fixed
 // when the program was built.
 QString installedDataFolder();
 
