@@ -290,12 +290,8 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
     if (!m_index.plain(fourth))
         return Outcome::HandOver;
 
-    const Letter c0 = m_index.letter(second, 0);
-    const Letter c5 = m_index.letter(second, 2);
-    const Letter c8 = m_index.letter(second, 3);
-    const Letter c6 = m_index.letter(third, 2);
-    const Letter c9 = m_index.letter(third, 3);
-    const Letter c7 = m_index.letter(fourth, 2);
+    const std::array<Letter, StarGrid::CellCount> cells = starLetters(root, second, third, fourth);
+    const Letter c5 = cells[5], c7 = cells[7], c9 = cells[9];
 
     // Fifth word (line 1-5-7-9): both directions are always searched, and both mark.
     const int forwards = findByAllFour(c1, c5, c7, c9);
@@ -309,13 +305,19 @@ IndexedPuzzleGenerator::Outcome IndexedPuzzleGenerator::attempt(const clsSimpleA
 
     std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth,
                                                          forwards >= 0 ? forwards : backwards};
-    return finish(wordList, grid, entries, {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9},
-                  [this](Letter first, Letter last) {
-                      const int decoy = findByFirstAndLast(first, last);
-                      if (decoy >= 0)
-                          mark(decoy);
-                      return decoy;
-                  });
+    return finish(wordList, grid, entries, cells, [this](Letter first, Letter last) {
+        const int decoy = findByFirstAndLast(first, last);
+        if (decoy >= 0)
+            mark(decoy);
+        return decoy;
+    });
+}
+
+std::array<IndexedPuzzleGenerator::Letter, StarGrid::CellCount>
+IndexedPuzzleGenerator::starLetters(int root, int second, int third, int fourth) const {
+    const auto at = [this](int word, int position) { return m_index.letter(word, position); };
+    return {at(second, 0), at(root, 0),  at(root, 1),   at(root, 2),   at(root, 3),
+            at(second, 2), at(third, 2), at(fourth, 2), at(second, 3), at(third, 3)};
 }
 
 template <typename FindDecoy>
@@ -432,12 +434,8 @@ IndexedPuzzleGenerator::patternAttempt(const clsSimpleArray& wordList, StarGrid&
     if (!m_index.hasLetters(fourth))
         return Outcome::HandOver;
 
-    const Letter c0 = m_index.letter(second, 0);
-    const Letter c5 = m_index.letter(second, 2);
-    const Letter c8 = m_index.letter(second, 3);
-    const Letter c6 = m_index.letter(third, 2);
-    const Letter c9 = m_index.letter(third, 3);
-    const Letter c7 = m_index.letter(fourth, 2);
+    const std::array<Letter, StarGrid::CellCount> cells = starLetters(root, second, third, fourth);
+    const Letter c5 = cells[5], c7 = cells[7], c9 = cells[9];
 
     const int forwards = find(listOf(Kind::Fifth, c1, c5, c7, c9));
     const int backwards = find(listOf(Kind::FifthBackwards, c1, c5, c7, c9));
@@ -450,13 +448,12 @@ IndexedPuzzleGenerator::patternAttempt(const clsSimpleArray& wordList, StarGrid&
 
     std::array<int, StarGrid::CandidateCount> entries = {root, second, third, fourth,
                                                          forwards >= 0 ? forwards : backwards};
-    return finish(wordList, grid, entries, {c0, c1, c2, c3, c4, c5, c6, c7, c8, c9},
-                  [&](Letter first, Letter last) {
-                      const int decoy = find(listOf(Kind::Decoy, first, last));
-                      if (decoy >= 0)
-                          m_steering.push_back(decoy);
-                      return decoy;
-                  });
+    return finish(wordList, grid, entries, cells, [&](Letter first, Letter last) {
+        const int decoy = find(listOf(Kind::Decoy, first, last));
+        if (decoy >= 0)
+            m_steering.push_back(decoy);
+        return decoy;
+    });
 }
 
 int IndexedPuzzleGenerator::rangeBound(int first, int second) const {

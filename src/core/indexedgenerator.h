@@ -139,6 +139,10 @@ private:
     bool run(clsSimpleArray& wordList, StarGrid& grid, int root);
     Outcome attempt(const clsSimpleArray& wordList, StarGrid& grid, int root);
     Outcome patternAttempt(const clsSimpleArray& wordList, StarGrid& grid, int root);
+    // The letters of cells 0..9 that the first four words fix (the fifth word only repeats
+    // cells 1, 5, 7 and 9).
+    std::array<Letter, StarGrid::CellCount> starLetters(int root, int second, int third,
+                                                        int fourth) const;
     // The common end of both attempts once five words are found: distinct words, decoys
     // (found by findDecoy(first letter, last letter)), publishing.
     template <typename FindDecoy>
