@@ -2,6 +2,7 @@
 #include "components/dc.h"
 
 #include "components/sevensegment.h"
+#include "core/twips.h"
 #include "ui/olecolor.h"
 
 #include <QPainter>
@@ -10,7 +11,7 @@
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
+constexpr int kTwipsPerPixel = Twips::PerPixel;
 
 void drawElement(QPainter& painter, const QLine& line, quint32 colour, int widthPixels,
                  const QPalette& palette) {

@@ -1,6 +1,7 @@
 // The scores panel's layout, colours and input; the counting lives in ScoresKeeper.
 #include "components/scoresbox.h"
 
+#include "core/twips.h"
 #include "ui/boxcontrol.h"
 #include "ui/olecolor.h"
 
@@ -13,7 +14,7 @@
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
+constexpr int kTwipsPerPixel = Twips::PerPixel;
 
 QRect twips(int left, int top, int width, int height) {
     return {left / kTwipsPerPixel, top / kTwipsPerPixel, width / kTwipsPerPixel,

@@ -7,6 +7,8 @@
 // hundredths of a millimetre has its top-left corner at ((W - pw/2)/2 - 24, (H - ph/2)/2 - 24).
 #pragma once
 
+#include "core/twips.h"
+
 #include <QLineF>
 #include <QPointF>
 #include <QSize>
@@ -15,7 +17,7 @@
 
 namespace BoxGeometry {
 
-constexpr double TwipsPerPixel = 15.0;
+constexpr double TwipsPerPixel = Twips::PerPixel;
 constexpr int DarkInset = 20;
 constexpr int PictureNudge = 24;
 

@@ -1,6 +1,7 @@
 // The message window; see msgform.h.
 #include "ui/msgform.h"
 
+#include "core/twips.h"
 #include "ui/boxcontrol.h"
 #include "ui/olecolor.h"
 #include "ui/programicon.h"
@@ -20,7 +21,7 @@
 
 namespace {
 
-constexpr double TwipsPerPixel = 15.0;
+constexpr double TwipsPerPixel = Twips::PerPixel;
 // The layout gives outer sizes; Qt sizes the inside. These are the frame and title bar of a
 // typical desktop (3 pixels a side, a 21-pixel title), taken off the outer size.
 constexpr int FrameWidthTwips = 90;
