@@ -7,6 +7,7 @@
 #include "components/ziperror.h"
 #include "components/zipformat.h"
 #include "core/notifier.h"
+#include "support/peakgrowth.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -37,17 +38,6 @@ struct Report {
     int restored = 0;   // 1 restored, 0 refused
 };
 
-qint64 statusBytes(const char* key) {
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        if (line.startsWith(key))
-            return line.mid(qstrlen(key)).trimmed().split(' ').value(0).toLongLong() * 1024;
-    }
-    return -1;
-}
-
 Report restoreInChild(const QString& container, const QString& destination) {
     int channel[2];
     if (pipe(channel) != 0)
@@ -56,9 +46,7 @@ Report restoreInChild(const QString& container, const QString& destination) {
     if (child == 0) {
         close(channel[0]);
         Report report;
-        QFile clear(QStringLiteral("/proc/self/clear_refs"));
-        if (clear.open(QIODevice::WriteOnly) && clear.write("5") == 1 && clear.flush()) {
-            const qint64 before = statusBytes("VmRSS:");
+        report.growth = peakmemory::peakGrowth([&] {
             SilentNotifier notifier;
             clsZip zip(notifier, [](const QString&) { return DriveSpace{1e15, 1e15, "/"}; });
             try {
@@ -66,8 +54,7 @@ Report restoreInChild(const QString& container, const QString& destination) {
             } catch (const ZipError&) {
                 report.restored = 0;
             }
-            report.growth = statusBytes("VmHWM:") - before;
-        }
+        });
         const bool sent = write(channel[1], &report, sizeof report) == sizeof report;
         _exit(sent ? 0 : 1);
     }

@@ -4,6 +4,7 @@
 #include "components/ziperror.h"
 #include "components/zipformat.h"
 
+#include "support/peakgrowth.h"
 #include "support/recordingnotifier.h"
 #include "support/writefault.h"
 
@@ -241,28 +242,6 @@ TEST_F(ZipTest, FreeSpaceGuardRetriesAndCancels) {
     EXPECT_EQ(files(), (QStringList{"f.mlh", "f.txt", "old.txt"}));
 }
 
-// The resident memory the process gains at its peak while `work` runs, in bytes; -1 when the
-// peak cannot be reset on this system.
-qint64 peakGrowth(const std::function<void()>& work) {
-    const auto status = [](const char* key) -> qint64 {
-        QFile file(QStringLiteral("/proc/self/status"));
-        if (!file.open(QIODevice::ReadOnly))
-            return -1;
-        for (const QByteArray& line : file.readAll().split('\n')) {
-            if (line.startsWith(key))
-                return line.mid(qstrlen(key)).trimmed().split(' ').value(0).toLongLong() * 1024;
-        }
-        return -1;
-    };
-    QFile clear(QStringLiteral("/proc/self/clear_refs"));
-    if (!clear.open(QIODevice::WriteOnly) || clear.write("5") != 1 || !clear.flush())
-        return -1;
-    const qint64 before = status("VmRSS:");
-    work();
-    const qint64 peak = status("VmHWM:");
-    return before < 0 || peak < 0 ? -1 : peak - before;
-}
-
 QByteArray containerFor(const QByteArray& original, qint32 storedLength) {
     uLongf length = compressBound(static_cast<uLong>(original.size()));
     QByteArray stream(static_cast<qsizetype>(length), '\0');
@@ -288,7 +267,7 @@ TEST_F(ZipTest, MemoryFollowsTheStreamNotTheStoredLength) {
         const qint64 size = QFileInfo(path(name)).size();
         bool restored = false;
         int error = 0;
-        const qint64 growth = peakGrowth([&] {
+        const qint64 growth = peakmemory::peakGrowth([&] {
             try {
                 restored = zip.DecompressFile(path(name), path("out"));
             } catch (const ZipError& e) {
