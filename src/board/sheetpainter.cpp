@@ -54,12 +54,22 @@ void paintStarPicture(QPainter& painter, const QPointF& at, double scale) {
     painter.restore();
 }
 
-void paintSheetBlock(QPainter& painter, const SheetBlock& block) {
-    paintStarPicture(painter, block.starAt, block.starScale);
-    for (const SheetText& text : block.texts) {
+void paintSheetTexts(QPainter& painter, const QList<SheetText>& texts) {
+    for (const SheetText& text : texts) {
         paintText(painter, QRectF(text.at, TextRoom), Qt::AlignLeft | Qt::AlignTop, text.text,
                   toFont(text.font), Qt::black);
     }
+}
+
+void paintSheetBlock(QPainter& painter, const SheetBlock& block) {
+    paintStarPicture(painter, block.starAt, block.starScale);
+    paintSheetTexts(painter, block.texts);
+}
+
+void paintBookletPage(QPainter& painter, const BookletPage& page) {
+    for (const SheetBlock& block : page.blocks)
+        paintSheetBlock(painter, block);
+    paintSheetTexts(painter, page.texts);
 }
 
 void paintPage(QPainter& painter, const std::array<SheetBlock, 2>& page) {
