@@ -14,7 +14,8 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
         QStringLiteral("the dictionary file (default: english1.txt of the program folder)"),
         QStringLiteral("FILE"));
     const QCommandLineOption count(QStringLiteral("count"),
-                                   QStringLiteral("how many puzzles to request (default 1)"),
+                                   QStringLiteral("how many puzzles to request (default 1; "
+                                                  "1000 at most in a booklet)"),
                                    QStringLiteral("N"));
     const QCommandLineOption seed(QStringLiteral("seed"),
                                   QStringLiteral("seed of the dictionary shuffle, 0 to 2^64-1 "
@@ -36,7 +37,7 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
                                      QStringLiteral("N"));
     const QCommandLineOption paper(QStringLiteral("paper"),
                                    QStringLiteral("the booklet's paper: a4 or letter (default: "
-                                                  "letter in the US and Canada, else a4)"),
+                                                  "the locale's)"),
                                    QStringLiteral("PAPER"));
     const QCommandLineOption title(
         QStringLiteral("title"),
