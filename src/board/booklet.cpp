@@ -89,8 +89,10 @@ QList<BookletPage> composeBooklet(const QList<SheetContent>& puzzles,
     placeBlocks(pages, answers, 3, Booklet::AnswersPerPage / 3, paper);
 
     for (qsizetype p = 0; p < pages.size(); ++p) {
-        const QString title =
-            p < firstAnswerPage ? settings.title : settings.title + QStringLiteral(": answers");
+        const QString title = p < firstAnswerPage ? settings.title
+                              : settings.title.isEmpty()
+                                  ? QStringLiteral("Answers")
+                                  : settings.title + QStringLiteral(" (answers)");
         pages[p].texts.append({QPointF(Margin, Margin), title, pageFont(14, true)});
         pages[p].texts.append(centred(QString::number(p + 1), paper.height() - FooterFromBottom,
                                       pageFont(9, false), paper));
