@@ -83,8 +83,8 @@ QList<BookletPage> composeBooklet(const QList<SheetContent>& puzzles,
         answers.append(composeBookletBlock(n + 1, 1, puzzles[n]));
     }
     QList<BookletPage> pages;
-    const bool one = settings.perPage == 1;
-    placeBlocks(pages, questions, settings.perPage == 4 ? 2 : 1, one ? 1 : 2, paper);
+    placeBlocks(pages, questions, settings.perPage == 4 ? 2 : 1, settings.perPage == 1 ? 1 : 2,
+                paper);
     const qsizetype firstAnswerPage = pages.size();
     placeBlocks(pages, answers, 3, Booklet::AnswersPerPage / 3, paper);
 

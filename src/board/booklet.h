@@ -2,8 +2,9 @@
 // its empty star and its eight words, a few to a page), then the answers at the back (the same
 // blocks with the solution letters and the decoys struck through, smaller, twelve to a page),
 // a title line at the top of every page ("(answers)" added on the answer pages), the page
-// number at the foot and closing lines on the last page. Each puzzle is the printed page's block (puzzlesheet.h) scaled to its place, so a
-// booklet's star is the game's printed star. QtCore only; sheetpainter.h paints the pages.
+// number at the foot and closing lines on the last page. Each puzzle is the printed page's
+// block (puzzlesheet.h) scaled to its place, so a booklet's star is the game's printed star.
+// QtCore only; sheetpainter.h paints the pages.
 #pragma once
 
 #include "board/puzzlesheet.h"

@@ -97,14 +97,13 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
     if (parser.isSet(count)) {
         bool ok = false;
         options.count = parser.value(count).toInt(&ok);
-        if (options.booklet.isEmpty() && (!ok || options.count < 1))
-            return fail(QStringLiteral("--count needs a whole number of at least 1, not '%1'.")
-                            .arg(parser.value(count)));
-        if (!options.booklet.isEmpty() &&
-            (!ok || options.count < 1 || options.count > Booklet::MaxPuzzles))
-            return fail(QStringLiteral("--count of a booklet needs a whole number from 1 to "
-                                       "%1, not '%2'.")
-                            .arg(Booklet::MaxPuzzles)
+        const bool inBooklet = !options.booklet.isEmpty();
+        if (!ok || options.count < 1 || (inBooklet && options.count > Booklet::MaxPuzzles))
+            return fail((inBooklet ? QStringLiteral("--count of a booklet needs a whole number "
+                                                    "from 1 to %1, not '%2'.")
+                                         .arg(Booklet::MaxPuzzles)
+                                   : QStringLiteral("--count needs a whole number of at least 1, "
+                                                    "not '%1'."))
                             .arg(parser.value(count)));
     }
     if (parser.isSet(perPage)) {
