@@ -12,16 +12,12 @@
 
 namespace {
 
-// The block's texts that are not the footer, as "text@x,y" and "+" for a struck one.
-QStringList wordsAndLetters(const SheetBlock& block) {
+// The block's words and letters after the footer, "+" before a struck one.
+std::string textsOf(const SheetBlock& block) {
     QStringList out;
-    for (const SheetText& t : block.texts.mid(1)) {
-        out << QStringLiteral("%1%2@%3,%4")
-                   .arg(t.font.strikeOut ? QStringLiteral("+") : QString(), t.text)
-                   .arg(t.at.x())
-                   .arg(t.at.y());
-    }
-    return out;
+    for (const SheetText& t : block.texts.mid(1))
+        out << (t.font.strikeOut ? QStringLiteral("+") : QString()) + t.text;
+    return out.join(u' ').toStdString();
 }
 
 class PuzzleSheetTest : public PlayTest {
@@ -38,7 +34,8 @@ TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnS
     const std::array<SheetBlock, 2> page = composePage(content());
     const SheetBlock picturePuzzle = composePuzzlePicture(0, content(), surface);
     const SheetBlock pictureSolution = composePuzzlePicture(1, content(), surface);
-    const QString letters = QStringLiteral("gponyaardw");
+    const std::string words = "gnaw goad gold grew play pony wrap yard";
+    const std::string solution = "gnaw goad +gold +grew +play pony wrap yard g p o n y a a r d w";
     const struct {
         const char* name;
         const SheetBlock& block;
@@ -46,7 +43,8 @@ TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnS
         double scale;
         QPointF footer;
         double wordSize;
-        QStringList texts; // the words in tile order, then the letters of cells 0..9
+        std::string texts;      // the words in tile order, then the letters of cells 0..9
+        QList<QPointF> corners; // of tile 1's and tile 8's words, cell 0's and cell 9's letters
     } rows[] = {
         {"page, puzzle",
          page[0],
@@ -54,55 +52,53 @@ TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnS
          1.4,
          {4550, 6600},
          16,
-         {"gnaw@2850,6900", "goad@4050,6900", "gold@5250,6900", "grew@6450,6900", "play@2850,7200",
-          "pony@4050,7200", "wrap@5250,7200", "yard@6450,7200"}},
+         words,
+         {{2850, 6900}, {6450, 7200}}},
+        // Letters at the cell's corner x 1.4 + the block's corner - 250.
         {"page, solution",
          page[1],
          {2000, 8600},
          1.4,
          {4550, 14600},
          16,
-         {"gnaw@2850,14900", "goad@4050,14900", "+gold@5250,14900", "+grew@6450,14900",
-          "+play@2850,15200", "pony@4050,15200", "wrap@5250,15200", "yard@6450,15200",
-          // (left of cell x 1.4 + 2000 - 250, top x 1.4 + 8600 - 250)
-          "g@5068,8686", "p@2254,10828", "o@4270,10828", "n@5866,10828", "y@7798,10828",
-          "a@3850,12172", "a@6202,12130", "r@5026,12886", "d@3262,13978", "w@6706,13978"}},
+         solution,
+         {{2850, 14900}, {6450, 15200}, {5068, 8686}, {6706, 13978}}},
         {"picture, puzzle",
          picturePuzzle,
          {0, 0},
          1.0,
          {1550, 4400},
          14,
-         {"gnaw@200,4700", "goad@1400,4700", "gold@2600,4700", "grew@3800,4700", "play@200,5000",
-          "pony@1400,5000", "wrap@2600,5000", "yard@3800,5000"}},
+         words,
+         {{200, 4700}, {3800, 5000}}},
+        // Letters at the cell's corner - (200, 250).
         {"picture, solution",
          pictureSolution,
          {0, 0},
          1.0,
          {1550, 4400},
          14,
-         {"gnaw@200,4700", "goad@1400,4700", "+gold@2600,4700", "+grew@3800,4700", "+play@200,5000",
-          "pony@1400,5000", "wrap@2600,5000", "yard@3800,5000",
-          // (left of cell - 200, top - 250)
-          "g@2170,-10", "p@160,1520", "o@1600,1520", "n@2740,1520", "y@4120,1520", "a@1300,2480",
-          "a@2980,2450", "r@2140,2990", "d@880,3770", "w@3340,3770"}},
+         solution,
+         {{200, 4700}, {3800, 5000}, {2170, -10}, {3340, 3770}}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         EXPECT_EQ(row.block.starAt, row.star);
         EXPECT_DOUBLE_EQ(row.block.starScale, row.scale);
-        ASSERT_FALSE(row.block.texts.isEmpty());
+        EXPECT_EQ(textsOf(row.block), row.texts);
         const SheetText& footer = row.block.texts.first();
         EXPECT_EQ(footer.text, QStringLiteral("Pentalink from https://pentalink.github.io"));
         EXPECT_EQ(footer.at, row.footer);
         EXPECT_EQ(footer.font.pointSize, 7);
         EXPECT_FALSE(footer.font.bold || footer.font.strikeOut);
-        EXPECT_EQ(wordsAndLetters(row.block), row.texts);
+        QList<QPointF> corners;
+        for (const qsizetype n : {1, 8, 9, 18})
+            if (n < row.block.texts.size())
+                corners << row.block.texts[n].at;
+        EXPECT_EQ(corners, row.corners);
         for (const SheetText& t : row.block.texts.mid(1)) {
-            const bool letter = t.text.size() == 1;
             EXPECT_TRUE(t.font.bold);
-            EXPECT_EQ(t.font.pointSize, letter ? 20 : row.wordSize) << t.text.toStdString();
-            EXPECT_TRUE(!letter || letters.contains(t.text));
+            EXPECT_EQ(t.font.pointSize, t.text.size() == 1 ? 20 : row.wordSize);
         }
     }
 }
@@ -122,32 +118,19 @@ TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
     EXPECT_FALSE(surface.strikeOut);
 }
 
-TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowStarsAndFootersAndKeptLetters) {
+TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowFootersAndTheKeptLetters) {
     // No puzzle yet: footers only. After a dictionary load the tiles are empty but the record
-    // keeps its solution letters, which the solution block still shows.
-    const struct {
-        const char* name;
-        bool created;
-        int solutionTexts;
-    } rows[] = {
-        {"no puzzle", false, 1},
-        {"after a dictionary load", true, 11},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        StarGrid grid = row.created ? referenceStar() : StarGrid();
-        PlayBoard board(grid, m_gate);
-        if (row.created) {
-            board.apply(Move::newPuzzle());
-            board.apply(Move::dictionaryLoaded());
-        }
-        const SheetContent empty = sheetContent(grid, board.state(), QStringLiteral("Arial"));
-        SheetFont surface;
-        const std::array<SheetBlock, 2> page = composePage(empty);
-        EXPECT_EQ(page[0].texts.size(), 1);
-        EXPECT_EQ(page[1].texts.size(), row.solutionTexts);
-        EXPECT_EQ(composePuzzlePicture(0, empty, surface).texts.size(), 1);
-        EXPECT_EQ(composePuzzlePicture(1, empty, surface).texts.size(), row.solutionTexts);
+    // keeps its solution letters, which the solution blocks still show.
+    m_board.apply(Move::dictionaryLoaded());
+    const SheetContent none = sheetContent(StarGrid(), BoardState(), QStringLiteral("Arial"));
+    SheetFont surface;
+    for (const auto& [shown, letters] :
+         {std::pair{none, ""}, std::pair{content(), "g p o n y a a r d w"}}) {
+        SCOPED_TRACE(letters);
+        const std::array<SheetBlock, 2> page = composePage(shown);
+        EXPECT_EQ(textsOf(page[0]) + "|" + textsOf(page[1]), std::string("|") + letters);
+        EXPECT_EQ(textsOf(composePuzzlePicture(0, shown, surface)), "");
+        EXPECT_EQ(textsOf(composePuzzlePicture(1, shown, surface)), letters);
     }
 }
 
