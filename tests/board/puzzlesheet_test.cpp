@@ -12,12 +12,24 @@
 
 namespace {
 
-// The block's words and letters after the footer, "+" before a struck one.
-std::string textsOf(const SheetBlock& block) {
-    QStringList out;
-    for (const SheetText& t : block.texts.mid(1))
-        out << (t.font.strikeOut ? QStringLiteral("+") : QString()) + t.text;
-    return out.join(u' ').toStdString();
+// A block as one line: the star's corner and scale, then each text, "+" before a struck one,
+// with its size ("b" when bold) where that changes and its corner where a run of texts of one
+// kind (footer, words, letters) starts or ends.
+std::string describe(const SheetBlock& block) {
+    QString out = QStringLiteral("star %1,%2 *%3").arg(block.starAt.x()).arg(block.starAt.y());
+    out = out.arg(block.starScale);
+    const QList<SheetText>& t = block.texts;
+    for (qsizetype n = 0; n < t.size(); ++n) {
+        const bool first = n == 0 || t[n].font.pointSize != t[n - 1].font.pointSize ||
+                           t[n].font.bold != t[n - 1].font.bold;
+        const bool last = n + 1 == t.size() || t[n + 1].font.pointSize != t[n].font.pointSize;
+        if (first)
+            out += QStringLiteral(" %1%2").arg(t[n].font.pointSize).arg(t[n].font.bold ? "b" : "");
+        out += (t[n].font.strikeOut ? QStringLiteral(" +") : QStringLiteral(" ")) + t[n].text;
+        if (first || last)
+            out += QStringLiteral("@%1,%2").arg(t[n].at.x()).arg(t[n].at.y());
+    }
+    return out.toStdString();
 }
 
 class PuzzleSheetTest : public PlayTest {
@@ -32,75 +44,25 @@ protected:
 TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnSolutionDecoys) {
     SheetFont surface;
     const std::array<SheetBlock, 2> page = composePage(content());
-    const SheetBlock picturePuzzle = composePuzzlePicture(0, content(), surface);
-    const SheetBlock pictureSolution = composePuzzlePicture(1, content(), surface);
-    const std::string words = "gnaw goad gold grew play pony wrap yard";
-    const std::string solution = "gnaw goad +gold +grew +play pony wrap yard g p o n y a a r d w";
-    const struct {
-        const char* name;
-        const SheetBlock& block;
-        QPointF star;
-        double scale;
-        QPointF footer;
-        double wordSize;
-        std::string texts;      // the words in tile order, then the letters of cells 0..9
-        QList<QPointF> corners; // of tile 1's and tile 8's words, cell 0's and cell 9's letters
-    } rows[] = {
-        {"page, puzzle",
-         page[0],
-         {2000, 600},
-         1.4,
-         {4550, 6600},
-         16,
-         words,
-         {{2850, 6900}, {6450, 7200}}},
-        // Letters at the cell's corner x 1.4 + the block's corner - 250.
-        {"page, solution",
-         page[1],
-         {2000, 8600},
-         1.4,
-         {4550, 14600},
-         16,
-         solution,
-         {{2850, 14900}, {6450, 15200}, {5068, 8686}, {6706, 13978}}},
-        {"picture, puzzle",
-         picturePuzzle,
-         {0, 0},
-         1.0,
-         {1550, 4400},
-         14,
-         words,
-         {{200, 4700}, {3800, 5000}}},
-        // Letters at the cell's corner - (200, 250).
-        {"picture, solution",
-         pictureSolution,
-         {0, 0},
-         1.0,
-         {1550, 4400},
-         14,
-         solution,
-         {{200, 4700}, {3800, 5000}, {2170, -10}, {3340, 3770}}},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(row.block.starAt, row.star);
-        EXPECT_DOUBLE_EQ(row.block.starScale, row.scale);
-        EXPECT_EQ(textsOf(row.block), row.texts);
-        const SheetText& footer = row.block.texts.first();
-        EXPECT_EQ(footer.text, QStringLiteral("Pentalink from https://pentalink.github.io"));
-        EXPECT_EQ(footer.at, row.footer);
-        EXPECT_EQ(footer.font.pointSize, 7);
-        EXPECT_FALSE(footer.font.bold || footer.font.strikeOut);
-        QList<QPointF> corners;
-        for (const qsizetype n : {1, 8, 9, 18})
-            if (n < row.block.texts.size())
-                corners << row.block.texts[n].at;
-        EXPECT_EQ(corners, row.corners);
-        for (const SheetText& t : row.block.texts.mid(1)) {
-            EXPECT_TRUE(t.font.bold);
-            EXPECT_EQ(t.font.pointSize, t.text.size() == 1 ? 20 : row.wordSize);
-        }
-    }
+    const SheetBlock picture[] = {composePuzzlePicture(0, content(), surface),
+                                  composePuzzlePicture(1, content(), surface)};
+    const std::string footer = " 7 Pentalink from https://pentalink.github.io";
+    // Letters at the cell's corner x 1.4 + the block's corner - 250 on the page, at the cell's
+    // corner - (200, 250) in the picture.
+    EXPECT_EQ(describe(page[0]), "star 2000,600 *1.4" + footer +
+                                     "@4550,6600 16b gnaw@2850,6900 goad gold grew play pony wrap "
+                                     "yard@6450,7200");
+    EXPECT_EQ(describe(page[1]), "star 2000,8600 *1.4" + footer +
+                                     "@4550,14600 16b gnaw@2850,14900 goad +gold +grew +play pony "
+                                     "wrap yard@6450,15200 20b g@5068,8686 p o n y a a r d "
+                                     "w@6706,13978");
+    EXPECT_EQ(describe(picture[0]), "star 0,0 *1" + footer +
+                                        "@1550,4400 14b gnaw@200,4700 goad gold grew play pony "
+                                        "wrap yard@3800,5000");
+    EXPECT_EQ(describe(picture[1]), "star 0,0 *1" + footer +
+                                        "@1550,4400 14b gnaw@200,4700 goad +gold +grew +play pony "
+                                        "wrap yard@3800,5000 20b g@2170,-10 p o n y a a r d "
+                                        "w@3340,3770");
 }
 
 TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
@@ -125,12 +87,15 @@ TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowFootersAndTheKeptLetters
     const SheetContent none = sheetContent(StarGrid(), BoardState(), QStringLiteral("Arial"));
     SheetFont surface;
     for (const auto& [shown, letters] :
-         {std::pair{none, ""}, std::pair{content(), "g p o n y a a r d w"}}) {
+         {std::pair{none, ""},
+          std::pair{content(), " 20b g@2170,-10 p o n y a a r d w@3340,3770"}}) {
         SCOPED_TRACE(letters);
-        const std::array<SheetBlock, 2> page = composePage(shown);
-        EXPECT_EQ(textsOf(page[0]) + "|" + textsOf(page[1]), std::string("|") + letters);
-        EXPECT_EQ(textsOf(composePuzzlePicture(0, shown, surface)), "");
-        EXPECT_EQ(textsOf(composePuzzlePicture(1, shown, surface)), letters);
+        const std::string footer = " 7 Pentalink from https://pentalink.github.io@1550,4400";
+        EXPECT_EQ(composePage(shown)[0].texts.size(), 1);
+        EXPECT_EQ(composePage(shown)[1].texts.size(), std::string(letters).empty() ? 1 : 11);
+        EXPECT_EQ(describe(composePuzzlePicture(0, shown, surface)), "star 0,0 *1" + footer);
+        EXPECT_EQ(describe(composePuzzlePicture(1, shown, surface)),
+                  "star 0,0 *1" + footer + letters);
     }
 }
 
