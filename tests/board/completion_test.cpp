@@ -2,6 +2,7 @@
 // message while one is open; the message gate that knows when one is.
 #include "playfixture.h"
 
+#include <map>
 #include <utility>
 
 using namespace ref;
@@ -10,100 +11,77 @@ namespace {
 
 class Completion : public PlayTest {
 protected:
-    // Four agreeing words fill all ten cells, and the check runs unless `check` is false.
-    void fillAndCheck(bool check = true) {
-        place(Pony, PonyOn);
-        place(Goad, GoadOn);
-        place(Gnaw, GnawOn);
-        place(Yard, YardOn);
+    // Four agreeing words fill all ten cells.
+    void fill() {
+        for (const auto& [tile, reading] :
+             {std::pair{Pony, PonyOn}, {Goad, GoadOn}, {Gnaw, GnawOn}, {Yard, YardOn}})
+            place(tile, reading);
         ASSERT_EQ(cellsText(m_board), "gponyaardw");
-        if (check)
-            showSolutionOnce();
     }
-
-    int allDoneCount() const { return static_cast<int>(shownTexts().count("All Done!")); }
+    // ... and the check runs.
+    void fillAndCheck() {
+        fill();
+        showSolutionOnce();
+    }
 };
 
 } // namespace
 
-TEST_F(Completion, CheckIsOffUntilTheSolutionButtonIsReleased) {
-    fillAndCheck(false);
-    EXPECT_FALSE(m_board.completionTick()); // full, but never congratulated without the button
-    m_board.apply(Move::solutionPress());
-    EXPECT_FALSE(m_board.completionCheckRunning());
-    m_board.apply(Move::solutionRelease());
-    EXPECT_TRUE(m_board.completionCheckRunning());
-    EXPECT_EQ(m_checkSignals, std::vector<bool>{true});
-}
-
-TEST_F(Completion, ActionsSwitchTheRunningCheckOffOrLeaveIt) {
+TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) {
+    const std::map<char, std::function<void()>> actions = {
+        {'F', [&] { fill(); }},
+        {'P', [&] { m_board.apply(Move::solutionPress()); }},
+        {'R', [&] { m_board.apply(Move::solutionRelease()); }},
+        {'y', [&] { clearEntries(AnswerYes); }},
+        {'n', [&] { clearEntries(AnswerNo); }},
+        {'S', [&] { m_board.apply(Move::searchStarted()); }}, // a create request
+        {'N', [&] { newPuzzle(); }},
+        {'D', [&] { m_board.apply(Move::dictionaryLoaded()); }},
+        {'p', [&] { place(Pony, PonyOn); }},
+        {'r', [&] { m_board.apply(Move::marker(YardOn)); }}, // yard off: cell 7 empties
+        {'Y', [&] { place(Yard, YardOn); }},
+        {'x', [&] { m_grid.SolutionLetters.fill(QStringLiteral("x")); }},
+    };
+    // After each action ("T" a tick): "+" the check runs, "-" it does not, "A" the tick showed
+    // "All Done!".
     const struct {
         const char* name;
-        std::function<void()> action;
-        bool running;
+        const char* script;
+        const char* trace;
     } rows[] = {
-        {"solution pressed", [&] { m_board.apply(Move::solutionPress()); }, false},
-        {"create request", [&] { m_board.apply(Move::searchStarted()); }, false},
-        {"new puzzle", [&] { m_board.apply(Move::newPuzzle()); }, false},
-        {"dictionary loaded", [&] { m_board.apply(Move::dictionaryLoaded()); }, false},
-        {"entries cleared", [&] { clearEntries(AnswerYes); }, false},
-        {"clear declined", [&] { clearEntries(AnswerNo); }, true},
-        {"a word placed", [&] { place(Pony, PonyOn); }, true},
+        {"full, but off until the release", "FTPTRT", "----+A"},
+        {"once after each release", "FPRTTPRT", "--+A--+A"},
+        {"nine cells wait for the tenth", "FPRrTYT", "--++++A"},
+        {"the letters count, not the solution's", "xFPRT", "---+A"},
+        {"solution pressed", "PRP", "-+-"},
+        {"create request", "PRS", "-+-"},
+        {"new puzzle", "PRN", "-+-"},
+        {"dictionary loaded", "PRD", "-+-"},
+        {"entries cleared", "PRy", "-+-"},
+        {"clear declined", "PRn", "-++"},
+        {"a word placed", "PRp", "-++"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
+        m_grid = referenceStar();
         newPuzzle();
-        showSolutionOnce();
-        ASSERT_TRUE(m_board.completionCheckRunning());
-        row.action();
-        EXPECT_EQ(m_board.completionCheckRunning(), row.running);
-    }
-}
-
-TEST_F(Completion, TickCongratulatesWhenAllTenCellsHoldALetter) {
-    const struct {
-        const char* name;
-        std::function<void()> play;
-        bool done;
-    } rows[] = {
-        {"ten cells", [&] { fillAndCheck(); }, true},
-        {"nine cells: cell 7 empty",
-         [&] {
-             fillAndCheck();
-             m_board.apply(Move::marker(YardOn));
-         },
-         false},
-        // The letters filled count, not whether they are the solution's.
-        {"letters other than the solution's",
-         [&] {
-             m_grid.SolutionLetters.fill(QStringLiteral("x"));
-             fillAndCheck();
-         },
-         true},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
         m_notifier.clear();
-        newPuzzle();
-        row.play();
-        EXPECT_EQ(m_board.completionTick(), row.done);
-        EXPECT_EQ(m_board.completionCheckRunning(), !row.done);
-        EXPECT_EQ(allDoneCount(), row.done ? 1 : 0);
+        m_checkSignals.clear();
+        std::string trace;
+        std::vector<bool> changes;
+        for (const char c : std::string(row.script)) {
+            const bool done = c == 'T' ? m_board.completionTick() : (actions.at(c)(), false);
+            const bool running = m_board.completionCheckRunning();
+            trace += done ? 'A' : running ? '+' : '-';
+            if (running != (!changes.empty() && changes.back()))
+                changes.push_back(running);
+        }
+        EXPECT_EQ(trace, row.trace);
+        EXPECT_EQ(m_checkSignals, changes); // each change announced once
+        EXPECT_EQ(shownTexts().count("All Done!"), std::count(trace.begin(), trace.end(), 'A'));
+        for (const RecordedMessage& m : m_notifier.messages())
+            EXPECT_TRUE(m.text != "All Done!" || (m.style == "vbhappy+vbok" && !m.standard));
     }
-}
-
-TEST_F(Completion, FullBoardIsCongratulatedOnceAtTheFirstTickAfterEachRelease) {
-    fillAndCheck();
-    EXPECT_TRUE(m_board.completionTick());
-    ASSERT_EQ(m_notifier.messages().size(), 1);
-    EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("All Done!"));
-    EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbhappy+vbok"));
-    EXPECT_FALSE(m_notifier.messages()[0].standard);
-    EXPECT_EQ(m_checkSignals, (std::vector<bool>{true, false}));
-    EXPECT_FALSE(m_board.completionTick());
-    showSolutionOnce();
-    EXPECT_TRUE(m_board.completionTick());
-    EXPECT_EQ(allDoneCount(), 2);
 }
 
 // --- Re-entrancy: ticks that arrive while a message is open ------------------------------
