@@ -15,6 +15,8 @@ TEST_F(LetterEntry, TileClickSelectsWithTheFlatLookAndAgainKeepsIt) {
     m_board.apply(Move::tile(Yard));
     EXPECT_EQ(m_board.SelectedWord(), Yard);
     EXPECT_EQ(tilesText(m_board), "aaaaaaas");
+    newPuzzle(); // a new puzzle drops the selection
+    EXPECT_EQ(m_board.SelectedWord(), -1);
 }
 
 TEST_F(LetterEntry, PlacingOnAnEmptyReadingWritesFromTheMarkersCell) {
