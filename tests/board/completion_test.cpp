@@ -1,5 +1,6 @@
 // The completion check: when it runs, when it congratulates, and that it never opens a second
-// message while one is open; the message gate that knows when one is.
+// message while one is open, with what an unpaired or late release of the solution button
+// leaves; the message gate that knows when a message is open.
 #include "playfixture.h"
 
 #include <map>
@@ -43,11 +44,12 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
         {'x', [&] { m_grid.SolutionLetters.fill(QStringLiteral("x")); }},
     };
     // After each action ("T" a tick): "+" the check runs, "-" it does not, "A" the tick showed
-    // "All Done!".
+    // "All Done!". Then, where given, the board (see boardtext.h), the solution hidden.
     const struct {
         const char* name;
         const char* script;
         const char* trace;
+        const char* board = nullptr;
     } rows[] = {
         {"full, but off until the release", "FTPTRT", "----+A"},
         {"once after each release", "FPRTTPRT", "--+A--+A"},
@@ -60,6 +62,14 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
         {"entries cleared", "PRy", "-+-"},
         {"clear declined", "PRn", "-++"},
         {"a word placed", "PRp", "-++"},
+        // Unpaired presses and releases, and releases after the board was replaced, bring
+        // back no old letters and leave no strike-through.
+        {"release without press", "pR", "--", ".pony..... aaaaapaa ..6......."},
+        {"a second press while shown", "pPPR", "---+", ".pony..... aaaaapaa ..6......."},
+        {"new puzzle while shown", "pPNR", "----", ".......... aaaaaaaa .........."},
+        {"create request while shown", "pPSR", "----", ".......... ________ .........."},
+        {"dictionary loaded while shown", "pPDR", "----", ".......... -------- .........."},
+        {"entries cleared while shown", "pPyR", "----", ".......... aaaaaaaa .........."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -77,6 +87,10 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
                 changes.push_back(running);
         }
         EXPECT_EQ(trace, row.trace);
+        if (row.board) {
+            EXPECT_EQ(boardText(m_board), row.board);
+            EXPECT_FALSE(m_board.solutionShown());
+        }
         EXPECT_EQ(m_checkSignals, changes); // each change announced once
         EXPECT_EQ(shownTexts().count("All Done!"), std::count(trace.begin(), trace.end(), 'A'));
         for (const RecordedMessage& m : m_notifier.messages())

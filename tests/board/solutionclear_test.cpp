@@ -1,6 +1,6 @@
 // The solution and clear buttons: showing the solution while its button is held and putting
-// the player's letters back; clearing the player's entries on request, also after a dictionary
-// load or a failed create.
+// the player's letters back (unpaired and late releases are rows of the completion scripts);
+// clearing the player's entries on request, also after a dictionary load or a failed create.
 #include "playfixture.h"
 
 using namespace ref;
@@ -33,43 +33,6 @@ TEST_F(SolutionDisplay, PressShowsTheSolutionAndReleaseRestoresThePlayersBoard) 
     EXPECT_FALSE(m_board.solutionShown());
     EXPECT_EQ(boardText(m_board), "gponya.rdw apaaapps 2.6......7");
     EXPECT_EQ(m_board.SelectedWord(), Yard);
-}
-
-TEST_F(SolutionDisplay, UnpairedPressOrReleaseKeepsThePlayersLetters) {
-    place(Pony, PonyOn);
-    EXPECT_FALSE(m_board.apply(Move::solutionRelease())); // release without press
-    EXPECT_FALSE(m_board.completionCheckRunning());
-    // A second press while shown (another mouse button) must not save the solution over
-    // the player's letters.
-    m_board.apply(Move::solutionPress());
-    EXPECT_FALSE(m_board.apply(Move::solutionPress()));
-    m_board.apply(Move::solutionRelease());
-    EXPECT_EQ(cellsText(m_board), ".pony.....");
-}
-
-TEST_F(SolutionDisplay, ReleaseAfterTheBoardWasReplacedBringsBackNoOldLetters) {
-    const struct {
-        const char* name;
-        std::function<void()> replace;
-        const char* tiles;
-    } rows[] = {
-        {"new puzzle", [&] { m_board.apply(Move::newPuzzle()); }, "aaaaaaaa"},
-        {"create request", [&] { m_board.apply(Move::searchStarted()); }, "________"},
-        {"dictionary loaded", [&] { m_board.apply(Move::dictionaryLoaded()); }, "--------"},
-        {"entries cleared", [&] { clearEntries(AnswerYes); }, "aaaaaaaa"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        newPuzzle();
-        place(Pony, PonyOn);
-        m_board.apply(Move::solutionPress());
-        row.replace();
-        m_board.apply(Move::solutionRelease());
-        EXPECT_EQ(cellsText(m_board), "..........");
-        EXPECT_EQ(tilesText(m_board), row.tiles); // no strike-through left over either
-        EXPECT_FALSE(m_board.solutionShown());
-        EXPECT_FALSE(m_board.completionCheckRunning());
-    }
 }
 
 TEST_F(Clearing, OnlyYesToTheQuestionEmptiesTheBoardAndKeepsThePuzzle) {
