@@ -170,6 +170,7 @@ TEST_F(ColourSchemeTest, ADamagedCollectionFailsBothLoadersWithOneMessageKeeping
 }
 
 TEST_F(ColourSchemeTest, DerivedColoursShiftTheBaseByTheContrastRoundingHalfToEvenAndHolding) {
+    m_scheme.SchemeColours.fill(0); // every colour is written, the fixed ones too
     ASSERT_TRUE(m_scheme.DeriveScheme(packRgb(10, 128, 250), 100));
     const Colours full = {packRgb(1, 1, 1),       packRgb(240, 240, 240), packRgb(10, 128, 250),
                           packRgb(1, 1, 122),     packRgb(1, 96, 218),    packRgb(1, 64, 186),
