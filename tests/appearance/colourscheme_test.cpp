@@ -61,7 +61,7 @@ protected:
     ColourScheme m_scheme{m_settings};
 };
 
-TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderAndDerivesColours3And5FromTheValuesRead) {
+TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderDerivingColours3And5AndDefaultNeedsNoFile) {
     // Colour 3 is colour 2 + 32 (256 counts as 255, 257 and more become 254), colour 5 is
     // colour 4 - 32 (1 stays, below 1 becomes 8), from the values as read even above 255;
     // their own lines are unread.

@@ -13,9 +13,9 @@
 
 #include <QStringList>
 
-#include <utility>
-
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace {
 
