@@ -53,6 +53,7 @@ TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrderOthersAreIgnored) {
 }
 
 TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
+    constexpr int Most = MsgMaxTextSize;
     const struct {
         int textWidth, textHeight, lastButton;
         int width, labelHeight, buttonTop, height;
@@ -67,14 +68,7 @@ TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
         // Found by fuzz_msgstyle: sizes no text can have (the empty input gives INT_MIN) made
         // the label shorter than nothing, and INT_MAX overflowed the sums.
         {INT_MIN, INT_MIN, 0, 2655, 120, 540, 1485, {885}},
-        {INT_MAX,
-         INT_MAX,
-         -1,
-         2 * 840 + MsgMaxTextSize,
-         MsgMaxTextSize + 120,
-         MsgMaxTextSize + 540,
-         MsgMaxTextSize + 1485,
-         {}},
+        {INT_MAX, INT_MAX, -1, 1680 + Most, Most + 120, Most + 540, Most + 1485, {}},
     };
     for (const auto& row : rows) {
         const MsgLayout got = layoutMessage(row.textWidth, row.textHeight, row.lastButton);
@@ -85,7 +79,7 @@ TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
     }
 }
 
-TEST(BoxGeometry, EdgesPictureCornerAndCaptionOfAFace) {
+TEST(BoxGeometry, EdgesPictureCornerAndCaptionOfAFaceLandOnWholePixels) {
     EXPECT_EQ(BoxGeometry::darkEdges(885, 345),
               (std::array{QLineF(865, 20, 865, 325), QLineF(20, 325, 865, 325)}));
     EXPECT_EQ(BoxGeometry::lightEdges(885, 345),
@@ -97,9 +91,7 @@ TEST(BoxGeometry, EdgesPictureCornerAndCaptionOfAFace) {
     EXPECT_EQ(BoxGeometry::captionOrigin(885, 345, 300, 195), QPointF(292.5, 75));
     // A caption wider than the face starts left of it (and is clipped).
     EXPECT_EQ(BoxGeometry::captionOrigin(330, 330, 600, 195), QPointF(-135, 67.5));
-}
-
-TEST(BoxGeometry, WholePixelsAreCutNotRounded) {
+    // Whole pixels are cut, not rounded.
     const std::pair<double, int> rows[] = {{0, 0},  {14.99, 0}, {15, 1},     {29.9, 1},
                                            {30, 2}, {865, 57},  {2985, 199}, {-0.5, -1}};
     for (const auto& [twips, pixel] : rows)
