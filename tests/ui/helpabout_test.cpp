@@ -123,6 +123,11 @@ TEST_F(HelpWindowTest, WebLinksGoToTheDesktopBackAndForwardStepOnlyBetweenAnchor
     ASSERT_TRUE(clickLink(browser(), QStringLiteral("#b")));
     QTest::keyClick(&browser(), Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(shown().endsWith(QStringLiteral("#a")));
+    QTest::keyClick(&browser(), Qt::Key_Alt); // Alt alone, like any other key, never steps
+    EXPECT_TRUE(shown().endsWith(QStringLiteral("#a")));
+    QTest::keyClick(&browser(), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_TRUE(shown().endsWith(QStringLiteral("#b")));
+    click(m_help.Command1());
     click(m_help.Command2());
     EXPECT_TRUE(shown().endsWith(QStringLiteral("#b")));
     click(m_help.Command1());
