@@ -3,8 +3,7 @@
 // rewrite can be refused without harming "all.col".
 #include "appearance/colourscheme.h"
 
-#include "support/recordingnotifier.h"
-#include "support/testfolder.h"
+#include "support/schemefixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -43,22 +42,15 @@ QByteArray bytes(const QStringList& lines) {
     return out;
 }
 
-class ColourSchemeTest : public ::testing::Test {
+class ColourSchemeTest : public SchemeTest {
 protected:
-    ColourSchemeTest() { m_scheme.setNotifier(&m_notifier); }
-
-    void writeCollection(const QStringList& lines) { m_folder.write(AllCol, bytes(lines)); }
+    void writeCollection(const QStringList& lines) { m_folder.writeLines(AllCol, lines); }
     QByteArray collection() const { return m_folder.read(AllCol); }
     Colours stored() const {
         Colours colours{};
         std::copy_n(m_scheme.SchemeColours.begin(), 13, colours.begin());
         return colours;
     }
-
-    TestFolder m_folder;
-    Settings m_settings = Settings::forFolder(m_folder.path());
-    RecordingNotifier m_notifier;
-    ColourScheme m_scheme{m_settings};
 };
 
 TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderDerivingColours3And5AndDefaultNeedsNoFile) {

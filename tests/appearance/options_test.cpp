@@ -7,9 +7,7 @@
 #include "appearance/optionsmodel.h"
 #include "appearance/pickercolours.h"
 
-#include "core/settings.h"
-#include "support/recordingnotifier.h"
-#include "support/testfolder.h"
+#include "support/schemefixture.h"
 
 #include <QStringList>
 
@@ -121,10 +119,9 @@ TEST_F(PickerTest, EverySelectionReportsEachBarThatMovesAndStripClicksKeepTheStr
 
 // The Options window's rules over a collection of three schemes, xp being the active one,
 // and a font list; the picker has had its first sizing.
-class OptionsTest : public ::testing::Test {
+class OptionsTest : public SchemeTest {
 protected:
     OptionsTest() {
-        m_scheme.setNotifier(&m_notifier);
         m_picker.sized();
         for (const char* name : {"xp", "Ocean", "sand"}) {
             m_scheme.DeriveScheme(packRgb(200, 190, 180), 100);
@@ -150,10 +147,6 @@ protected:
         return lines.filter(QStringLiteral(".col"));
     }
 
-    TestFolder m_folder;
-    Settings m_settings = Settings::forFolder(m_folder.path());
-    RecordingNotifier m_notifier;
-    ColourScheme m_scheme{m_settings};
     ColourPicker m_picker{desktop};
     OptionsModel m_model{m_settings, m_scheme, m_notifier, m_picker};
     int m_command2Presses = 0;

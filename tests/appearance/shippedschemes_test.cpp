@@ -2,8 +2,7 @@
 // loadable, stored as the loader sees them, and light enough behind the fixed dark text.
 #include "appearance/colourscheme.h"
 
-#include "support/recordingnotifier.h"
-#include "support/testfolder.h"
+#include "support/schemefixture.h"
 
 #include <QSet>
 
@@ -28,22 +27,23 @@ double contrastRatio(quint32 a, quint32 b) {
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
-TEST(ShippedSchemes, EightOrMoreDistinctSchemesWrittenAndLoadedAsStoredKeepTextReadable) {
-    TestFolder folder;
-    folder.copyShipped(QStringLiteral("all.col"));
-    const QByteArray content = folder.read(QStringLiteral("all.col"));
-    const QStringList lines = SchemeFile::readLines(folder.file(QStringLiteral("all.col"))).value();
-    EXPECT_EQ(SchemeFile::toBytes(lines), content); // CR LF after every line, nothing more
-    Settings settings = Settings::forFolder(folder.path());
-    RecordingNotifier notifier;
-    ColourScheme scheme{settings};
-    scheme.setNotifier(&notifier);
-    // A table starts from the shipped xp, so a window that can load no scheme is still usable.
-    const auto fresh = scheme.SchemeColours;
-    ASSERT_TRUE(scheme.LoadColourScheme(QStringLiteral("xp.col")));
-    EXPECT_EQ(scheme.SchemeColours, fresh);
+class ShippedSchemes : public SchemeTest {
+protected:
+    ShippedSchemes()
+        : SchemeTest(true) {}
+};
 
-    const QStringList names = scheme.ListSchemeNames().value_or(QStringList());
+TEST_F(ShippedSchemes, EightOrMoreDistinctSchemesWrittenAndLoadedAsStoredKeepTextReadable) {
+    const QStringList lines =
+        SchemeFile::readLines(m_folder.file(QStringLiteral("all.col"))).value();
+    // CR LF after every line, nothing more.
+    EXPECT_EQ(SchemeFile::toBytes(lines), m_folder.read(QStringLiteral("all.col")));
+    // A table starts from the shipped xp, so a window that can load no scheme is still usable.
+    const auto fresh = m_scheme.SchemeColours;
+    ASSERT_TRUE(m_scheme.LoadColourScheme(QStringLiteral("xp.col")));
+    EXPECT_EQ(m_scheme.SchemeColours, fresh);
+
+    const QStringList names = m_scheme.ListSchemeNames().value_or(QStringList());
     EXPECT_EQ(lines.size(), 14 * names.size());
     EXPECT_GE(names.size(), 8);
     EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
@@ -58,18 +58,18 @@ TEST(ShippedSchemes, EightOrMoreDistinctSchemesWrittenAndLoadedAsStoredKeepTextR
             EXPECT_EQ(colourLineText(packComponents(*c)), lines.value(header + k)) << k;
         }
         quint32 base = 0;
-        ASSERT_TRUE(scheme.PreviewScheme(SchemeFileName(name), base));
-        const auto previewed = scheme.SchemeColours;
-        ASSERT_TRUE(scheme.LoadColourScheme(SchemeFileName(name)));
+        ASSERT_TRUE(m_scheme.PreviewScheme(SchemeFileName(name), base));
+        const auto previewed = m_scheme.SchemeColours;
+        ASSERT_TRUE(m_scheme.LoadColourScheme(SchemeFileName(name)));
         // Colours 3 and 5 are stored as the loader derives them, so what the Options window
         // previews is what the main window shows.
-        EXPECT_EQ(scheme.SchemeColours, previewed);
+        EXPECT_EQ(m_scheme.SchemeColours, previewed);
         // The background, the buttons and the menu bar (colour 3) all carry text.
-        for (const int k : {2, scheme.ButtonColourIndex, 3})
-            EXPECT_GE(contrastRatio(scheme.SchemeColours[k], Settings::DefaultTextColour), 4.5)
+        for (const int k : {2, m_scheme.ButtonColourIndex, 3})
+            EXPECT_GE(contrastRatio(m_scheme.SchemeColours[k], Settings::DefaultTextColour), 4.5)
                 << k;
     }
-    EXPECT_TRUE(notifier.messages().isEmpty());
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
 }
 
 } // namespace
