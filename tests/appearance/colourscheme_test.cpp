@@ -4,13 +4,11 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
-#include "support/writefault.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
-
 
 namespace {
 
@@ -389,8 +387,8 @@ TEST_F(SchemeFailureTest, ARewriteNeverLeavesACollectionTheReaderRefuses) {
 }
 
 TEST_F(SchemeFailureTest, AnUnusableCollectionOrFolderIsRefusedUntouched) {
-    // (A disk that refuses the write is SchemeWriteFault's, below: permissions do not stop
-    // root, which runs CI.)
+    // (A disk that refuses the write is writefaults_test's: permissions do not stop root,
+    // which runs CI.)
     const QString all = m_folder.file(AllCol);
     const auto state = [&]() -> QByteArray {
         const QFileInfo info(all);
@@ -427,47 +425,5 @@ TEST_F(SchemeFailureTest, AnUnusableCollectionOrFolderIsRefusedUntouched) {
         EXPECT_EQ(state(), before);
     }
 }
-
-// Append, Replace and Delete when the disk refuses the write: each reports failure and
-// every file of the folder stays byte for byte as it was.
-class SchemeWriteFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(SchemeWriteFault, EveryRewriteFailsAndKeepsTheCollection) {
-    const QByteArray collection = bytes(numberedSection(QStringLiteral("xp.col")) +
-                                        numberedSection(QStringLiteral("sea.col")));
-    // Append writes the collection itself; Replace and Delete fail at the scratch copy first.
-    const std::pair<const char*, std::function<bool(ColourScheme&)>> operations[] = {
-        {"append", [](ColourScheme& s) { return s.AppendScheme(QStringLiteral("new")); }},
-        {"replace", [](ColourScheme& s) { return s.ReplaceScheme(QStringLiteral("sea")); }},
-        {"delete", [](ColourScheme& s) { return s.DeleteScheme(QStringLiteral("sea")); }},
-    };
-    for (const auto& [what, operation] : operations) {
-        SCOPED_TRACE(what);
-        const bool append = std::string_view(what) == "append";
-        const WriteFaultOutcome outcome = runWithWriteFault(
-            GetParam(),
-            {[&](const QString& folder) { writeFaultFile(folder + AllCol, collection); },
-             [&](const QString& folder, const QString& target, Notifier& notifier) {
-                 Settings settings = Settings::forFolder(target);
-                 if (!append)
-                     settings.SchemeCollectionPath = folder + AllCol;
-                 ColourScheme scheme(settings);
-                 scheme.setNotifier(&notifier);
-                 scheme.DeriveScheme(packRgb(50, 60, 70), 100);
-                 return QString::number(operation(scheme));
-             },
-             100});
-        if (outcome.skipped)
-            GTEST_SKIP() << outcome.skipReason.toStdString();
-        EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-        EXPECT_EQ(outcome.result, QStringLiteral("0"));
-        EXPECT_EQ(outcome.messages, QStringList());
-        EXPECT_EQ(outcome.changed, QStringList());
-        EXPECT_EQ(outcome.added, QStringList());
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, SchemeWriteFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });
 
 } // namespace

@@ -6,7 +6,6 @@
 
 #include "support/peakgrowth.h"
 #include "support/recordingnotifier.h"
-#include "support/writefault.h"
 
 #include <QDir>
 #include <QFile>
@@ -285,62 +284,6 @@ TEST_F(ZipTest, MemoryFollowsTheStreamNotTheStoredLength) {
         }
     }
 }
-
-// Compressing and restoring when the disk refuses the write: the caller gets ZipError
-// FileAccess, and the source, the old container and the old restored file stay as they were.
-class ZipWriteFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(ZipWriteFault, ThrowsFileAccessAndKeepsEveryOldFile) {
-    QByteArray noise(3000, '\0');
-    quint32 x = 777;
-    for (char& c : noise)
-        c = static_cast<char>((x = x * 1103515245 + 12345) >> 24);
-    const QByteArray oldContainer = containerFor("an older file", 13);
-    const std::pair<const char*, std::function<bool(clsZip&, const QString&, const QString&)>>
-        operations[] = {
-            {"compress",
-             [](clsZip& zip, const QString& folder, const QString& target) {
-                 return zip.CompressFile(folder + "data.txt", target + "pack.mlh");
-             }},
-            {"decompress",
-             [](clsZip& zip, const QString& folder, const QString& target) {
-                 return zip.DecompressFile(folder + "new.mlh", target + "old");
-             }},
-        };
-    for (const auto& [what, operation] : operations) {
-        SCOPED_TRACE(what);
-        const WriteFaultOutcome outcome = runWithWriteFault(
-            GetParam(),
-            {[&](const QString& folder) {
-                 writeFaultFile(folder + "data.txt", noise);
-                 writeFaultFile(folder + "pack.mlh", oldContainer);
-                 writeFaultFile(folder + "old.bin", "the old restored file");
-                 writeFaultFile(folder + "new.mlh", containerFor(QByteArray(3000, 'n'), 3000));
-             },
-             [&](const QString& folder, const QString& target, Notifier& notifier) {
-                 clsZip zip(notifier, [](const QString&) { return DriveSpace{1e12, 2e12, "/"}; });
-                 try {
-                     return QString::number(operation(zip, folder, target));
-                 } catch (const ZipError& error) {
-                     return QStringLiteral("%1 %2").arg(error.number()).arg(error.source());
-                 }
-             },
-             100});
-        if (outcome.skipped)
-            GTEST_SKIP() << outcome.skipReason.toStdString();
-        EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-        EXPECT_EQ(outcome.result,
-                  QStringLiteral("%1 clsZip.%2File()")
-                      .arg(ZipError::FileAccess)
-                      .arg(what == std::string_view("compress") ? "Compress" : "Decompress"));
-        EXPECT_EQ(outcome.messages, QStringList());
-        EXPECT_EQ(outcome.changed, QStringList());
-        EXPECT_EQ(outcome.added, QStringList());
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, ZipWriteFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });
 
 TEST(ZipDrives, SpaceAndTypeOfTheFileSystemHoldingAPath) {
     RecordingNotifier notifier;

@@ -6,7 +6,6 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
-#include "support/writefault.h"
 
 #include <QLocale>
 
@@ -178,36 +177,6 @@ TEST_F(ScoresKeeperTest, TotalsAtTheTopOfTheRangeStayThereAndStillLoad) {
     EXPECT_EQ(next.allSessions(4), QStringLiteral("1"));
     EXPECT_TRUE(notifier.messages().isEmpty());
 }
-
-// A save the disk refuses: the message, the counts kept for the next save, the old file kept
-// byte for byte.
-class ScoresWriteFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(ScoresWriteFault, IsReportedAndTheOldFileAndTheCountsKept) {
-    const QByteArray old =
-        ScrambleScores(QStringLiteral("01Jan2020 10 5 3 2 ")).toLatin1() + "\r\n";
-    const WriteFaultOutcome outcome = runWithWriteFault(
-        GetParam(), {[&](const QString& folder) { writeFaultFile(folder + "game.sco", old); },
-                     [](const QString&, const QString& target, Notifier& notifier) {
-                         ScoresKeeper k(target + "game.sco", notifier, [] { return kToday; });
-                         k.start();
-                         k.countGame(GameResult::Won);
-                         return k.allSessions(1);
-                     },
-                     20});
-    if (outcome.skipped)
-        GTEST_SKIP() << outcome.skipReason.toStdString();
-    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-    // The old totals were read where the file could be reached.
-    EXPECT_EQ(outcome.result, GetParam() == WriteFault::PathThroughFile ? "1" : "11");
-    EXPECT_EQ(outcome.messages, QStringList{QStringLiteral("The scores could not be saved to ") +
-                                            outcome.target + QStringLiteral("game.sco")});
-    EXPECT_EQ(outcome.changed, QStringList());
-    EXPECT_EQ(outcome.added, QStringList());
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, ScoresWriteFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });
 
 TEST_F(ScoresKeeperTest, DefaultFileIsTheProgramNameInTheProgramFolder) {
     EXPECT_EQ(ScoresKeeper::defaultScoreFilePath(),
