@@ -1,7 +1,6 @@
-// Every writer of the program when the disk refuses the write (a size limit, a path through a
-// regular file, a full file system): each reports the failure its own way, keeps every earlier
-// file byte for byte, adds none, and the program goes on. Without a fault the same write
-// changes its file, so every row really reaches the write.
+// Every writer of the program when the disk refuses the write (tests/support/writefault.h):
+// each reports the failure its own way, keeps every earlier file byte for byte, adds none, and
+// the program goes on. Without a fault the same write changes its file, so each row reaches it.
 #include "appearance/colourscheme.h"
 #include "components/clszip.h"
 #include "components/scorescrambler.h"
