@@ -341,19 +341,6 @@ RandomRun runRandomCases(quint64 firstSeed, int standard, QStringList (*makeWord
     return run;
 }
 
-// The first `count` words of the shipped dictionary after skipping `skip`, as written.
-QStringList shippedWords(int skip, int count) {
-    clsSimpleArray all;
-    RandomSource random(0);
-    DictionaryLoader loader(all, random);
-    loader.setShuffled(false);
-    EXPECT_TRUE(loader.LoadDictionary(shippedDataDir() + QStringLiteral("english1.txt")));
-    QStringList words;
-    for (int i = skip; i < skip + count && 2 * i < all.ListCount(); ++i)
-        words << all.List(2 * i); // each word is followed by its reversed entry
-    return words;
-}
-
 } // namespace
 
 TEST(DifferentialTest, RandomSmallAlphabetDictionaries) {
@@ -370,40 +357,6 @@ TEST(DifferentialTest, RandomPatternRichDictionaries) {
         EXPECT_GT(run.failures, run.cases / 10) << "the cases should include many failed requests";
         EXPECT_GT(run.requests - run.failures, run.cases / 10) << "and puzzles";
     }
-}
-
-TEST(DifferentialTest, SlicesOfTheShippedDictionaryUntilTheyFailAndAfterTheReload) {
-    // A few dozen shipped words give some puzzles, then a failure; the reload restores them.
-    // Half the slices add twins with the same ends ("cAKe" for "cake"), which fit every decoy
-    // place the word's line has: the case folding that makes them one word to the search is
-    // otherwise reached only by the long random runs.
-    int failures = 0;
-    int puzzles = 0;
-    for (int slice = 0; slice < 10; ++slice) {
-        SCOPED_TRACE("slice " + std::to_string(slice));
-        QStringList words = shippedWords(slice / 2 * 400, 60);
-        ASSERT_EQ(words.size(), 60);
-        for (const QString& word : words.mid(0, slice % 2 ? 40 : 0))
-            words << word.first(1) + word.sliced(1, 2).toUpper() + word.last(1);
-        RandomSource shuffle(static_cast<quint64>(slice));
-        Pair pair;
-        pair.fill(loadedEntries(words, shuffle));
-        GenerationResult result;
-        for (int r = 0; r < 40; ++r) {
-            ASSERT_TRUE(pair.request(result)) << "request " << r;
-            if (!result.success)
-                break;
-            ++puzzles;
-        }
-        if (result.success)
-            continue;
-        ++failures;
-        pair.fill(loadedEntries(words, shuffle));
-        ASSERT_TRUE(pair.request(result)); // the first request after the reload
-        puzzles += result.success;
-    }
-    EXPECT_GT(failures, 0);
-    EXPECT_GT(puzzles, 0);
 }
 
 TEST(DifferentialTest, ShippedDictionaryIndexFollowsRemovalsAndNoticesOtherChanges) {
