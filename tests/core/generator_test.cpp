@@ -6,6 +6,7 @@
 #include "core/stargrid.h"
 
 #include "support/listitems.h"
+#include "support/testwords.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +51,7 @@ TEST_F(GeneratorTest, HandCheckedDictionaryGivesItsKnownPuzzle) {
     // "teop*". The fifth line s-e-o-h is "seoh*", so "hoes" reads from cell 9 to cell 1.
     // Decoys: "keep" (k??p), "kwah*" -> "hawk" (k??h), "smut" (s??t). "peek" and "keep" are
     // different words that are each other's reverse: both may appear.
-    loadInOrder({"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"});
+    loadInOrder(testwords::kEight);
     const GenerationResult result = m_generator.generate(m_list, m_grid);
     ASSERT_TRUE(result.success);
     EXPECT_EQ(result.root, QStringLiteral("sect"));

@@ -1,6 +1,7 @@
 // pentalink-gen run as a user runs it: JSON lines, the text drawing, the default dictionary
 // of the program folder, and bad arguments.
 #include "support/testfolder.h"
+#include "support/testwords.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -12,8 +13,6 @@
 #include <random>
 
 namespace {
-
-const QStringList kKnownWords = {"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"};
 
 struct GenRun {
     int exitCode = -1;
@@ -35,18 +34,13 @@ GenRun runGen(const QStringList& arguments,
 
 class PentalinkGenTest : public ::testing::Test {
 protected:
-    QString writeDictionary(const QString& name, const QStringList& words) {
-        m_folder.write(name, words.join(u'\n').toUtf8());
-        return m_folder.file(name);
-    }
-
     TestFolder m_folder;
 };
 
 } // namespace
 
 TEST_F(PentalinkGenTest, JsonOfTheProgramFoldersEnglish1InFileOrderAndOfFailures) {
-    writeDictionary(QStringLiteral("english1.txt"), kKnownWords);
+    m_folder.writeLines(QStringLiteral("english1.txt"), testwords::kEight);
     const GenRun run = runGen({"--no-shuffle", "--format", "json"});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_EQ(
@@ -56,7 +50,7 @@ TEST_F(PentalinkGenTest, JsonOfTheProgramFoldersEnglish1InFileOrderAndOfFailures
                        "[\"hawk\", \"heck\", \"hoes\", \"keep\", \"peek\", \"poet\", \"sect\", "
                        "\"smut\"], \"decoys\": [1, 0, 0, 1, 0, 0, 0, 1], \"list_count\": 15}\n"));
     // Failed requests report the count after the reload.
-    const QString few = writeDictionary(QStringLiteral("few.txt"), kKnownWords.mid(0, 7));
+    const QString few = m_folder.writeLines(QStringLiteral("few.txt"), testwords::kSeven);
     EXPECT_EQ(runGen({"--dictionary", few, "--count", "2", "--format", "json"}).out,
               QStringLiteral("{\"ok\": false, \"list_count\": 14}\n").repeated(2));
 }
@@ -70,10 +64,11 @@ TEST_F(PentalinkGenTest, SeededJsonLinesRepeatAndCountTheEntriesLeft) {
             w += QChar(char16_t(u'a' + random() % 5));
         words << w;
     }
-    const QStringList args = {"--dictionary", writeDictionary(QStringLiteral("many.txt"), words),
-                              "--count",      "6",
-                              "--seed",       "11",
-                              "--format",     "json"};
+    const QStringList args = {
+        "--dictionary", m_folder.writeLines(QStringLiteral("many.txt"), words),
+        "--count",      "6",
+        "--seed",       "11",
+        "--format",     "json"};
     const GenRun run = runGen(args);
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_EQ(runGen(args).out, run.out) << "the same seed gives the same puzzles";
@@ -96,21 +91,21 @@ TEST_F(PentalinkGenTest, SeededJsonLinesRepeatAndCountTheEntriesLeft) {
 }
 
 TEST_F(PentalinkGenTest, TextDrawsTheStarAndMarksTheDecoys) {
-    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString path = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
     const GenRun run = runGen({"--dictionary", path, "--no-shuffle"});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(
         run.out.startsWith(QStringLiteral("Puzzle 1 (root entry \"sect\", 15 entries left)")));
     EXPECT_EQ(run.out.count(QStringLiteral("(decoy)")), 3);
-    for (const QString& word : kKnownWords)
+    for (const QString& word : testwords::kEight)
         EXPECT_TRUE(run.out.contains(word)) << word.toStdString();
     // The bar: left tip s, crossings e and c, right tip t, on one line joined by dashes.
     EXPECT_TRUE(run.out.contains(QRegularExpression(QStringLiteral("s-+e-+c-+t"))));
 }
 
 TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
-    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
-    const QString empty = writeDictionary(QStringLiteral("empty.txt"), {"toolong", "abc"});
+    const QString path = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
+    const QString empty = m_folder.writeLines(QStringLiteral("empty.txt"), {"toolong", "abc"});
     const QList<QStringList> cases = {
         {"--count", "0", "--dictionary", path},
         {"--count", "many", "--dictionary", path},

@@ -4,12 +4,11 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
+#include "support/testwords.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-const QStringList kKnownWords = {"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"};
 
 class SessionTest : public ::testing::Test {
 protected:
@@ -26,11 +25,6 @@ protected:
     PuzzleSession::CreateOutcome create() {
         return m_session.createPuzzle(
             [this](bool searching) { m_events << (searching ? "search" : "search-end"); });
-    }
-
-    QString writeDictionary(const QString& name, const QStringList& words) {
-        m_folder.write(name, words.join(QStringLiteral("\r\n")).toUtf8());
-        return m_folder.file(name);
     }
 
     TestFolder m_folder;
@@ -50,7 +44,7 @@ TEST_F(SessionTest, CreateTellsTheWindowInOrderAndUsesUpRootsUntilAFailureReload
     EXPECT_TRUE(m_events.isEmpty());
     m_notifier.clear();
 
-    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString path = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
     ASSERT_TRUE(m_session.openDictionary(path));
     m_events.clear();
     EXPECT_EQ(create(), PuzzleSession::CreateOutcome::Created);
@@ -78,7 +72,7 @@ TEST_F(SessionTest, CreateTellsTheWindowInOrderAndUsesUpRootsUntilAFailureReload
     EXPECT_FALSE(m_session.grid().hasSolution());
 
     // A reload that fails keeps the used-up list.
-    const QString few = writeDictionary(QStringLiteral("few.txt"), kKnownWords.mid(0, 7));
+    const QString few = m_folder.writeLines(QStringLiteral("few.txt"), testwords::kSeven);
     ASSERT_TRUE(m_session.openDictionary(few));
     ASSERT_TRUE(QFile::remove(few));
     m_session.WordList().RemoveItem(0);
@@ -89,8 +83,8 @@ TEST_F(SessionTest, CreateTellsTheWindowInOrderAndUsesUpRootsUntilAFailureReload
 }
 
 TEST_F(SessionTest, RequestsWhileCreatingAreIgnored) {
-    const QString known = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
-    const QString other = writeDictionary(QStringLiteral("other.txt"), kKnownWords.mid(1));
+    const QString known = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
+    const QString other = m_folder.writeLines(QStringLiteral("other.txt"), testwords::kSeven);
     ASSERT_TRUE(m_session.openDictionary(known));
     qint64 now = 0;
     m_session.eventPump().setClock([&now] { return now += 100; }); // every poll runs
@@ -110,7 +104,7 @@ TEST_F(SessionTest, RequestsWhileCreatingAreIgnored) {
 }
 
 TEST_F(SessionTest, DictionaryCommandKeepsEverythingOnCancelOrFailure) {
-    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString path = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
     EXPECT_TRUE(m_session.openDictionary(path));
     EXPECT_EQ(m_session.DictionaryPath(), path);
     EXPECT_EQ(m_events, QStringList({"wait", "arrow", "Dictionary: known.txt (8 words)"}));
