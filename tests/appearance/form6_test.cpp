@@ -18,6 +18,9 @@
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTimer>
+#include <QWheelEvent>
+
+#include <functional>
 
 namespace {
 
@@ -34,6 +37,13 @@ void clickRow(QListWidget* list, const QString& text) {
     ASSERT_EQ(items.size(), 1) << text.toStdString();
     list->scrollToItem(items[0]);
     click(list->viewport(), list->visualItemRect(items[0]).center());
+}
+
+// Whether the list's current row shows whole, top to bottom (a long entry may run off to the
+// right).
+bool inView(const QListWidget* list) {
+    const QRect row = list->visualItemRect(list->currentItem());
+    return row.top() >= 0 && row.bottom() <= list->viewport()->rect().bottom();
 }
 
 // The centre of a twips rectangle of the picker's surface, in its logical pixels.
@@ -70,8 +80,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         // top, as far as the list can scroll).
         ASSERT_NE(options.fontList()->currentItem(), nullptr);
         EXPECT_EQ(options.fontList()->currentItem()->text(), QStringLiteral("Liberation Serif"));
-        EXPECT_TRUE(options.fontList()->viewport()->rect().contains(
-            options.fontList()->visualItemRect(options.fontList()->currentItem())));
+        EXPECT_TRUE(inView(options.fontList()));
         EXPECT_EQ(options.fontSample()->font().family(), QStringLiteral("liberation serif"));
         EXPECT_EQ(options.fontSample()->font().pointSize(), 18);
 
@@ -169,7 +178,19 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
 TEST_F(OptionsWindowTest, PickerTranslatesSystemColoursSampleStaysIn8To32ApplyWithoutSelection) {
     Form1& form = start();
     Form6& options = *form.optionsWindow();
+    // Among hundreds of fonts, each listed once per foundry, the configured one is selected
+    // and scrolled into view.
+    QStringList fonts;
+    for (int n = 0; n < 300; ++n) {
+        const QString name = QStringLiteral("Family %1").arg(n, 3, 10, QChar(u'0'));
+        fonts << name + QStringLiteral(" [urw]") << name + QStringLiteral(" [UKWN]");
+    }
+    options.model().fillFontList(fonts);
+    m_settings.BoardFontName = QStringLiteral("family 150");
     options.show(); // activation
+    ASSERT_NE(options.fontList()->currentItem(), nullptr);
+    EXPECT_EQ(options.fontList()->currentItem()->text(), QStringLiteral("Family 150"));
+    EXPECT_TRUE(inView(options.fontList()));
     options.picker()->setSchemeColor(0x80000005u);
     const quint32 window = packedColour(QApplication::palette().color(QPalette::Base));
     EXPECT_EQ(m_scheme.SchemeColours[2], window);
@@ -194,6 +215,62 @@ TEST_F(OptionsWindowTest, PickerTranslatesSystemColoursSampleStaysIn8To32ApplyWi
     EXPECT_EQ(m_settings.BoardFontSize, 31);
     EXPECT_NE(m_scheme.SchemeColours[2], 0u); // reloaded from the file
     options.hide();
+}
+
+TEST_F(OptionsWindowTest, TabReachesEveryButtonAndOnlyTheSelectedSchemeLooksChosen) {
+    Form6& options = *start().optionsWindow();
+    options.show();
+    QApplication::setActiveWindow(&options);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&options));
+    const QImage unfocused = options.schemeList()->viewport()->grab().toImage();
+    const QImage applyAtRest = options.applyButton()->grab().toImage();
+    options.exitButton()->setFocus(Qt::TabFocusReason);
+    QStringList order;
+    for (int n = 0; n < 9; ++n) {
+        QWidget* focused = QApplication::focusWidget();
+        order << focused->objectName();
+        if (focused == options.applyButton()) {
+            EXPECT_NE(focused->grab().toImage(), applyAtRest); // its ring shows
+        }
+        if (focused == options.schemeList()) {
+            // A row is current but none selected: nothing looks chosen.
+            EXPECT_EQ(options.schemeList()->selectedItems().size(), 0);
+            EXPECT_EQ(options.schemeList()->viewport()->grab().toImage(), unfocused);
+        }
+        QTest::keyClick(focused, Qt::Key_Tab);
+    }
+    EXPECT_EQ(order.join(u' '),
+              "Command2 Command1 List1 List2 ShowSch RepSch DelSch AddSch Command2");
+    options.hide();
+}
+
+TEST_F(OptionsWindowTest, PickerBarArrowsGrooveKeysAndWheelMoveUpToMore) {
+    ColPik& picker = *start().optionsWindow()->picker();
+    QScrollBar* bar = picker.bar(ColourPicker::Red);
+    const auto wheel = [bar](int delta) {
+        QWheelEvent event(QPointF(5, 50), bar->mapToGlobal(QPointF(5, 50)), {}, {0, delta},
+                          Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(bar, &event);
+    };
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        int sign; // of the change in red
+    } rows[] = {
+        {"up arrow", [bar] { bar->triggerAction(QScrollBar::SliderSingleStepSub); }, 1},
+        {"groove above", [bar] { bar->triggerAction(QScrollBar::SliderPageStepSub); }, 1},
+        {"Up key", [bar] { QTest::keyClick(bar, Qt::Key_Up); }, 1},
+        {"wheel up", [&wheel] { wheel(120); }, 1},
+        {"down arrow", [bar] { bar->triggerAction(QScrollBar::SliderSingleStepAdd); }, -1},
+        {"Down key", [bar] { QTest::keyClick(bar, Qt::Key_Down); }, -1},
+        {"wheel down", [&wheel] { wheel(-120); }, -1},
+    };
+    for (const auto& row : rows) {
+        picker.setSchemeColor(packRgb(100, 0, 0));
+        row.act();
+        const int change = RedByte(picker.SchemeColor()) - 100;
+        EXPECT_EQ(change > 0 ? 1 : change < 0 ? -1 : 0, row.sign) << row.what;
+    }
 }
 
 } // namespace

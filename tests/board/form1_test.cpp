@@ -4,6 +4,7 @@
 #include "windowfixture.h"
 
 #include "app/appsetup.h"
+#include "appearance/form6.h"
 #include "board/mainmenu.h"
 #include "ui/aboutform.h"
 #include "ui/fndialog.h"
@@ -16,6 +17,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QTimer>
 
@@ -163,6 +165,8 @@ TEST_F(Form1Test, DropDownMenusShowColour3Exactly) {
             const QRect item = menu->actionGeometry(entry);
             EXPECT_EQ(QColor(image.pixel(item.right() - 2, item.center().y())), colour3)
                 << entry->text().toStdString();
+            // A frame stands off the menu's edge.
+            EXPECT_NE(QColor(image.pixel(0, item.center().y())), colour3);
             menu->hide();
         }
     }
@@ -189,6 +193,19 @@ TEST_F(Form1Test, FixedTextColoursIgnoreADarkDesktopPalette) {
     EXPECT_EQ(text(form.statusLine()), QColor(Qt::black));
     EXPECT_EQ(text(form.menuBar()), QColor(Qt::black));
     EXPECT_EQ(text(form.menu().fileMenu), QColor(Qt::black));
+    // Captions on the scheme's button faces: the message window's, the Options window's and
+    // the help window's buttons.
+    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbYesNo"));
+    form.optionsWindow()->show();
+    form.helpCommand();
+    const QColor captions[] = {
+        OleTranslateColor(m_msgForm.button(1)->ForeColor()),
+        OleTranslateColor(form.optionsWindow()->applyButton()->ForeColor()),
+        form.helpWindow()->Command1()->palette().color(QPalette::ButtonText),
+    };
+    for (const QColor& caption : captions)
+        EXPECT_EQ(caption, QColor(28, 28, 28));
+    form.optionsWindow()->hide();
     QApplication::setPalette(desktop);
 }
 

@@ -4,6 +4,7 @@
 // colour scheme.
 #include "windowfixture.h"
 
+#include "appearance/form6.h"
 #include "board/boardaccessible.h"
 #include "board/boardgeometry.h"
 #include "board/keyboardplay.h"
@@ -14,6 +15,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 
 namespace {
 
@@ -151,6 +153,21 @@ TEST_F(KeyboardWindowTest, AWholeGameWithKeysAlone) {
     type(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(m_notifier.texts().last(), QStringLiteral("Exit?"));
     EXPECT_TRUE(form.isVisible());
+
+    // F10 opens the first menu, Alt with a caption's first letter its menu.
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers mods;
+        QMenu* menu;
+    } openers[] = {{Qt::Key_F10, {}, menu.fileMenu},
+                   {Qt::Key_F, Qt::AltModifier, menu.fileMenu},
+                   {Qt::Key_P, Qt::AltModifier, menu.puzzleMenu}};
+    for (const auto& o : openers) {
+        type(o.key, o.mods);
+        EXPECT_TRUE(o.menu->isVisible()) << o.menu->title().toStdString();
+        o.menu->hide();
+    }
+    EXPECT_EQ(menu.fileMenu->title(), QStringLiteral("File"));
 }
 
 TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
@@ -175,8 +192,8 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
         QAccessibleInterface* cell = root->child(c);
         EXPECT_EQ(cell->role(), QAccessible::Cell);
         const QString letter = b.Entries[c].isEmpty() ? QStringLiteral("empty") : b.Entries[c];
-        EXPECT_EQ(cell->text(QAccessible::Name),
-                  QStringLiteral("cell %1, %2").arg(c + 1).arg(letter));
+        EXPECT_TRUE(cell->text(QAccessible::Name)
+                        .startsWith(QStringLiteral("cell %1, %2, ").arg(c + 1).arg(letter)));
         EXPECT_EQ(root->indexOfChild(cell), c);
     }
     for (int i = 1; i <= 8; ++i) {
@@ -195,8 +212,8 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
         QAccessibleInterface* marker = root->child(17 + m);
         const QString holds = m == k ? QStringLiteral("holds ") + grid().CandidateWords[first]
                                      : QStringLiteral("empty");
-        EXPECT_EQ(marker->text(QAccessible::Name),
-                  QStringLiteral("start %1, %2").arg(m).arg(holds));
+        EXPECT_TRUE(marker->text(QAccessible::Name)
+                        .startsWith(QStringLiteral("start %1, %2, ").arg(m).arg(holds)));
         EXPECT_EQ(marker->state().focused, m == k);
     }
     EXPECT_EQ(root->focusChild(), root->child(17 + k));
@@ -233,6 +250,46 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
     }
 }
 
+// What a screen reader finds wrong below `node`: a hidden part, or a control a player can
+// reach (or a button) without a name.
+QStringList unnamedOrHidden(QAccessibleInterface* node) {
+    QStringList found;
+    const QAccessible::State state = node->state();
+    const QString name = node->text(QAccessible::Name);
+    const QObject* object = node->object();
+    const QString what = object ? object->objectName() : QString::number(node->role());
+    if (state.invisible)
+        found << what + QStringLiteral(" hidden");
+    if ((state.focusable || node->role() == QAccessible::Button) && name.isEmpty())
+        found << what + QStringLiteral(" unnamed");
+    for (int i = 0; i < node->childCount(); ++i)
+        found << unnamedOrHidden(node->child(i));
+    return found;
+}
+
+TEST_F(KeyboardWindowTest, EveryReachableControlIsNamedAndNothingHiddenIsInTheTree) {
+    Form6& options = *m_form->optionsWindow();
+    options.show();
+    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+    m_msgForm.show();
+    for (QWidget* window : {static_cast<QWidget*>(m_form.get()), static_cast<QWidget*>(&options),
+                            static_cast<QWidget*>(&m_msgForm)}) {
+        EXPECT_EQ(unnamedOrHidden(QAccessible::queryAccessibleInterface(window)).join(u','), "")
+            << window->objectName().toStdString();
+    }
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(options.applyButton())->text(QAccessible::Name),
+              "Apply");
+    QAccessibleInterface* message = QAccessible::queryAccessibleInterface(&m_msgForm);
+    QStringList buttons;
+    for (int i = 0; i < message->childCount(); ++i) {
+        if (message->child(i)->role() == QAccessible::Button)
+            buttons << message->child(i)->text(QAccessible::Name);
+    }
+    EXPECT_EQ(buttons, QStringList({"Yes", "No"}));
+    m_msgForm.hide();
+    options.hide();
+}
+
 TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme) {
     type(Qt::Key_N, Qt::ControlModifier);
     clickBoard(BoardPart::Tile, 2); // selected: a flat border on the tile's face
@@ -255,9 +312,10 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
             EXPECT_GE(contrastRatio(board.pixelColor(x, y), ground), 3.0) << x;
             EXPECT_EQ(board.pixelColor(tile2.left() - 3, y), ground);
         }
-        // The selected look: the tile's border against its face.
-        EXPECT_GE(contrastRatio(board.pixelColor(tile2.left(), y), face), 3.0);
-        EXPECT_EQ(board.pixelColor(tile2.left() + 2, y), face);
+        // The selected look: the tile's wide border against its face.
+        for (int x = tile2.left(); x < tile2.left() + SelectedBorderPixels; ++x)
+            EXPECT_GE(contrastRatio(board.pixelColor(x, y), face), 3.0);
+        EXPECT_EQ(board.pixelColor(tile2.left() + SelectedBorderPixels, y), face);
 
         m_form->keyboard().focusOn(FocusItem::button(BoardButton::Create));
         const QImage button = m_form->cmdcreate()->grab().toImage();
@@ -265,6 +323,17 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
             EXPECT_GE(contrastRatio(button.pixelColor(x, button.height() / 2), face), 3.0) << x;
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty()) << m_notifier.texts().join(u'|').toStdString();
+
+    // Focused and selected differs from focused alone by more than an outline.
+    m_form->keyboard().focusOn(FocusItem::tile(2));
+    const QImage selected = m_form->boardView().grab().toImage().copy(tile2);
+    clickBoard(BoardPart::Tile, 3);
+    const QImage focused = m_form->boardView().grab().toImage().copy(tile2);
+    int differ = 0;
+    for (int py = 0; py < tile2.height(); ++py)
+        for (int px = 0; px < tile2.width(); ++px)
+            differ += selected.pixel(px, py) != focused.pixel(px, py);
+    EXPECT_GE(differ, 3 * (tile2.width() + tile2.height()));
 }
 
 } // namespace

@@ -152,7 +152,7 @@ TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
         {game,
          {"--help"},
          "Usage: pentalink [OPTION]...\n",
-         {"\n  -V, --version  output version information and exit\n"}},
+         {"\n  -V, --version  output version information and exit\n", "(File > Help)"}},
         {game,
          {"-h", "--version"},
          "Usage: pentalink [OPTION]...\n",

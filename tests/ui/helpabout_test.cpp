@@ -5,6 +5,7 @@
 #include "support/testfolder.h"
 #include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
+#include "ui/contrast.h"
 #include "ui/form4.h"
 #include "ui/msgform.h"
 #include "ui/programicon.h"
@@ -13,8 +14,10 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSet>
 #include <QTest>
@@ -110,6 +113,16 @@ TEST_F(HelpWindowTest, EveryInPageLinkOfTheHelpPageHasItsTarget) {
     EXPECT_GE(sections.size(), 12);
     for (const QString& name : links.names)
         EXPECT_TRUE(sections.contains(name) || name == QStringLiteral("top")) << qPrintable(name);
+}
+
+TEST(HelpPage, AnyCountOfTheShippedWordsItGivesMatchesTheFile) {
+    QFile page(shippedDataDir() + QStringLiteral("pentalink.htm"));
+    QFile words(shippedDataDir() + QStringLiteral("english1.txt"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly) && words.open(QIODevice::ReadOnly));
+    const qsizetype count = words.readAll().count('\n');
+    static const QRegularExpression stated(QStringLiteral("(\\d+) common English"));
+    for (auto it = stated.globalMatch(QString::fromUtf8(page.readAll())); it.hasNext();)
+        EXPECT_EQ(it.next().captured(1).toLongLong(), count);
 }
 
 TEST_F(HelpWindowTest, BackAndForwardActOnlyInsideThePage) {
@@ -312,6 +325,17 @@ TEST(ProgramIcon, ABlackStarInEverySizeTheSameAsTheThemeIconAndNoneOnTheMessageB
         EXPECT_EQ(qAlpha(image.pixel(0, size - 1)), 0);                  // between the feet
         EXPECT_EQ(image.pixel(size / 2, size / 2), qRgba(0, 0, 0, 255)); // centre: star
         EXPECT_EQ(qAlpha(image.pixel(size / 2, size - 2)), 0);           // the notch at the bottom
+        // It stands out on a light and on a dark panel alike.
+        for (const QColor ground : {QColor(Qt::white), QColor(Qt::black), QColor(48, 48, 48)}) {
+            QImage panel(size, size, QImage::Format_RGB32);
+            panel.fill(ground);
+            QPainter(&panel).drawImage(0, 0, image);
+            int seen = 0;
+            for (int y = 0; y < size; ++y)
+                for (int x = 0; x < size; ++x)
+                    seen += contrastRatio(panel.pixelColor(x, y), ground) >= 3.0;
+            EXPECT_GE(seen, size * size / 20) << ground.name().toStdString();
+        }
     }
     const QPolygonF theme = svgStar(shippedDataDir() + QStringLiteral("icons/pentalink.svg"));
     const QPolygonF drawn = programStar(128);
