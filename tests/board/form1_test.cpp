@@ -149,12 +149,16 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     EXPECT_EQ(background(form.menuBar()), QColor(255, 0, 0));
 }
 
-TEST_F(Form1Test, DropDownMenusShowColour3Exactly) {
+TEST_F(Form1Test, DropDownMenusShowColour3ExactlyAndApplyKeepsTheWindowsSize) {
     Form1& form = start();
+    QApplication::processEvents();
+    const QSize size = form.size();
     for (const char* scheme : {"xp.col", "dusk.col", "ocean.col"}) {
         SCOPED_TRACE(scheme);
         m_settings.ActiveSchemeFile = QString::fromLatin1(scheme);
         form.Command2Click();
+        QApplication::processEvents();
+            EXPECT_EQ(form.size(), size);
         const QColor colour3 = OleTranslateColor(m_scheme.SchemeColours[3]);
         for (QAction* entry :
              {form.menu().loadDictionary, form.menu().create, form.menu().copyEntries[1]}) {

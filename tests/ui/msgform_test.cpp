@@ -243,7 +243,6 @@ TEST_F(MsgFormTest, AttributesReachTheLabelAndTheButtons) {
     m_form.setFontSize(11);
     m_form.setFontBold(true);
     m_form.setForeColor(packRgb(200, 0, 0));
-    m_form.button(0)->setForeColor(packRgb(0, 0, 90));
     m_form.setBackColor(SystemButtonFace);
     m_form.prepare(QStringLiteral("m"), QStringLiteral("vbok"));
     const QFont labelFont = m_form.label()->font();
@@ -255,7 +254,7 @@ TEST_F(MsgFormTest, AttributesReachTheLabelAndTheButtons) {
     EXPECT_EQ(ok->Font().family(), QStringLiteral("Courier New"));
     EXPECT_FLOAT_EQ(ok->FontSize(), 11);
     EXPECT_TRUE(ok->FontBold());
-    EXPECT_EQ(ok->ForeColor(), packRgb(0, 0, 90));   // the text colour is left alone
+    EXPECT_EQ(ok->ForeColor(), packRgb(200, 0, 0)); // the message's text colour
     EXPECT_EQ(m_form.BackColor(), SystemButtonFace); // a system colour reads back as set
 }
 
