@@ -52,8 +52,9 @@ void setTextColour(QWidget* widget, const QColor& colour) {
 }
 
 // Gives the menu bar and every menu below it a solid background of exactly `colour`, with
-// black text in the window's font, and each drop-down menu a one-pixel frame in a darker
-// shade so it stands off what lies below. A style sheet, because styles paint drop-down menus
+// black text in the window's font, the entry under the pointer or the keys in a darker shade,
+// and each drop-down menu a one-pixel frame in a darker shade still so it stands off what
+// lies below. A style sheet, because styles paint drop-down menus
 // from a lightened palette colour; it reaches the drop-down menus because they are children
 // of the bar. It names the font, because a style sheet set again would give the bar the
 // application's font, and the fixed window would grow with it.
@@ -61,10 +62,13 @@ void setMenuColour(QMenuBar* bar, const QColor& colour) {
     const QFont font = bar->window()->font();
     bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; "
                                       "font: %3pt \"%4\"; }"
-                                      "QMenu { border: 1px solid %2; }")
+                                      "QMenu { border: 1px solid %2; }"
+                                      "QMenuBar::item:selected, QMenu::item:selected "
+                                      "{ background-color: %5; }")
                            .arg(colour.name(), colour.darker(200).name())
                            .arg(font.pointSizeF())
-                           .arg(font.family()));
+                           .arg(font.family())
+                           .arg(colour.darker(140).name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {

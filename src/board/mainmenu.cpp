@@ -76,7 +76,10 @@ MainMenu::MainMenu(QMenuBar* bar) {
     };
     for (const auto& opener : openers) {
         auto* shortcut = new QShortcut(opener.keys, bar);
-        QObject::connect(shortcut, &QShortcut::activated, bar,
-                         [bar, menu = opener.menu] { bar->setActiveAction(menu->menuAction()); });
+        // Opened with its first entry lit, so Enter and the arrow keys go on from there.
+        QObject::connect(shortcut, &QShortcut::activated, bar, [bar, menu = opener.menu] {
+            bar->setActiveAction(menu->menuAction());
+            menu->setActiveAction(menu->actions().value(0));
+        });
     }
 }

@@ -165,6 +165,12 @@ TEST_F(KeyboardWindowTest, AWholeGameWithKeysAlone) {
     for (const auto& o : openers) {
         type(o.key, o.mods);
         EXPECT_TRUE(o.menu->isVisible()) << o.menu->title().toStdString();
+        EXPECT_EQ(o.menu->activeAction(), o.menu->actions().value(0));
+        // The lit entry looks lit.
+        const QImage shown = o.menu->grab().toImage();
+        const int x = o.menu->actionGeometry(o.menu->actions().value(0)).right() - 2;
+        EXPECT_NE(shown.pixel(x, o.menu->actionGeometry(o.menu->actions().value(0)).center().y()),
+                  shown.pixel(x, o.menu->actionGeometry(o.menu->actions().value(1)).center().y()));
         o.menu->hide();
     }
     EXPECT_EQ(menu.fileMenu->title(), QStringLiteral("File"));
