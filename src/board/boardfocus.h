@@ -64,8 +64,8 @@ std::optional<FocusItem> nearest(const FocusItem& from, FocusDirection direction
 
 // The next tile after `from` (in tile order, wrapping round; from the first tile when `from`
 // is no tile) whose word starts with `letter`, compared without case. A tile without a word
-// or with its word placed never matches. Empty when no tile matches; `from` itself is found again
-// only when it is the one tile that matches.
+// or with its word placed never matches. Empty when no tile matches; `from` itself is found
+// again only when it is the one tile that matches.
 std::optional<FocusItem> letterJump(const FocusItem& from, QChar letter, const BoardState& board);
 
 // The move Enter or Space makes on a tile or marker: the click on it. Empty for a button,
