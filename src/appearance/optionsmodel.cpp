@@ -6,6 +6,9 @@
 #include "core/notifier.h"
 #include "core/settings.h"
 
+#include <QRegularExpression>
+#include <QSet>
+
 #include <algorithm>
 #include <cmath>
 
@@ -48,8 +51,24 @@ OptionsModel::OptionsModel(Settings& settings, ColourScheme& scheme, Notifier& n
     });
 }
 
+quint32 OptionsModel::textColour() const {
+    return m_settings.TextColour;
+}
+
 void OptionsModel::fillFontList(const QStringList& families) {
-    m_fonts = sortedIgnoringCase(families);
+    // Fontconfig lists a family once per foundry that makes it ("C059 [urw]", "C059 [UKWN]");
+    // players know it by its name alone, and the name alone finds it.
+    static const QRegularExpression foundry(QStringLiteral("\\s*\\[[^\\]]*\\]$"));
+    QStringList names;
+    QSet<QString> seen;
+    for (const QString& family : families) {
+        const QString name = QString(family).remove(foundry);
+        if (!seen.contains(name.toCaseFolded())) {
+            seen.insert(name.toCaseFolded());
+            names << name;
+        }
+    }
+    m_fonts = sortedIgnoringCase(names);
     m_fontRow = -1;
     m_fontTop = 0;
     Q_EMIT fontListChanged();

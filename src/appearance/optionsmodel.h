@@ -40,7 +40,8 @@ public:
     // from the file and repaint). None does nothing.
     void setCommand2(std::function<void()> command2) { m_command2 = std::move(command2); }
 
-    // Start-up. The font list takes `families` sorted ignoring case. The scheme list is
+    // Start-up. The font list takes `families` sorted ignoring case, each family once by its
+    // name alone (a foundry suffix such as " [urw]" dropped). The scheme list is
     // refilled from the collection; when the file cannot be read it keeps its entries.
     void fillFontList(const QStringList& families);
     void fillSchemeList();
@@ -70,6 +71,8 @@ public:
     // table when the window is activated or recoloured, not on every change of the table.
     quint32 background() const { return m_background; }
     quint32 buttonFace() const { return m_buttonFace; }
+    // The buttons' captions: the program's fixed text colour, whatever the desktop says.
+    quint32 textColour() const;
 
     // The window becomes active: the contrast bar goes back to 100 without rebuilding the
     // table, the picker takes colour 2, the window is recoloured from the table with the

@@ -4,6 +4,7 @@
 #include "core/settings.h"
 #include "core/twips.h"
 #include "ui/helprules.h"
+#include "ui/kitaccessible.h"
 #include "ui/programicon.h"
 
 #include <QGuiApplication>
@@ -33,6 +34,7 @@ QFont arial(qreal points) {
 Form4::Form4(QWidget* parent)
     : QWidget(parent, Qt::Window) {
     setObjectName(QStringLiteral("Form4"));
+    installKitAccessibility();
     setWindowTitle(QStringLiteral("Pentalink Help"));
     setWindowIcon(programIcon());
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -94,6 +96,8 @@ void Form4::activated() {
     for (QPushButton* button : {m_back, m_forward, m_exit}) {
         QPalette face = button->palette();
         face.setColor(QPalette::Button, OleTranslateColor(look.button));
+        // The scheme decides the face, so the caption takes the fixed text colour.
+        face.setColor(QPalette::ButtonText, OleTranslateColor(Settings::DefaultTextColour));
         button->setPalette(face);
     }
 }

@@ -162,6 +162,9 @@ TEST_F(OptionsTest, StartUpListsSortedIgnoringCaseAndKeepsThemWhenTheFileCannotB
     m_folder.write(QStringLiteral("all.col"), "no sections here\r\n");
     m_model.fillSchemeList(); // read, and empty
     EXPECT_TRUE(m_model.schemeNames().isEmpty());
+    // A family listed once per foundry is one entry, by its name alone.
+    m_model.fillFontList({"C059 [urw]", "c059 [UKWN]", "D050000L [URW ]", "Noto Sans"});
+    EXPECT_EQ(m_model.fontNames(), (QStringList{"C059", "D050000L", "Noto Sans"}));
 }
 
 TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {

@@ -4,6 +4,7 @@
 #include "windowfixture.h"
 
 #include "app/appsetup.h"
+#include "appearance/form6.h"
 #include "board/mainmenu.h"
 #include "ui/aboutform.h"
 #include "ui/fndialog.h"
@@ -15,6 +16,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QTimer>
 
@@ -146,13 +148,24 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFontsAndFixedTextColoursOnADarkDes
         w->ensurePolished();
         return w->palette().color(QPalette::WindowText);
     };
-    EXPECT_EQ(style.text, QColor(28, 28, 28));
     for (const QColor& c : {style.letters, style.markers, text(form.statusLine()),
                             text(form.menuBar()), text(form.menu().fileMenu)})
         EXPECT_EQ(c, QColor(Qt::black));
+    // So are the captions on the scheme's button faces (message, Options, help).
+    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbYesNo"));
+    form.optionsWindow()->show();
+    form.helpCommand();
+    for (const QColor& c : {style.text, OleTranslateColor(m_msgForm.button(1)->ForeColor()),
+                            OleTranslateColor(form.optionsWindow()->applyButton()->ForeColor()),
+                            form.helpWindow()->Command1()->palette().color(QPalette::ButtonText)})
+        EXPECT_EQ(c, QColor(28, 28, 28));
+    form.optionsWindow()->hide();
     QApplication::setPalette(desktop);
 
-    // "My Default.col" leaves the menu bar as it is; any other scheme paints it.
+    // "My Default.col" leaves the menu bar as it is; any other scheme paints it. The fixed
+    // window keeps its size.
+    QApplication::processEvents();
+    const QSize size = form.size();
     const QColor before = background(form.menuBar());
     m_scheme.SchemeColours[3] = 0x0000FF; // a red that would show
     m_settings.ActiveSchemeFile = QStringLiteral("My Default.col");
@@ -161,6 +174,8 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFontsAndFixedTextColoursOnADarkDes
     m_settings.ActiveSchemeFile = QStringLiteral("plain.col");
     form.SetCol();
     EXPECT_EQ(background(form.menuBar()), QColor(255, 0, 0));
+    QApplication::processEvents();
+    EXPECT_EQ(form.size(), size);
 }
 
 TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) {

@@ -260,6 +260,7 @@ TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
         QString contains;
     } rows[] = {
         {game, {"--help"}, "Usage: pentalink [OPTION]...\n", "\n  -V, --version  output version"},
+        {game, {"--help"}, "Usage: pentalink [OPTION]...\n", "(File > Help)"},
         {game, {"-h", "--version"}, "Usage: pentalink [OPTION]...\n", "\n  -h, --help     display"},
         {game, {"--bogus", "--version"}, "pentalink" + version, "NO WARRANTY"},
         {game, {"-V"}, "pentalink" + version, ""},

@@ -6,6 +6,7 @@
 #include "support/testfolder.h"
 #include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
+#include "ui/contrast.h"
 #include "ui/form4.h"
 #include "ui/msgform.h"
 #include "ui/programicon.h"
@@ -14,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -68,6 +70,10 @@ TEST(HelpPage, EverySectionIsReachedByAnInPageLinkAndEveryLinkHasItsTarget) {
         EXPECT_TRUE(names.contains(href)) << qPrintable(href);
     for (const QString& name : names)
         EXPECT_TRUE(hrefs.contains(name) || name == QStringLiteral("top")) << qPrintable(name);
+    // Where the page counts the shipped words, it counts the file's lines.
+    for (const QString& count : shippedMatches(QStringLiteral("pentalink.htm"), "(\\d+) common"))
+        EXPECT_EQ(count.toLongLong(),
+                  shippedMatches(QStringLiteral("english1.txt"), "(\n)").size());
 }
 
 class UrlRecorder : public QObject {
@@ -228,6 +234,15 @@ TEST(ProgramIcon, ABlackStarInEverySizeTheSameAsTheThemeIconAndNoneOnTheMessageB
         EXPECT_EQ(qAlpha(image.pixel(0, size - 1)), 0) << size;                  // between feet
         EXPECT_EQ(image.pixel(size / 2, size / 2), qRgba(0, 0, 0, 255)) << size; // the star
         EXPECT_EQ(qAlpha(image.pixel(size / 2, size - 2)), 0) << size;           // the bottom notch
+        for (const QColor ground : {QColor(Qt::white), QColor(48, 48, 48)}) {    // it shows on both
+            QImage panel(size, size, QImage::Format_RGB32);
+            panel.fill(ground);
+            QPainter(&panel).drawImage(0, 0, image);
+            int seen = 0;
+            for (int p = 0; p < size * size; ++p)
+                seen += contrastRatio(panel.pixelColor(p % size, p / size), ground) >= 3.0;
+            EXPECT_GE(seen, size * size / 20) << size << ground.name().toStdString();
+        }
     }
     const QStringList theme =
         shippedMatches(QStringLiteral("icons/pentalink.svg"), "points=\"([^\"]*)\"")
