@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -235,14 +237,15 @@ TEST_F(ColourSchemeTest, ListNamesEveryLineHoldingDotColInFileOrder) {
 
 TEST_F(ColourSchemeTest, AppendCreatesTheCollectionEndsItsLastLineAndRoundTrips) {
     m_scheme.DeriveScheme(packRgb(1, 2, 3), 100);
-    ASSERT_TRUE(m_scheme.AppendScheme(QStringLiteral("first"))); // creates the missing file
+    ASSERT_EQ(m_scheme.AppendScheme(QStringLiteral("first")),
+              SchemeEdit::Done); // creates the missing file
     EXPECT_EQ(collection(), bytes(section(QStringLiteral("first.col"), stored())));
 
     const QByteArray before = collection().chopped(2); // an unfinished last line
     m_folder.write(AllCol, before);
     ASSERT_TRUE(m_scheme.DeriveScheme(packRgb(200, 180, 160), 80));
     const Colours derived = stored();
-    ASSERT_TRUE(m_scheme.AppendScheme(QStringLiteral("Warm Sand")));
+    ASSERT_EQ(m_scheme.AppendScheme(QStringLiteral("Warm Sand")), SchemeEdit::Done);
     EXPECT_EQ(collection(),
               before + "\r\n" + bytes(section(QStringLiteral("warm sand.col"), derived)));
     EXPECT_EQ(m_scheme.ListSchemeNames(),
@@ -264,20 +267,22 @@ TEST_F(ColourSchemeTest, ReplaceAndDeleteTreatEverySectionWithThatHeaderAndKeepT
     writeCollection(old + xp + note + old + capital);
 
     m_scheme.DeriveScheme(packRgb(90, 160, 220), 100);
-    ASSERT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("Sea")));
+    ASSERT_EQ(m_scheme.ReplaceScheme(QStringLiteral("Sea")), SchemeEdit::Done);
     const QStringList fresh = section(QStringLiteral("sea.col"), stored());
     EXPECT_EQ(collection(), bytes(fresh + xp + note + fresh + capital));
     // The scratch copy stays, holding the same collection.
     EXPECT_EQ(m_folder.read(QStringLiteral("newall.cox")), collection());
 
-    ASSERT_TRUE(m_scheme.DeleteScheme(QStringLiteral("SEA")));
+    ASSERT_EQ(m_scheme.DeleteScheme(QStringLiteral("SEA")), SchemeEdit::Done);
     EXPECT_EQ(collection(), bytes(xp + note + capital));
 
-    // Absent names rewrite the same file and succeed; "Capital" is searched as "capital.col",
+    // Absent names are not found and write nothing; "Capital" is searched as "capital.col",
     // which the capitalised header does not equal.
-    EXPECT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("Capital")));
-    EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("nothing")));
+    QFile::remove(m_scheme.scratchPath());
+    EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("Capital")), SchemeEdit::NotFound);
+    EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("nothing")), SchemeEdit::NotFound);
     EXPECT_EQ(collection(), bytes(xp + note + capital));
+    EXPECT_FALSE(QFile::exists(m_scheme.scratchPath()));
 }
 
 TEST_F(ColourSchemeTest, RewritesNormaliseLineEndsAndEncodingButKeepEveryLine) {
@@ -285,8 +290,8 @@ TEST_F(ColourSchemeTest, RewritesNormaliseLineEndsAndEncodingButKeepEveryLine) {
     // "cafe notes" with a Windows-1252 e-acute, then LF line ends.
     m_folder.write(AllCol, QByteArray::fromHex("636166e9206e6f7465730a") +
                                QByteArray(xp).replace("\r\n", "\n"));
-    ASSERT_TRUE(m_scheme.DeleteScheme(QStringLiteral("none")));
-    EXPECT_EQ(collection(), QByteArray::fromHex("636166c3a9206e6f7465730d0a") + xp);
+    ASSERT_EQ(m_scheme.DeleteScheme(QStringLiteral("xp")), SchemeEdit::Done);
+    EXPECT_EQ(collection(), QByteArray::fromHex("636166c3a9206e6f7465730d0a"));
 }
 
 // --- Failures leave "all.col" byte for byte as it was ------------------------------------
@@ -307,20 +312,21 @@ protected:
 TEST_F(SchemeFailureTest, ATableColourThatCannotBeSplitWritesNothing) {
     quint32 base = 0;
     m_scheme.PreviewScheme(QStringLiteral("default.col"), base); // colours 2 and 4 are system
-    EXPECT_FALSE(m_scheme.AppendScheme(QStringLiteral("new")));
-    EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("sea")));
+    EXPECT_EQ(m_scheme.AppendScheme(QStringLiteral("new")), SchemeEdit::Failed);
+    EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("sea")), SchemeEdit::Failed);
     expectUnchanged();
     EXPECT_FALSE(QFile::exists(m_scheme.scratchPath()));
-    // A name with no section takes no colours: the file is rewritten unchanged.
-    EXPECT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("nosuch")));
+    // A name with no section takes no colours: it is not found, and nothing is written.
+    EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("nosuch")), SchemeEdit::NotFound);
     expectUnchanged();
-    EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("sea"))); // deleting needs no colours
+    EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("sea")),
+              SchemeEdit::Done); // deleting needs no colours
 }
 
 TEST_F(SchemeFailureTest, ANameWithALineBreakIsNoHeaderAndIsNotAppended) {
     // Found by fuzz_schemes: the header split into two lines and shifted the colours.
     for (const char* name : {" 233; 216\r\n 254", "a\nb", "c\r"}) {
-        EXPECT_FALSE(m_scheme.AppendScheme(QString::fromLatin1(name))) << name;
+        EXPECT_EQ(m_scheme.AppendScheme(QString::fromLatin1(name)), SchemeEdit::Failed) << name;
         expectUnchanged();
     }
 }
@@ -328,11 +334,11 @@ TEST_F(SchemeFailureTest, ANameWithALineBreakIsNoHeaderAndIsNotAppended) {
 TEST_F(SchemeFailureTest, AMatchingSectionCutShortStopsReplaceAndDelete) {
     QByteArray cut = m_before + bytes(numberedSection(QStringLiteral("short.col")).mid(0, 13));
     m_folder.write(AllCol, cut);
-    EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("short")));
-    EXPECT_FALSE(m_scheme.DeleteScheme(QStringLiteral("short")));
+    EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("short")), SchemeEdit::Failed);
+    EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("short")), SchemeEdit::Failed);
     EXPECT_EQ(collection(), cut);
     // Other names still rewrite: the short section is carried through as plain lines.
-    EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("sea")));
+    EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("sea")), SchemeEdit::Done);
 }
 
 TEST_F(SchemeFailureTest, AFailedFinalWriteLeavesAllColAsItWas) {
@@ -343,9 +349,9 @@ TEST_F(SchemeFailureTest, AFailedFinalWriteLeavesAllColAsItWas) {
         return path.endsWith(QStringLiteral("newall.cox")) &&
                SchemeFile::writeAtomically(path, content);
     });
-    EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("sea")));
-    EXPECT_FALSE(m_scheme.DeleteScheme(QStringLiteral("sea")));
-    EXPECT_FALSE(m_scheme.AppendScheme(QStringLiteral("new")));
+    EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("sea")), SchemeEdit::Failed);
+    EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("sea")), SchemeEdit::Failed);
+    EXPECT_EQ(m_scheme.AppendScheme(QStringLiteral("new")), SchemeEdit::Failed);
     expectUnchanged();
     EXPECT_EQ(written, (QStringList{QStringLiteral("newall.cox"), AllCol,
                                     QStringLiteral("newall.cox"), AllCol, AllCol}));
@@ -373,9 +379,12 @@ TEST_F(SchemeFailureTest, ARewriteNeverLeavesACollectionTheReaderRefuses) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         const std::pair<std::function<bool()>, bool> operations[] = {
-            {[&] { return m_scheme.AppendScheme(QStringLiteral("new")); }, row.append},
-            {[&] { return m_scheme.ReplaceScheme(QStringLiteral("sea")); }, row.replace},
-            {[&] { return m_scheme.DeleteScheme(QStringLiteral("sea")); }, row.remove},
+            {[&] { return m_scheme.AppendScheme(QStringLiteral("new")) == SchemeEdit::Done; },
+             row.append},
+            {[&] { return m_scheme.ReplaceScheme(QStringLiteral("sea")) == SchemeEdit::Done; },
+             row.replace},
+            {[&] { return m_scheme.DeleteScheme(QStringLiteral("sea")) == SchemeEdit::Done; },
+             row.remove},
         };
         for (const auto& [operation, succeeds] : operations) {
             m_folder.write(AllCol, row.content);
@@ -420,12 +429,40 @@ TEST_F(SchemeFailureTest, AnUnusableCollectionOrFolderIsRefusedUntouched) {
         row.damage();
         const QByteArray before = state();
         if (row.appendFails) {
-            EXPECT_FALSE(m_scheme.AppendScheme(QStringLiteral("new")));
+            EXPECT_EQ(m_scheme.AppendScheme(QStringLiteral("new")), SchemeEdit::Failed);
         }
-        EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("sea")));
-        EXPECT_FALSE(m_scheme.DeleteScheme(QStringLiteral("sea")));
+        EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("sea")), SchemeEdit::Failed);
+        EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("sea")), SchemeEdit::Failed);
         EXPECT_EQ(state(), before);
     }
+}
+
+// Two running copies of the game adding schemes at the same moment: each edit reads and
+// rewrites the whole file, so without the lock one copy's schemes would be lost.
+TEST(SchemeLock, TwoProcessesAddingAtOnceKeepEveryScheme) {
+    const TestFolder folder;
+    constexpr int PerProcess = 25;
+    pid_t children[2] = {};
+    for (pid_t& child : children) {
+        child = fork();
+        if (child == 0) {
+            Settings settings = Settings::forFolder(folder.path());
+            ColourScheme scheme(settings);
+            bool added = true;
+            for (int n = 0; n < PerProcess; ++n)
+                added &= scheme.AppendScheme(QStringLiteral("%1-%2").arg(getpid()).arg(n)) ==
+                         SchemeEdit::Done;
+            _exit(added ? 0 : 1);
+        }
+    }
+    for (const pid_t child : children) {
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    }
+    Settings settings = Settings::forFolder(folder.path());
+    EXPECT_EQ(ColourScheme(settings).ListSchemeNames().value_or(QStringList()).size(),
+              2 * PerProcess);
 }
 
 // Append, Replace and Delete when the disk refuses the write: each reports failure and
@@ -437,9 +474,14 @@ TEST_P(SchemeWriteFault, EveryRewriteFailsAndKeepsTheCollection) {
                                         numberedSection(QStringLiteral("sea.col")));
     // Append writes the collection itself; Replace and Delete fail at the scratch copy first.
     const std::pair<const char*, std::function<bool(ColourScheme&)>> operations[] = {
-        {"append", [](ColourScheme& s) { return s.AppendScheme(QStringLiteral("new")); }},
-        {"replace", [](ColourScheme& s) { return s.ReplaceScheme(QStringLiteral("sea")); }},
-        {"delete", [](ColourScheme& s) { return s.DeleteScheme(QStringLiteral("sea")); }},
+        {"append",
+         [](ColourScheme& s) { return s.AppendScheme(QStringLiteral("new")) == SchemeEdit::Done; }},
+        {"replace",
+         [](ColourScheme& s) {
+             return s.ReplaceScheme(QStringLiteral("sea")) == SchemeEdit::Done;
+         }},
+        {"delete",
+         [](ColourScheme& s) { return s.DeleteScheme(QStringLiteral("sea")) == SchemeEdit::Done; }},
     };
     for (const auto& [what, operation] : operations) {
         SCOPED_TRACE(what);

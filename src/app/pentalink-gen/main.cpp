@@ -35,6 +35,8 @@ int main(int argc, char* argv[]) {
     if (parsed.status == GenParseResult::Status::Error)
         return usageError(parsed.message);
     const GenOptions& options = parsed.options;
+    if (const QString problem = homeVariableProblem(); !problem.isEmpty())
+        return usageError(problem);
 
     const QString path = options.dictionary.isEmpty() ? AppFolder() + QStringLiteral("english1.txt")
                                                       : options.dictionary;
