@@ -3,6 +3,8 @@
 // against the close box.
 #include "windowfixture.h"
 
+#include "support/fifowatch.h"
+
 #include "app/appsetup.h"
 #include "board/mainmenu.h"
 #include "ui/aboutform.h"
@@ -240,6 +242,22 @@ TEST_F(Form1Test, MissingSchemeCollectionIsReportedAndStartUpGoesOn) {
     EXPECT_EQ(form.boardView().boardStyle().ground, OleTranslateColor(ColourScheme::BuiltInXp[2]));
     EXPECT_EQ(form.boardView().boardStyle().tileFace,
               OleTranslateColor(ColourScheme::BuiltInXp[4]));
+}
+
+// A FIFO at each of the program's file names: nothing opens one (the window thread would
+// wait for a writer for ever); each counts as missing or damaged, as its own rules say.
+TEST_F(Form1Test, FifosAtEveryFileNameAreNeverOpenedAndStartUpAndHelpGoOn) {
+    const FifoWatch fifos({m_folder.file("all.col"), m_folder.file("pentalink.cfg"),
+                           m_folder.file("pentalink.htm"), m_folder.file("english1.txt")});
+    ASSERT_TRUE(fifos.made());
+    Form1& form = start();
+    form.menu().help->trigger();
+    EXPECT_EQ(fifos.opened(), 0);
+    EXPECT_EQ(m_notifier.messages().value(0).text,
+              QStringLiteral("Colour Scheme: xp.col not found"));
+    EXPECT_EQ(form.session().WordList().ListCount(), 0);
+    EXPECT_TRUE(form.helpWindow()->WebBrowser1()->toPlainText().contains(
+        QStringLiteral("is not shown: it is not a regular file")));
 }
 
 TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {

@@ -1,12 +1,16 @@
 // The program folder, start-up settings, the file-presence test and the choice of the
 // start-up dictionary.
 #include "core/appfolder.h"
+#include "core/atomicwrite.h"
 #include "core/commandline.h"
 #include "core/fileexists.h"
 #include "core/settings.h"
 
+#include "support/fifowatch.h"
+#include "support/peakgrowth.h"
 #include "support/testfolder.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -28,6 +32,57 @@ TEST(AppFolder, FollowsPentalinkHomeCreatingAndSeedingItAndEndsInSlash) {
     EXPECT_TRUE(QFileInfo(nested).isDir());
     for (const QString& name : {QStringLiteral("all.col"), QStringLiteral("english1.txt")})
         EXPECT_TRUE(QFileInfo(nested + u'/' + name).size() > 0) << name.toStdString();
+}
+
+// Leftovers of writes a kill interrupted go at start-up: only temporary files of the
+// program's own names, and only old ones (another running copy may be writing a fresh one).
+TEST(AppFolder, RemovesOnlyStaleTemporariesOfItsOwnFiles) {
+    const TestFolder folder;
+    const QDateTime old = QDateTime::currentDateTime().addSecs(-StaleTemporarySeconds - 60);
+    const struct {
+        const char* name;
+        bool old;
+        bool removed;
+    } rows[] = {
+        {"all.col.Ab12Cd", true, true},    {"pentalink.cfg.zzzzzz", true, true},
+        {"newall.cox.000000", true, true}, {"all.col.Xy34Ef", false, false},
+        {"all.col.Ab12C", true, false},    {"all.col.Ab-2Cd", true, false},
+        {"notes.txt.Ab12Cd", true, false}, {"all.col", true, false},
+    };
+    for (const auto& row : rows) {
+        QFile file(folder.file(QString::fromLatin1(row.name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("x") == 1 && file.flush());
+        if (row.old) {
+            ASSERT_TRUE(file.setFileTime(old, QFileDevice::FileModificationTime));
+        }
+    }
+    resetAppFolderForTests();
+    ASSERT_EQ(AppFolder(), folder.path());
+    for (const auto& row : rows)
+        EXPECT_NE(QFile::exists(folder.file(QString::fromLatin1(row.name))), row.removed)
+            << row.name;
+}
+
+// $PENTALINK_HOME is used byte for byte; a value no file name of the program can reach is
+// refused with the reason rather than silently replaced by another folder.
+TEST(AppFolder, AHomeThatIsNotUtf8IsRefusedWithTheReason) {
+    const TestFolder folder;
+    const struct {
+        QByteArray home;
+        bool refused;
+    } rows[] = {
+        {QFile::encodeName(folder.path() + QStringLiteral("caf\u00e9")), false},
+        {QByteArray(), false},
+        {QFile::encodeName(folder.path()) + "caf\xe9", true},
+        {QFile::encodeName(folder.path()) + "\xff\xfe", true},
+    };
+    for (const auto& row : rows) {
+        qputenv("PENTALINK_HOME", row.home);
+        EXPECT_EQ(
+            homeVariableProblem().contains(QStringLiteral("PENTALINK_HOME is not valid UTF-8")),
+            row.refused)
+            << row.home.toStdString();
+    }
 }
 
 // Two starts of an installed game: the first seeds an empty folder, the player then edits
@@ -84,6 +139,33 @@ TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
     seedProgramFolder(blocked, install.path());
     EXPECT_EQ(user.read(QStringLiteral("all.col")), "schemes");
     EXPECT_FALSE(QFileInfo::exists(blocked));
+}
+
+// Seeding reads only regular files, never waiting on a FIFO, and never more than any shipped
+// file could need: a help page as a link to /dev/zero was read until memory ran out.
+TEST(SeedProgramFolder, ReadsOnlyRegularFilesWithinABound) {
+    const TestFolder user;
+    const TestFolder install;
+    for (const QString& name : shippedDataFiles())
+        install.write(name, "v1 " + name.toUtf8());
+    {
+        const FifoWatch fifos({user.file("pentalink.htm"), user.file("all.col")});
+        seedProgramFolder(user.path(), install.path());
+        EXPECT_EQ(fifos.opened(), 0);
+    }
+    EXPECT_FALSE(QFileInfo(user.file("pentalink.htm")).isFile()); // left for its reader
+    EXPECT_EQ(user.read(QStringLiteral("english1.txt")), "v1 english1.txt");
+
+    QFile::remove(user.file("pentalink.htm"));
+    QFile huge(user.file("pentalink.htm"));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(64 << 20)); // sparse
+    huge.close();
+    const qint64 growth =
+        peakmemory::peakGrowth([&] { seedProgramFolder(user.path(), install.path()); });
+    if (growth >= 0) {
+        EXPECT_LT(growth, 16 << 20);
+    }
+    EXPECT_EQ(user.read(QStringLiteral("pentalink.htm")), "v1 pentalink.htm");
 }
 
 TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {

@@ -6,6 +6,7 @@
 #include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
 #include "ui/form4.h"
+#include "ui/helppage.h"
 #include "ui/msgform.h"
 #include "ui/programicon.h"
 
@@ -23,6 +24,8 @@
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -223,6 +226,50 @@ TEST_F(HelpWindowTest, WebLinksGoToTheDesktopAndAHashInTheFolderNameIsNoAnchor) 
     QTest::mouseClick(m_help.Command1(), Qt::LeftButton);
     EXPECT_EQ(browser().source().toLocalFile(), page);
     EXPECT_EQ(scroll(), 0);
+}
+
+// What the window shows for pages the browser cannot lay out at once (each refused before it
+// reaches the browser, with the reason), and that a page is read once per change of its file.
+TEST_F(HelpWindowTest, EveryPageIsBoundedAndLaidOutOncePerChangeOfTheFile) {
+    TestFolder folder;
+    const QString page = folder.file(QStringLiteral("pentalink.htm"));
+    m_help.setPagePath(page);
+    const QByteArray nested = QByteArray("<table><tr><td>").repeated(3000) + "deep";
+    const struct {
+        const char* what;
+        QByteArray content; // null: a FIFO
+        const char* shown;
+    } rows[] = {
+        {"3,000 nested tables", nested, "its tables are nested more than 4 deep"},
+        {"5 nested tables", QByteArray("<table><tr><td>").repeated(5), "nested more than 4 deep"},
+        {"4 nested tables", QByteArray("<table><tr><td>").repeated(4) + "four", "four"},
+        {"3,000 nested spans", QByteArray("<span>").repeated(3000), "nested more than 64 deep"},
+        {"over 1 MB", QByteArray(HelpPage::MaxBytes + 1, ' '), "it is larger than 1 MB"},
+        {"a word of 3,000 letters", QByteArray(3000, 'w'), "that cannot be broken"},
+        {"2,001 list items", "<ul>" + QByteArray("<li>i").repeated(2001),
+         "more than 2000 elements"},
+        {"201 style rules", "<style>" + QByteArray("p{}").repeated(201), "more than 200 style"},
+        {"a FIFO", QByteArray(), "it is not a regular file"},
+        {"the shipped page", QByteArray(), "Pentalink Help"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        QFile::remove(page);
+        if (row.shown == std::string_view("Pentalink Help")) {
+            QFile::copy(shippedDataDir() + QStringLiteral("pentalink.htm"), page);
+        } else if (row.content.isNull()) {
+            ASSERT_EQ(mkfifo(QFile::encodeName(page).constData(), 0600), 0);
+        } else {
+            folder.write(QStringLiteral("pentalink.htm"), row.content);
+        }
+        m_help.activated();
+        EXPECT_TRUE(browser().toPlainText().contains(QString::fromLatin1(row.shown)))
+            << browser().toPlainText().left(200).toStdString();
+        // Shown again without a change of the file, the page is not laid out again.
+        const int revision = browser().document()->revision();
+        m_help.activated();
+        EXPECT_EQ(browser().document()->revision(), revision);
+    }
 }
 
 class AboutTest : public ::testing::Test {
