@@ -4,6 +4,7 @@
 #include "core/regularfile.h"
 #include "core/settings.h"
 #include "core/twips.h"
+#include "ui/helpdocument.h"
 #include "ui/helprules.h"
 #include "ui/programicon.h"
 
@@ -59,7 +60,8 @@ private:
 } // namespace
 
 Form4::Form4(QWidget* parent)
-    : QWidget(parent, Qt::Window) {
+    : QWidget(parent, Qt::Window)
+    , m_page(helpTableDepth) {
     setObjectName(QStringLiteral("Form4"));
     setWindowTitle(QStringLiteral("Pentalink Help"));
     setWindowIcon(programIcon());
