@@ -2,7 +2,6 @@
 #include "core/configfile.h"
 
 #include "core/atomicwrite.h"
-#include "core/fileexists.h"
 #include "core/notifier.h"
 #include "core/regularfile.h"
 #include "core/textdecoding.h"
@@ -124,10 +123,8 @@ QString ConfigFile::formatFile(const QDateTime& when, const QString& schemeFile,
 ConfigFile::ReadResult ConfigFile::ReadcfgFile() {
     if (const std::optional<FileValues> values = readValues(path())) {
         m_settings.ActiveSchemeFile = values->schemeFile;
-        const QString configured = programPath(values->dictionaryLine, m_settings.AppFolder);
-        m_settings.DictionaryPath = FileExists(configured)
-                                        ? configured
-                                        : m_settings.AppFolder + QStringLiteral("english1.txt");
+        m_settings.DictionaryPath = values->dictionaryLine;
+        m_settings.DictionaryPath = startupDictionaryPath(m_settings);
         m_settings.BoardFontName = values->fontName;
         m_settings.BoardFontSize = values->fontSize;
         return ReadResult::Read;
