@@ -65,28 +65,6 @@ TEST(AppFolder, RemovesOnlyStaleTemporariesOfItsOwnFiles) {
             << row.name;
 }
 
-// $PENTALINK_HOME is used byte for byte; a value no file name of the program can reach is
-// refused with the reason rather than silently replaced by another folder.
-TEST(AppFolder, AHomeThatIsNotUtf8IsRefusedWithTheReason) {
-    const TestFolder folder;
-    const struct {
-        QByteArray home;
-        bool refused;
-    } rows[] = {
-        {QFile::encodeName(folder.path() + QStringLiteral("caf\u00e9")), false},
-        {QByteArray(), false},
-        {QFile::encodeName(folder.path()) + "caf\xe9", true},
-        {QFile::encodeName(folder.path()) + "\xff\xfe", true},
-    };
-    for (const auto& row : rows) {
-        qputenv("PENTALINK_HOME", row.home);
-        EXPECT_EQ(
-            homeVariableProblem().contains(QStringLiteral("PENTALINK_HOME is not valid UTF-8")),
-            row.refused)
-            << row.home.toStdString();
-    }
-}
-
 // Two starts of an installed game: the first seeds an empty folder, the player then edits
 // files, an upgrade installs newer data, and the second start seeds again.
 TEST(SeedProgramFolder, KeepsThePlayersFilesAcrossAnUpgradeAndRefreshesTheHelpPage) {
