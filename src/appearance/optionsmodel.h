@@ -17,6 +17,7 @@
 
 class ColourPicker;
 class ColourScheme;
+enum class SchemeEdit;
 class Notifier;
 struct Settings;
 
@@ -95,11 +96,14 @@ public:
     // Takes the selected scheme (if any) and the sample font as the active ones and presses
     // the main window's Command2. Writes nothing to disk.
     void apply();
-    // Asks for a name and appends the current colours as that scheme.
+    // Asks for a name and appends the current colours as that scheme, unless the collection
+    // file (not the list, which another copy of the game may have outdated) already has it.
     void add();
     // After a Yes, writes the current colours over the selected scheme.
     void replace();
     // After a Yes, deletes the selected scheme unless it is the active one.
+    // Each edit that finds the scheme gone from the file, or the file being edited by another
+    // copy of the game, says so (and refreshes the list when the file changed).
     void remove();
 
 Q_SIGNALS:
@@ -113,6 +117,8 @@ Q_SIGNALS:
 private:
     void RecolourOptions();
     void message(const QString& text);
+    // The message for an edit of `file` that was not done: `error` + file for a failure.
+    void notDone(SchemeEdit result, const QString& file, const QString& error);
     bool confirm(const QString& question);
     // The selected scheme's name once the player said Yes to `question` + name; "" when none
     // is selected (after showing `noneSelected`) or the answer was not Yes.

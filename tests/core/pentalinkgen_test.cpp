@@ -6,6 +6,7 @@
 #include "support/writefault.h"
 
 #include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -155,6 +156,24 @@ TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
         EXPECT_EQ(run.err.count(u'\n'), 1) << "one line: " << run.err.toStdString();
         EXPECT_TRUE(run.out.isEmpty()) << args.join(u' ').toStdString();
         EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before) << "no file left";
+    }
+}
+
+// A PENTALINK_HOME that is not valid UTF-8 names no folder the programs could use: both stop
+// and say why, rather than work in another folder.
+TEST_F(PentalinkGenTest, AHomeThatIsNotUtf8StopsBothProgramsWithTheReason) {
+    qputenv("PENTALINK_HOME", QFile::encodeName(m_folder.path()) + "games\xff");
+    const std::pair<QString, int> rows[] = {
+        {QStringLiteral(PENTALINK_GEN_PATH), 2},
+#ifdef PENTALINK_GAME_PATH
+        {QStringLiteral(PENTALINK_GAME_PATH), 1},
+#endif
+    };
+    for (const auto& [program, exitCode] : rows) {
+        const GenRun run = runGen({}, program);
+        EXPECT_EQ(run.exitCode, exitCode) << program.toStdString();
+        EXPECT_TRUE(run.err.contains(QStringLiteral("PENTALINK_HOME is not valid UTF-8")))
+            << run.err.toStdString();
     }
 }
 

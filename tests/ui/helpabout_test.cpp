@@ -8,6 +8,7 @@
 #include "ui/boxcontrol.h"
 #include "ui/contrast.h"
 #include "ui/form4.h"
+#include "ui/helppage.h"
 #include "ui/msgform.h"
 #include "ui/programicon.h"
 
@@ -26,6 +27,8 @@
 #include <QTextBrowser>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -146,6 +149,51 @@ TEST_F(HelpWindowTest, WebLinksGoToTheDesktopBackAndForwardStepOnlyBetweenAnchor
     QTest::keyClick(&browser(), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(shown(), page);
     EXPECT_EQ(browser().forwardHistoryCount(), 2);
+}
+
+// What the window shows for pages the browser cannot lay out at once (each refused before it
+// reaches the browser, with the reason), and that a page is read once per change of its file.
+TEST_F(HelpWindowTest, EveryPageIsBoundedAndLaidOutOncePerChangeOfTheFile) {
+    const QString page = m_folder.file(QStringLiteral("pentalink.htm"));
+    m_help.setPagePath(page);
+    const QByteArray nested = QByteArray("<table><tr><td>").repeated(3000) + "deep";
+    const struct {
+        const char* what;
+        QByteArray content; // null: a FIFO
+        const char* shown;
+    } rows[] = {
+        {"3,000 nested tables", nested, "it has more than 2000 elements"},
+        {"5 nested tables", QByteArray("<table><tr><td>").repeated(5), "nested more than 4 deep"},
+        {"4 nested tables", QByteArray("<table><tr><td>").repeated(4) + "four", "four"},
+        // Found by fuzz_helppage: tables standing in a table outside its cells nest deeper.
+        {"tables outside cells", "<td>a</tr><td>b</table>c<td>d</table>e<td>f</table>g<td>",
+         "nested more than 4 deep"},
+        {"over 1 MB", QByteArray(HelpPage::MaxBytes + 1, ' '), "it is larger than 1 MB"},
+        {"a word of 3,000 letters", QByteArray(3000, 'w'), "that cannot be broken"},
+        {"2,001 list items", "<ul>" + QByteArray("<li>i").repeated(2001),
+         "more than 2000 elements"},
+        {"201 style rules", "<style>" + QByteArray("p{}").repeated(201), "more than 200 style"},
+        {"a FIFO", QByteArray(), "it is not a regular file"},
+        {"the shipped page", QByteArray(), "Pentalink Help"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        QFile::remove(page);
+        if (row.shown == std::string_view("Pentalink Help")) {
+            QFile::copy(shippedDataDir() + QStringLiteral("pentalink.htm"), page);
+        } else if (row.content.isNull()) {
+            ASSERT_EQ(mkfifo(QFile::encodeName(page).constData(), 0600), 0);
+        } else {
+            m_folder.write(QStringLiteral("pentalink.htm"), row.content);
+        }
+        m_help.activated();
+        EXPECT_TRUE(browser().toPlainText().contains(QString::fromLatin1(row.shown)))
+            << browser().toPlainText().left(200).toStdString();
+        // Shown again without a change of the file, the page is not laid out again.
+        const int revision = browser().document()->revision();
+        m_help.activated();
+        EXPECT_EQ(browser().document()->revision(), revision);
+    }
 }
 
 TEST_F(HelpWindowTest, EveryActivationShowsTheTopWithTheSchemeColoursAndExitHides) {
