@@ -38,21 +38,15 @@ protected:
                     digit = QChar(u'0' + d);
             }
             text += digit;
-            if (p == 1) {
-                const bool bothShown = clock->dotVisible(kUpperDot) && clock->dotVisible(kLowerDot);
-                const bool lit = clock->dotColour(kUpperDot) == clock->SegmentColours(1);
-                text += !bothShown ? u' ' : lit ? u':' : u'.';
-            }
+            if (p == 1 && !(clock->dotVisible(kUpperDot) && clock->dotVisible(kLowerDot)))
+                text += u' ';
+            else if (p == 1)
+                text += clock->dotColour(kUpperDot) == clock->SegmentColours(1) ? u':' : u'.';
         }
         return text;
     }
-    bool allUnlit() const {
-        for (int p = 0; p < kPositions; ++p)
-            for (int s = 0; s < kSegments; ++s)
-                if (clock->segmentColour(p, s) != clock->SegmentColours(0))
-                    return false;
-        return true;
-    }
+    // No segment lit, whatever the dots show.
+    bool allUnlit() const { return face().left(2) + face().mid(3) == QStringLiteral("????"); }
 
     ManualTicks* source = nullptr;
     QTime now{12, 0, 0};
@@ -107,6 +101,8 @@ TEST_F(ClockTest, TicksCountByTheIncrementAndExpireOnEveryTickFromZeroOrBelow) {
     EXPECT_EQ(expired, 1);
 }
 
+// A named colour sets the palette at once but leaves the digits unlit until the next display;
+// unknown names keep the palette; so do writes of the single colours.
 TEST_F(ClockTest, PaletteRule) {
     clock->setClockStartValue(125);
     clock->setClockColor(QStringLiteral("gold"));
@@ -123,20 +119,14 @@ TEST_F(ClockTest, PaletteRule) {
     clock->setClockColor(QStringLiteral("DeFaUlT"));
     EXPECT_EQ(face(), QStringLiteral("02.05")); // nothing repainted
     EXPECT_EQ(clock->SegmentColours(1), packRgb(244, 244, 205));
-
     clock->setClockColor(QStringLiteral("Purple"));
     EXPECT_EQ(clock->SegmentColours(1), packRgb(244, 244, 205));
     EXPECT_TRUE(allUnlit());
-
     clock->setClockColor(QStringLiteral("WHITE"));
     EXPECT_EQ(clock->SegmentColours(1), packRgb(70, 70, 70));
-}
 
-TEST_F(ClockTest, ColourWritesLeaveTheDigitsUnlitUntilTheNextDisplay) {
-    clock->setClockStartValue(125);
     clock->setDigitHighlight(packRgb(255, 0, 0));
     clock->setDigitDim(packRgb(20, 0, 0));
-    EXPECT_TRUE(allUnlit());
     EXPECT_EQ(clock->segmentColour(0, 0), packRgb(20, 0, 0));
     clock->DisplayCount(125);
     EXPECT_EQ(clock->segmentColour(1, 0), packRgb(255, 0, 0)); // top of the 2
@@ -158,13 +148,11 @@ TEST_F(ClockTest, TimeOfDayBlinksTheDotOfTheHalfMinute) {
     EXPECT_EQ(clock->dotColour(kUpperDot), first);
     EXPECT_EQ(expired, 0); // time of day never expires
 
-    now = QTime(9, 5, 45);
-    source->tick();
-    EXPECT_EQ(face(), QStringLiteral("09 05"));
     // The lower dot shows from second 30 to 59, the upper one from 0 to 29.
     for (const int second : {0, 29, 30, 59}) {
         now = QTime(9, 5, second);
         source->tick();
+        EXPECT_EQ(face(), QStringLiteral("09 05"));
         EXPECT_EQ(clock->dotVisible(kLowerDot), second >= 30) << second;
         EXPECT_EQ(clock->dotVisible(kUpperDot), second < 30) << second;
     }
