@@ -176,22 +176,14 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
     QFile::link(folder.file(QStringLiteral("full.txt")), folder.file(QStringLiteral("link.txt")));
     QFile::link(folder.file(QStringLiteral("gone.txt")), folder.file(QStringLiteral("dead.txt")));
 
-    const struct {
-        const char* name;
-        bool exists;
-    } rows[] = {
-        {"full.txt", true},
-        {"empty.txt", false},
-        {"one.txt", true},
-        {"missing.txt", false},
-        {"sub", false},
-        {"link.txt", true},
-        {"dead.txt", false},
-        // Permissions do not stop root from reading.
-        {"locked.txt", geteuid() == 0},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(FileExists(folder.file(QString::fromLatin1(row.name))), row.exists) << row.name;
+    // Permissions do not stop root from reading.
+    const std::pair<const char*, bool> rows[] = {
+        {"full.txt", true},  {"empty.txt", false},
+        {"one.txt", true},   {"missing.txt", false},
+        {"sub", false},      {"link.txt", true},
+        {"dead.txt", false}, {"locked.txt", geteuid() == 0}};
+    for (const auto& [name, exists] : rows)
+        EXPECT_EQ(FileExists(folder.file(QString::fromLatin1(name))), exists) << name;
     EXPECT_FALSE(FileExists(QString()));
 }
 
