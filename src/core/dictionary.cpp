@@ -5,10 +5,12 @@
 #include "core/codepoints.h"
 #include "core/dictionaryfile.h"
 #include "core/eventpump.h"
+#include "core/memoryinfo.h"
 #include "core/notifier.h"
 #include "core/randomsource.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace {
@@ -17,6 +19,8 @@ constexpr qint64 kLowestKey = 1;
 constexpr qint64 kHighestKey = 99998;
 constexpr int kPollEvery = 4096; // entries filled between two polls of the event pump
 constexpr int kShortRun = 16;    // keys sharing a number that an insertion sort handles
+// A load of at least this many words hands the memory its file took back to the system.
+constexpr qint64 kLargeLoad = 100'000;
 
 // The order of "five digits + entry" texts compared without regard to case: the fixed-width
 // number first, then the entry.
@@ -26,22 +30,30 @@ bool keyLess(const ShuffleKey& a, const ShuffleKey& b) {
     return compareIgnoringCase(a.entry, b.entry) < 0;
 }
 
+// Room for the reversed entry of an accepted line (four characters, each one or two units).
+using ReverseBuffer = std::array<char16_t, 9>;
+
 // The reversed entry of a word: its characters reversed (a surrogate pair stays in order),
-// then the mark "*".
-QString markedReverse(QStringView word) {
-    QString entry(word.size() + 1, Qt::Uninitialized);
-    QChar* out = entry.data();
+// then the mark "*", written into `buffer`.
+QStringView markedReverse(QStringView word, ReverseBuffer& buffer) {
+    char16_t* out = buffer.data();
     qsizetype end = word.size();
     while (end > 0) {
         qsizetype start = end - 1;
         if (start > 0 && word[start].isLowSurrogate() && word[start - 1].isHighSurrogate())
             --start;
         for (qsizetype k = start; k < end; ++k)
-            *out++ = word[k];
+            *out++ = word[k].unicode();
         end = start;
     }
     *out = u'*';
-    return entry;
+    return QStringView(buffer.data(), word.size() + 1);
+}
+
+const QString kNoMemory = QStringLiteral("There is not enough memory for its words.");
+
+QString megabytes(qint64 bytes) {
+    return QString::number((bytes + (1 << 20) - 1) >> 20) + QStringLiteral(" MB");
 }
 
 // Sorts texts by comparing them without regard to case; equal ones keep their order.
@@ -104,102 +116,170 @@ DictionaryLoader::DictionaryLoader(clsSimpleArray& wordList, RandomSource& rando
                                    Notifier* notifier)
     : m_wordList(wordList)
     , m_random(random)
-    , m_notifier(notifier) {}
+    , m_notifier(notifier)
+    , m_available(availableMemoryBytes) {}
 
 QString DictionaryLoader::fileNameOf(const QString& path) {
     const qsizetype slash = path.lastIndexOf(u'/');
     return slash < 0 ? path : path.mid(slash + 1);
 }
 
-bool DictionaryLoader::LoadDictionary(const QString& path) {
-    const DictionaryFileContents contents = readDictionaryFile(path, m_pump);
-    if (!contents.ok) {
-        m_error = contents.error;
-        if (m_notifier) {
-            m_notifier->MsgboxA(QStringLiteral("Unable to read the dictionary file\r\n") + path +
-                                    QStringLiteral("\r\n") + contents.error,
-                                QStringLiteral("vbcritical+vbok"));
-        }
-        return false;
+void DictionaryLoader::setAvailableMemory(AvailableMemory available) {
+    m_available = available ? std::move(available) : AvailableMemory(availableMemoryBytes);
+}
+
+bool DictionaryLoader::stopRequested() const {
+    return m_pump && m_pump->stopRequested();
+}
+
+QString DictionaryLoader::memoryShortfall(qint64 words) const {
+    const qint64 available = m_available();
+    if (available < 0)
+        return {};
+    // The current list goes before the new one is built.
+    const qint64 room = available + m_wordList.storageBytes();
+    const qint64 needed = words * (kLoadBytesPerWord + kIndexBytesPerWord);
+    if (needed <= room)
+        return {};
+    return QStringLiteral("There is not enough memory for its ") + QString::number(words) +
+           QStringLiteral(" words: they need about ") + megabytes(needed) +
+           QStringLiteral(", and ") + megabytes(room) + QStringLiteral(" are available.");
+}
+
+void DictionaryLoader::fail(const QString& path, const QString& reason) {
+    m_error = reason;
+    if (m_notifier) {
+        m_notifier->MsgboxA(QStringLiteral("Unable to read the dictionary file\r\n") + path +
+                                QStringLiteral("\r\n") + reason,
+                            QStringLiteral("vbcritical+vbok"));
     }
-    m_error.clear();
-    fill(contents);
-    m_wordCount = static_cast<int>(contents.wordCount());
+}
+
+bool DictionaryLoader::LoadDictionary(const QString& path) {
+    constexpr qint64 kSpare = qint64{64} << 20; // left to the rest of the program and system
+    const MemoryCheck mayTake = [this](qint64 bytes) {
+        const qint64 available = m_available();
+        return available < 0 || available >= bytes + kSpare;
+    };
+    qint64 wordCount = 0;
+    {
+        DictionaryFileContents contents = readDictionaryFile(path, m_pump, mayTake);
+        if (contents.stopped) {
+            m_error = contents.error;
+            return false;
+        }
+        if (!contents.ok) {
+            fail(path, contents.error);
+            return false;
+        }
+        if (const QString shortfall = memoryShortfall(contents.wordCount()); !shortfall.isEmpty()) {
+            fail(path, shortfall);
+            return false;
+        }
+        m_error.clear();
+        bool filled = false;
+        try {
+            filled = fill(contents);
+        } catch (const std::bad_alloc&) {
+            m_error = kNoMemory;
+        }
+        if (!filled) {
+            m_wordList.Clear(); // the old list is gone already
+            m_wordCount = 0;
+            if (!stopRequested())
+                fail(path, m_error);
+            return false;
+        }
+        wordCount = contents.wordCount();
+    }
+    if (wordCount >= kLargeLoad)
+        returnFreedMemory(); // what the file's words took while the list was built
+    m_wordCount = static_cast<int>(wordCount);
     m_statusToolTip = path;
     m_statusText = QStringLiteral("Dictionary: ") + fileNameOf(path) + QStringLiteral(" (") +
                    QString::number(m_wordCount) + QStringLiteral(" words)");
     return true;
 }
 
-void DictionaryLoader::fill(const DictionaryFileContents& words) {
+bool DictionaryLoader::fill(const DictionaryFileContents& words) {
     m_wordList.Clear(); // before building the new list, so the two never coexist
-    const auto count = static_cast<size_t>(words.wordCount());
-    std::vector<QString> entries;
-    entries.reserve(count * 2);
+    const qsizetype count = words.wordCount();
+    if (!m_wordList.reserveForAppend(2 * count,
+                                     2 * static_cast<qsizetype>(words.text.size()) + count)) {
+        m_error = kNoMemory;
+        return false;
+    }
     int sinceLastPoll = 0;
     auto poll = [&] {
         if (m_pump && ++sinceLastPoll == kPollEvery) {
             sinceLastPoll = 0;
             m_pump->poll();
         }
+        return !stopRequested();
     };
+    ReverseBuffer buffer;
+    bool appended = true;
+    auto append = [&](QStringView entry) { appended = m_wordList.appendItem(entry) && appended; };
 
     if (!m_shuffled) {
-        for (qsizetype w = 0; w < words.wordCount(); ++w) {
-            entries.push_back(words.word(w).toString());
-            entries.push_back(markedReverse(words.word(w)));
-            poll();
+        for (qsizetype w = 0; w < count; ++w) {
+            append(words.word(w));
+            append(markedReverse(words.word(w), buffer));
+            if (!poll())
+                return false;
         }
-        m_wordList.appendItems(std::move(entries));
-        return;
+        if (!appended)
+            m_error = kNoMemory;
+        return appended;
     }
 
     // The order of the keys "number + entry" (see sortShuffleKeys), without building them: the
     // words ordered by their numbers (file order among equal numbers), and where words share a
     // number, their entries in arrival order (word, then its reverse) sorted by text.
-    std::vector<quint32> numbers(count);
+    std::vector<quint32> numbers(static_cast<size_t>(count));
     for (quint32& number : numbers) {
         number = static_cast<quint32>(m_random.between(kLowestKey, kHighestKey));
-        poll();
+        if (!poll())
+            return false;
     }
-    std::vector<int> start(static_cast<size_t>(kHighestKey) + 2, 0);
+    std::vector<qsizetype> start(static_cast<size_t>(kHighestKey) + 2, 0);
     for (const quint32 number : numbers)
         ++start[number + 1];
     for (size_t n = 1; n < start.size(); ++n)
         start[n] += start[n - 1];
-    std::vector<int> order(count);
-    for (size_t w = 0; w < count; ++w)
-        order[static_cast<size_t>(start[numbers[w]]++)] = static_cast<int>(w);
-    std::vector<int>().swap(start);
+    std::vector<quint32> order(static_cast<size_t>(count));
+    for (size_t w = 0; w < order.size(); ++w)
+        order[static_cast<size_t>(start[numbers[w]]++)] = static_cast<quint32>(w);
+    std::vector<qsizetype>().swap(start);
 
     std::vector<QString> run;
-    for (size_t k = 0; k < count;) {
+    const auto total = static_cast<size_t>(count);
+    for (size_t k = 0; k < total;) {
         size_t end = k + 1;
-        const quint32 number = numbers[static_cast<size_t>(order[k])];
-        while (end < count && numbers[static_cast<size_t>(order[end])] == number)
+        const quint32 number = numbers[order[k]];
+        while (end < total && numbers[order[end]] == number)
             ++end;
         if (end - k == 1) { // the usual case: one word, its two entries
             const QStringView word = words.word(order[k]);
-            QString reverse = markedReverse(word);
-            if (compareIgnoringCase(reverse, word) < 0) {
-                entries.push_back(std::move(reverse));
-                entries.push_back(word.toString());
-            } else {
-                entries.push_back(word.toString());
-                entries.push_back(std::move(reverse));
-            }
+            const QStringView reverse = markedReverse(word, buffer);
+            const bool reverseFirst = compareIgnoringCase(reverse, word) < 0;
+            append(reverseFirst ? reverse : word);
+            append(reverseFirst ? word : reverse);
         } else {
             run.clear();
             for (size_t i = k; i < end; ++i) {
                 run.push_back(words.word(order[i]).toString());
-                run.push_back(markedReverse(words.word(order[i])));
+                run.push_back(markedReverse(words.word(order[i]), buffer).toString());
             }
             stableSortIgnoringCase(run);
-            for (QString& entry : run)
-                entries.push_back(std::move(entry));
+            for (const QString& entry : run)
+                append(entry);
         }
-        poll();
+        if (!poll())
+            return false;
         k = end;
     }
-    m_wordList.appendItems(std::move(entries));
+    if (!appended)
+        m_error = kNoMemory;
+    return appended;
 }

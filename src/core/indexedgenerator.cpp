@@ -5,6 +5,7 @@
 #include "core/codepoints.h"
 #include "core/eventpump.h"
 #include "core/generatorwords.h"
+#include "core/memoryinfo.h"
 #include "core/stargrid.h"
 
 #include <algorithm>
@@ -40,6 +41,13 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
     m_wordIds.assign(entries, -1);
     m_stamp = 0;
     return true;
+}
+
+void IndexedPuzzleGenerator::forgetWordList() {
+    EventPump* pump = m_pump;
+    *this = IndexedPuzzleGenerator(); // every index and table released, not only emptied
+    setEventPump(pump);
+    returnFreedMemory();
 }
 
 void IndexedPuzzleGenerator::forgetFailures() {

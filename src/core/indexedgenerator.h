@@ -70,6 +70,7 @@ public:
     void setEventPump(EventPump* pump);
 
     GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) override;
+    void forgetWordList() override;
 
     // Work counters of the last generate() call, for tests and benchmarks.
     struct Statistics {
