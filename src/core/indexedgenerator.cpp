@@ -38,7 +38,7 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
     const auto entries = static_cast<size_t>(m_index.entryCount());
     m_marks.assign(entries, 0);
     m_exhausted.assign(static_cast<size_t>(m_index.alphabetSize()), 0);
-    m_wordIds.assign(entries, -1);
+    m_wordIds.clear();
     m_stamp = 0;
     return true;
 }
@@ -57,7 +57,7 @@ void IndexedPuzzleGenerator::forgetFailures() {
     m_retry.clear();
     m_filings.clear();
     m_bySecond.assign(static_cast<size_t>(m_index.alphabetSize()), -1);
-    m_bySingle.assign(static_cast<size_t>(m_index.entryCount()), -1);
+    m_bySingle.clear();
     m_steeringPool.clear();
 }
 
@@ -524,7 +524,7 @@ int IndexedPuzzleGenerator::findByFirstAndLast(int l0, int l3) const {
 }
 
 int IndexedPuzzleGenerator::wordId(const clsSimpleArray& wordList, int id) {
-    int& number = m_wordIds[static_cast<size_t>(id)];
+    int& number = m_wordIds.try_emplace(id, -1).first->second;
     if (number < 0) {
         const QString key = upperCodePoints(realSpelling(wordList.List(m_index.currentIndex(id))));
         number = m_wordNumbers.value(key, -1);
@@ -575,10 +575,10 @@ void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
         set(m_singles[static_cast<size_t>(k)]);
 }
 
-void IndexedPuzzleGenerator::file(std::vector<int>& heads, size_t at, int root) {
+void IndexedPuzzleGenerator::file(int& head, int root) {
     const auto generation = m_failures[root].generation;
-    m_filings.push_back({root, generation, heads[at]});
-    heads[at] = static_cast<int>(m_filings.size()) - 1;
+    m_filings.push_back({root, generation, head});
+    head = static_cast<int>(m_filings.size()) - 1;
 }
 
 void IndexedPuzzleGenerator::rememberFailure(int root) {
@@ -624,10 +624,10 @@ void IndexedPuzzleGenerator::fileFailure(int root) {
     const Failure& failure = m_failures[root];
     // Failures by index are also filed under the root's second letter (see steeredBy).
     if (failure.secondUpTo >= 0)
-        file(m_bySecond, m_index.letter(root, 1), root);
+        file(m_bySecond[m_index.letter(root, 1)], root);
     for (int k = 0; k < failure.steerCount; ++k) {
         const int entry = m_steeringPool[static_cast<size_t>(failure.steerBegin + k)];
-        file(m_bySingle, static_cast<size_t>(entry), root);
+        file(m_bySingle.try_emplace(entry, -1).first->second, root);
     }
 }
 
@@ -659,5 +659,6 @@ void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
     };
     if (m_index.hasLetters(removed))
         check(m_bySecond[m_index.letter(removed, 1)]);
-    check(m_bySingle[static_cast<size_t>(removed)]);
+    if (const auto it = m_bySingle.find(removed); it != m_bySingle.end())
+        check(it->second);
 }

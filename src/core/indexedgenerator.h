@@ -177,7 +177,8 @@ private:
     void writeMarks(clsSimpleArray& wordList);
     void rememberFailure(int root);
     void fileFailure(int root);
-    void file(std::vector<int>& heads, size_t at, int root);
+    // Files the failure of `root` at the front of the list that starts at `head`.
+    void file(int& head, int root);
     // Before `removed` leaves the list: the remembered failures it steered are dropped and
     // queued to run again.
     void forgetFailuresMarking(int removed);
@@ -222,10 +223,13 @@ private:
     std::vector<int> m_retry;
     std::vector<Filing> m_filings;
     std::vector<int> m_bySecond; // letter -> first filing of failures with that second letter
-    std::vector<int> m_bySingle; // entry -> first filing of failures that marked it singly
+    // entry -> first filing of failures that marked it singly (few entries: a map, not an
+    // array over every entry)
+    std::unordered_map<int, int> m_bySingle;
     std::vector<int> m_steeringPool;
 
-    // Real spellings numbered so that equal ones ignoring case share a number (-1: not yet).
-    std::vector<int> m_wordIds;
+    // Real spellings numbered so that equal ones ignoring case share a number, by entry (for
+    // the few entries a request looks at).
+    std::unordered_map<int, int> m_wordIds;
     QHash<QString, int> m_wordNumbers;
 };
