@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -76,9 +77,28 @@ void stableSortIgnoringCase(std::vector<Item>& items, size_t from, size_t to, Te
     }
 }
 
-void stableSortIgnoringCase(std::vector<QString>& texts) {
-    stableSortIgnoringCase(texts, 0, texts.size(),
-                           [](const QString& t) -> const QString& { return t; });
+// One entry of a run of words that drew the same number: the word (its number in the file)
+// and which of its two entries, with a key that orders ASCII texts as compareIgnoringCase
+// does: the upper-cased characters as bytes, each plus one, then zeros (a prefix first).
+struct RunEntry {
+    quint64 key;
+    quint32 word;
+    bool reversed;
+};
+
+// The key of an ASCII text of at most eight characters, or nothing.
+std::optional<quint64> asciiKey(QStringView text) {
+    if (text.size() > 8)
+        return std::nullopt;
+    quint64 key = 0;
+    int shift = 56;
+    for (const QChar c : text) {
+        if (c.unicode() >= 0x80)
+            return std::nullopt;
+        key |= static_cast<quint64>(upperCodePoint(c.unicode()) + 1) << shift;
+        shift -= 8;
+    }
+    return key;
 }
 
 } // namespace
@@ -252,28 +272,51 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         order[static_cast<size_t>(start[numbers[w]]++)] = static_cast<quint32>(w);
     std::vector<qsizetype>().swap(start);
 
-    std::vector<QString> run;
+    std::vector<RunEntry> run;
+    auto entryText = [&](const RunEntry& e) {
+        return e.reversed ? markedReverse(words.word(e.word), buffer) : words.word(e.word);
+    };
     const auto total = static_cast<size_t>(count);
     for (size_t k = 0; k < total;) {
         size_t end = k + 1;
         const quint32 number = numbers[order[k]];
         while (end < total && numbers[order[end]] == number)
             ++end;
-        if (end - k == 1) { // the usual case: one word, its two entries
+        if (end - k == 1) { // one word, its two entries
             const QStringView word = words.word(order[k]);
             const QStringView reverse = markedReverse(word, buffer);
             const bool reverseFirst = compareIgnoringCase(reverse, word) < 0;
             append(reverseFirst ? reverse : word);
             append(reverseFirst ? word : reverse);
-        } else {
+        } else { // several words (most of them in a large file): their entries by text
             run.clear();
+            bool keyed = true;
             for (size_t i = k; i < end; ++i) {
-                run.push_back(words.word(order[i]).toString());
-                run.push_back(markedReverse(words.word(order[i]), buffer).toString());
+                for (const bool reversed : {false, true}) {
+                    RunEntry e{0, order[i], reversed};
+                    const std::optional<quint64> key = asciiKey(entryText(e));
+                    keyed = keyed && key.has_value();
+                    e.key = key.value_or(0);
+                    run.push_back(e);
+                }
             }
-            stableSortIgnoringCase(run);
-            for (const QString& entry : run)
-                append(entry);
+            if (keyed) {
+                std::stable_sort(run.begin(), run.end(), [](const RunEntry& a, const RunEntry& b) {
+                    return a.key < b.key;
+                });
+            } else { // a text beyond ASCII: compared as texts, each in a buffer of its own
+                ReverseBuffer left;
+                ReverseBuffer right;
+                auto text = [&](const RunEntry& e, ReverseBuffer& into) {
+                    return e.reversed ? markedReverse(words.word(e.word), into)
+                                      : words.word(e.word);
+                };
+                std::stable_sort(run.begin(), run.end(), [&](const RunEntry& a, const RunEntry& b) {
+                    return compareIgnoringCase(text(a, left), text(b, right)) < 0;
+                });
+            }
+            for (const RunEntry& e : run)
+                append(entryText(e));
         }
         if (!poll())
             return false;
