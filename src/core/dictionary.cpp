@@ -79,16 +79,19 @@ void stableSortIgnoringCase(std::vector<Item>& items, size_t from, size_t to, Te
 
 // One entry of a run of words that drew the same number: the word (its number in the file)
 // and which of its two entries, with a key that orders ASCII texts as compareIgnoringCase
-// does: the upper-cased characters as bytes, each plus one, then zeros (a prefix first).
+// does: the upper-cased characters as bytes, each plus one, then zeros (a prefix first), and
+// in the low bits the entry's place in the run, so that equal texts keep their order.
 struct RunEntry {
     quint64 key;
     quint32 word;
     bool reversed;
 };
+constexpr int kKeyedCharacters = 5;
+constexpr qsizetype kKeyedRun = qsizetype{1} << 24; // places that fit in the low bits
 
-// The key of an ASCII text of at most eight characters, or nothing.
+// The key of an ASCII text of at most five characters, or nothing.
 std::optional<quint64> asciiKey(QStringView text) {
-    if (text.size() > 8)
+    if (text.size() > kKeyedCharacters)
         return std::nullopt;
     quint64 key = 0;
     int shift = 56;
@@ -262,48 +265,52 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         if (!poll())
             return false;
     }
-    std::vector<qsizetype> start(static_cast<size_t>(kHighestKey) + 2, 0);
+    std::vector<qsizetype> end(static_cast<size_t>(kHighestKey) + 2, 0);
     for (const quint32 number : numbers)
-        ++start[number + 1];
-    for (size_t n = 1; n < start.size(); ++n)
-        start[n] += start[n - 1];
+        ++end[number + 1];
+    for (size_t n = 1; n < end.size(); ++n)
+        end[n] += end[n - 1];
     std::vector<quint32> order(static_cast<size_t>(count));
     for (size_t w = 0; w < order.size(); ++w)
-        order[static_cast<size_t>(start[numbers[w]]++)] = static_cast<quint32>(w);
-    std::vector<qsizetype>().swap(start);
+        order[static_cast<size_t>(end[numbers[w]]++)] = static_cast<quint32>(w);
+    std::vector<quint32>().swap(numbers); // the words of number n now end at end[n]
 
     std::vector<RunEntry> run;
     auto entryText = [&](const RunEntry& e) {
         return e.reversed ? markedReverse(words.word(e.word), buffer) : words.word(e.word);
     };
-    const auto total = static_cast<size_t>(count);
-    for (size_t k = 0; k < total;) {
-        size_t end = k + 1;
-        const quint32 number = numbers[order[k]];
-        while (end < total && numbers[order[end]] == number)
-            ++end;
-        if (end - k == 1) { // one word, its two entries
-            const QStringView word = words.word(order[k]);
+    // The words are visited in random order: their texts are fetched ahead of use.
+    auto fetchAhead = [&](qsizetype k) {
+        if (k < count && words.starts.empty())
+            __builtin_prefetch(words.text.data() + 4 * static_cast<size_t>(order[k]));
+    };
+    constexpr qsizetype kAhead = 16;
+    for (size_t n = kLowestKey; n <= kHighestKey; ++n) {
+        const qsizetype first = end[n - 1];
+        const qsizetype last = end[n];
+        if (last - first == 1) { // one word, its two entries
+            fetchAhead(first + kAhead);
+            const QStringView word = words.word(order[first]);
             const QStringView reverse = markedReverse(word, buffer);
             const bool reverseFirst = compareIgnoringCase(reverse, word) < 0;
             append(reverseFirst ? reverse : word);
             append(reverseFirst ? word : reverse);
-        } else { // several words (most of them in a large file): their entries by text
+        } else if (last > first) { // several words (most of them in a large file)
             run.clear();
-            bool keyed = true;
-            for (size_t i = k; i < end; ++i) {
+            bool keyed = 2 * (last - first) <= kKeyedRun;
+            for (qsizetype i = first; i < last; ++i) {
+                fetchAhead(i + kAhead);
                 for (const bool reversed : {false, true}) {
                     RunEntry e{0, order[i], reversed};
                     const std::optional<quint64> key = asciiKey(entryText(e));
                     keyed = keyed && key.has_value();
-                    e.key = key.value_or(0);
+                    e.key = key.value_or(0) | run.size();
                     run.push_back(e);
                 }
             }
-            if (keyed) {
-                std::stable_sort(run.begin(), run.end(), [](const RunEntry& a, const RunEntry& b) {
-                    return a.key < b.key;
-                });
+            if (keyed) { // keys are distinct: a plain sort keeps equal texts in order
+                std::sort(run.begin(), run.end(),
+                          [](const RunEntry& a, const RunEntry& b) { return a.key < b.key; });
             } else { // a text beyond ASCII: compared as texts, each in a buffer of its own
                 ReverseBuffer left;
                 ReverseBuffer right;
@@ -320,7 +327,6 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         }
         if (!poll())
             return false;
-        k = end;
     }
     if (!appended)
         m_error = kNoMemory;
