@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr quint32 kRemovedStamp = std::numeric_limits<quint32>::max();
+// Marks are a byte per entry: the stamps of attempts run from 1 to 254 and then start over.
+constexpr quint8 kRemovedStamp = 0xFF;
 // Removed entries pile up as dead weight in the keyed lists; past this share, rebuild.
 constexpr int kRebuildShare = 8;
 
@@ -62,8 +63,8 @@ void IndexedPuzzleGenerator::forgetFailures() {
 }
 
 void IndexedPuzzleGenerator::startAttempt() {
-    if (++m_stamp == kRemovedStamp) { // after four billion attempts: start the stamps afresh
-        for (quint32& stamp : m_marks) {
+    if (++m_stamp == kRemovedStamp) { // every 254 attempts: start the stamps afresh
+        for (quint8& stamp : m_marks) {
             if (stamp != kRemovedStamp)
                 stamp = 0;
         }
@@ -78,7 +79,7 @@ void IndexedPuzzleGenerator::startAttempt() {
 }
 
 void IndexedPuzzleGenerator::mark(int id) {
-    m_marks[static_cast<size_t>(id)] = m_stamp;
+    m_marks[static_cast<size_t>(id)] = static_cast<quint8>(m_stamp);
     m_singles[static_cast<size_t>(m_singleCount++)] = id;
 }
 
@@ -512,15 +513,21 @@ int IndexedPuzzleGenerator::findByAllFour(int l0, int l1, int l2, int l3) const 
 }
 
 int IndexedPuzzleGenerator::findByFirstAndLast(int l0, int l3) const {
-    const KeyedEntryLists& lists = m_index.byFirstAndLast();
-    const int g = lists.findGroup(WordIndex::pack(l0, 0, 0, l3));
-    if (g < 0)
-        return kNoEntry;
-    for (const int id : lists.group(g)) {
-        if (!marked(id))
-            return id;
+    // The first unmarked entry of each second letter's group, the earliest of them.
+    int best = kNoEntry;
+    const KeyedEntryLists& firstTwo = m_index.byFirstTwo();
+    const KeyedEntryLists& lists = m_index.byFirstTwoAndLast();
+    const auto [begin, end] = m_index.firstTwoGroupsWithFirst(static_cast<Letter>(l0));
+    for (int g = begin; g < end; ++g) {
+        const auto l1 = static_cast<int>((firstTwo.groupKey(g) >> 32) & 0xFFFF);
+        const int last = lists.findGroup(WordIndex::pack(l0, l1, 0, l3));
+        if (last < 0 || (best != kNoEntry && lists.group(last).front() > best))
+            continue;
+        const int id = firstUnmarked(lists.group(last), l0, l1, -1);
+        if (id != kNoEntry && (best == kNoEntry || id < best))
+            best = id;
     }
-    return kNoEntry;
+    return best;
 }
 
 int IndexedPuzzleGenerator::wordId(const clsSimpleArray& wordList, int id) {

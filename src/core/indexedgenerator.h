@@ -4,7 +4,8 @@
 // instead of scanning the word list for every pattern.
 //
 // How the literal search is reproduced without walking it step by step:
-//   - Marks of use are attempt stamps, so starting an attempt clears them in O(1).
+//   - Marks of use are attempt stamps (a byte per entry), so starting an attempt clears them
+//     in O(1), apart from one pass over all of them every 254 attempts.
 //   - The second-word loop takes the entries with the root's second letter in list order, and
 //     each one searches third words starting with its own first letter. Once the third words
 //     of a first letter are used up they stay used up for the attempt, so only the first entry
@@ -191,7 +192,7 @@ private:
 
     // Marks of use: an entry is marked singly when its stamp is the attempt's (removed entries
     // carry the highest stamp, so they count as marked for good), or by the ranges below.
-    std::vector<quint32> m_marks;
+    std::vector<quint8> m_marks;
     std::vector<quint32> m_exhausted; // first letter -> stamp: its third words are used up
     quint32 m_stamp = 0;
     int m_second = -1;     // the root's second letter (cell 2)

@@ -78,9 +78,6 @@ void KeyedEntryLists::build(const Index& index, quint64 mask, int alphabetSize) 
         buildDense(index,
                    [=](quint64 p) { return (at(p, 48) * base + at(p, 32)) * base + at(p, 0); });
         break;
-    case WordIndex::kFirstAndLast:
-        buildDense(index, [=](quint64 p) { return at(p, 48) * base + at(p, 0); });
-        break;
     default:
         buildDense(index, [this](quint64 p) { return digitOf(p); });
     }
@@ -290,7 +287,6 @@ bool WordIndex::build(const clsSimpleArray& list) {
     const int size = alphabetSize();
     m_k01.build(*this, kFirstTwo, size);
     m_k013.build(*this, kFirstTwoAndLast, size);
-    m_k03.build(*this, kFirstAndLast, size);
     buildHeads();
     m_revision = list.revision();
     m_built = true;
@@ -324,6 +320,13 @@ void WordIndex::buildHeads() {
     m_headOffsets[static_cast<size_t>(groups)] = static_cast<int>(m_heads.size());
 
     // Groups bucketed by their second letter, each bucket ordered by first entry.
+    // Groups are numbered in key order: those of one first letter are consecutive.
+    m_firstOffsets.assign(static_cast<size_t>(alphabetSize()) + 1, 0);
+    for (int g = 0; g < groups; ++g)
+        ++m_firstOffsets[(m_k01.groupKey(g) >> 48) + 1];
+    for (size_t k = 1; k < m_firstOffsets.size(); ++k)
+        m_firstOffsets[k] += m_firstOffsets[k - 1];
+
     m_secondOffsets.assign(static_cast<size_t>(alphabetSize()) + 1, 0);
     auto secondOf = [this](int g) { return (m_k01.groupKey(g) >> 32) & kLetterMask; };
     for (int g = 0; g < groups; ++g)

@@ -24,6 +24,7 @@
 
 #include <array>
 #include <span>
+#include <utility>
 #include <vector>
 
 class clsSimpleArray;
@@ -85,7 +86,6 @@ public:
 
     static constexpr quint64 kFirstTwo = 0xFFFF'FFFF'0000'0000ULL;
     static constexpr quint64 kFirstTwoAndLast = 0xFFFF'FFFF'0000'FFFFULL;
-    static constexpr quint64 kFirstAndLast = 0xFFFF'0000'0000'FFFFULL;
 
     static quint64 pack(quint64 l0, quint64 l1, quint64 l2, quint64 l3) {
         return (l0 << 48) | (l1 << 32) | (l2 << 16) | l3;
@@ -146,10 +146,15 @@ public:
     // Mirrors the removal of the live entry `id` from the list.
     void remove(int id);
 
-    // Entries by letters 0 and 1; by 0, 1 and 3; by 0 and 3.
+    // Entries by letters 0 and 1; by 0, 1 and 3.
     const KeyedEntryLists& byFirstTwo() const { return m_k01; }
     const KeyedEntryLists& byFirstTwoAndLast() const { return m_k013; }
-    const KeyedEntryLists& byFirstAndLast() const { return m_k03; }
+    // The byFirstTwo() groups whose first letter is `first`: group numbers begin..end-1
+    // (groups are numbered in the order of their letters). An entry with first letter a and
+    // last letter b is in byFirstTwoAndLast() under a, one of these second letters, and b.
+    std::pair<int, int> firstTwoGroupsWithFirst(Letter first) const {
+        return {m_firstOffsets[first], m_firstOffsets[first + 1u]};
+    }
 
     // The groups of byFirstTwo() whose second letter is `second`, ordered by their first live
     // entry (groups without a live entry come last).
@@ -227,7 +232,7 @@ private:
     std::vector<int> m_removed;          // ascending
     KeyedEntryLists m_k01;
     KeyedEntryLists m_k013;
-    KeyedEntryLists m_k03;
+    std::vector<int> m_firstOffsets;   // first letter -> range of byFirstTwo() groups
     std::vector<int> m_head01;         // byFirstTwo() group -> first live entry or -1
     std::vector<int> m_secondOffsets;  // second letter -> range in m_groupsBySecond
     std::vector<int> m_groupsBySecond; // byFirstTwo() groups, bucketed by second letter
