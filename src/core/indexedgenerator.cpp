@@ -36,8 +36,7 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
     forgetFailures();
     if (!built)
         return false;
-    const auto entries = static_cast<size_t>(m_index.entryCount());
-    m_marks.assign(entries, 0);
+    std::vector<quint8>().swap(m_marks); // made by the first attempt on pattern lists
     m_exhausted.assign(static_cast<size_t>(m_index.alphabetSize()), 0);
     m_wordIds.clear();
     m_stamp = 0;
@@ -79,7 +78,6 @@ void IndexedPuzzleGenerator::startAttempt() {
 }
 
 void IndexedPuzzleGenerator::mark(int id) {
-    m_marks[static_cast<size_t>(id)] = static_cast<quint8>(m_stamp);
     m_singles[static_cast<size_t>(m_singleCount++)] = id;
 }
 
@@ -203,7 +201,8 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         forgetFailuresMarking(root);
         m_index.remove(root);
         m_index.setRevision(wordList.revision());
-        m_marks[static_cast<size_t>(root)] = kRemovedStamp;
+        if (!m_marks.empty())
+            m_marks[static_cast<size_t>(root)] = kRemovedStamp;
         std::sort(m_retry.begin(), m_retry.end());
         m_retry.erase(std::unique(m_retry.begin(), m_retry.end()), m_retry.end());
         m_statistics.remembered = index + 1 - m_statistics.attempts - m_statistics.known;
@@ -378,6 +377,11 @@ IndexedPuzzleGenerator::finish(const clsSimpleArray& wordList, StarGrid& grid,
 IndexedPuzzleGenerator::Outcome
 IndexedPuzzleGenerator::patternAttempt(const clsSimpleArray& wordList, StarGrid& grid, int root) {
     startAttempt();
+    if (m_marks.empty()) { // removed entries count as marked for good
+        m_marks.resize(static_cast<size_t>(m_index.entryCount()));
+        for (int id = 0; id < m_index.entryCount(); ++id)
+            m_marks[static_cast<size_t>(id)] = m_index.alive(id) ? 0 : kRemovedStamp;
+    }
     m_patterns.setSources(&m_index, &wordList);
     m_patternMarks.clear();
     m_steering.clear();

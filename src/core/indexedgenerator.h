@@ -4,8 +4,9 @@
 // instead of scanning the word list for every pattern.
 //
 // How the literal search is reproduced without walking it step by step:
-//   - Marks of use are attempt stamps (a byte per entry), so starting an attempt clears them
-//     in O(1), apart from one pass over all of them every 254 attempts.
+//   - Marks of use are the few entries an attempt marks one by one, plus ranges (below); on
+//     pattern lists attempt stamps (a byte per entry), so starting an attempt clears them in
+//     O(1), apart from one pass over all of them every 254 attempts.
 //   - The second-word loop takes the entries with the root's second letter in list order, and
 //     each one searches third words starting with its own first letter. Once the third words
 //     of a first letter are used up they stay used up for the attempt, so only the first entry
@@ -55,6 +56,7 @@
 #include <QHash>
 #include <QString>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <memory>
@@ -162,7 +164,11 @@ private:
     void copyFailure(int root, int from);
     void startAttempt();
     void mark(int id);
-    bool markedSingly(int id) const { return m_marks[static_cast<size_t>(id)] >= m_stamp; }
+    // By index: marked in this attempt (one of the few singles) or removed for good.
+    bool markedSingly(int id) const {
+        return !m_index.alive(id) || std::find(m_singles.begin(), m_singles.begin() + m_singleCount,
+                                               id) != m_singles.begin() + m_singleCount;
+    }
     bool exhausted(int first) const { return m_exhausted[static_cast<size_t>(first)] == m_stamp; }
     bool marked(int id) const;
     // The id up to which the range marks cover an entry with these first two letters, or
@@ -190,8 +196,10 @@ private:
     WordIndex m_index;
     Statistics m_statistics;
 
-    // Marks of use: an entry is marked singly when its stamp is the attempt's (removed entries
-    // carry the highest stamp, so they count as marked for good), or by the ranges below.
+    // Marks of use. By index: the singles and the ranges below. On pattern lists: an entry is
+    // marked when its stamp is the attempt's (removed entries carry the highest stamp, so they
+    // count as marked for good); the stamps are made by the first such attempt, so a list
+    // whose words hold no pattern character never pays for them.
     std::vector<quint8> m_marks;
     std::vector<quint32> m_exhausted; // first letter -> stamp: its third words are used up
     quint32 m_stamp = 0;
