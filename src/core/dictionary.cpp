@@ -8,9 +8,11 @@
 #include "core/memoryinfo.h"
 #include "core/notifier.h"
 #include "core/randomsource.h"
+#include "core/textstore.h"
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -161,7 +163,7 @@ QString DictionaryLoader::memoryShortfall(qint64 words) const {
         return {};
     // The current list goes before the new one is built.
     const qint64 room = available + m_wordList.storageBytes();
-    const qint64 needed = words * (kLoadBytesPerWord + kIndexBytesPerWord);
+    const qint64 needed = words * kBytesPerWord;
     if (needed <= room)
         return {};
     return QStringLiteral("There is not enough memory for its ") + QString::number(words) +
@@ -227,8 +229,12 @@ bool DictionaryLoader::LoadDictionary(const QString& path) {
 bool DictionaryLoader::fill(const DictionaryFileContents& words) {
     m_wordList.Clear(); // before building the new list, so the two never coexist
     const qsizetype count = words.wordCount();
-    if (!m_wordList.reserveForAppend(2 * count,
-                                     2 * static_cast<qsizetype>(words.text.size()) + count)) {
+    const qsizetype units = 2 * static_cast<qsizetype>(words.text.size()) + count;
+    if (2 * count > std::numeric_limits<int>::max() || units > TextStore::kMaxUnits) {
+        m_error = QStringLiteral("It has more words than a word list can hold.");
+        return false;
+    }
+    if (!m_wordList.reserveForAppend(2 * count, units)) {
         m_error = kNoMemory;
         return false;
     }

@@ -71,10 +71,10 @@ public:
     using AvailableMemory = std::function<qint64()>;
     void setAvailableMemory(AvailableMemory available);
 
-    // Bytes a load needs per accepted word: the list's two entries and what the load holds
-    // meanwhile, and the generator's index that the first puzzle request builds.
-    static constexpr qint64 kLoadBytesPerWord = 64;
-    static constexpr qint64 kIndexBytesPerWord = 72;
+    // Bytes a load needs per accepted word, with some room to spare: the list's two entries
+    // (about 36 bytes) with what the load holds meanwhile (about 12 more), or with the index
+    // that the generator's first request builds (about 26 more).
+    static constexpr qint64 kBytesPerWord = 80;
 
 private:
     // False when stopped, or when the memory ran out (m_error says so; the list is empty).

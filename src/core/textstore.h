@@ -55,9 +55,11 @@ public:
     // Bytes of storage held.
     qint64 storageBytes() const;
 
+    // The most code units the buffer can hold (offsets are 32 bits).
+    static constexpr qint64 kMaxUnits = 0xFFFF'FFFFLL;
+
 private:
     static constexpr quint8 kLong = 0xFF; // the length is in m_longLengths
-    static constexpr qint64 kMaxUnits = 0xFFFF'FFFFLL;
 
     qsizetype lengthOf(size_t k) const {
         return m_lengths[k] == kLong ? m_longLengths.at(m_offsets[k]) : m_lengths[k];
