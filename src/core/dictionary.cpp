@@ -150,6 +150,7 @@ QString DictionaryLoader::fileNameOf(const QString& path) {
 }
 
 void DictionaryLoader::setAvailableMemory(AvailableMemory available) {
+    m_askAlways = static_cast<bool>(available);
     m_available = available ? std::move(available) : AvailableMemory(availableMemoryBytes);
 }
 
@@ -158,6 +159,9 @@ bool DictionaryLoader::stopRequested() const {
 }
 
 QString DictionaryLoader::memoryShortfall(qint64 words) const {
+    constexpr qint64 kSmallLoad = qint64{64} << 20; // not worth asking the system about
+    if (!m_askAlways && words * kBytesPerWord < kSmallLoad)
+        return {};
     const qint64 available = m_available();
     if (available < 0)
         return {};
@@ -239,12 +243,14 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         return false;
     }
     int sinceLastPoll = 0;
+    bool stopped = false;
     auto poll = [&] {
         if (m_pump && ++sinceLastPoll == kPollEvery) {
             sinceLastPoll = 0;
             m_pump->poll();
+            stopped = stopRequested();
         }
-        return !stopRequested();
+        return !stopped;
     };
     ReverseBuffer buffer;
     bool appended = true;
@@ -271,7 +277,7 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         if (!poll())
             return false;
     }
-    std::vector<qsizetype> end(static_cast<size_t>(kHighestKey) + 2, 0);
+    std::vector<quint32> end(static_cast<size_t>(kHighestKey) + 2, 0);
     for (const quint32 number : numbers)
         ++end[number + 1];
     for (size_t n = 1; n < end.size(); ++n)
@@ -279,7 +285,11 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
     std::vector<quint32> order(static_cast<size_t>(count));
     for (size_t w = 0; w < order.size(); ++w)
         order[static_cast<size_t>(end[numbers[w]]++)] = static_cast<quint32>(w);
-    std::vector<quint32>().swap(numbers); // the words of number n now end at end[n]
+    // The words of number n now end at end[n]. A large list walks the numbers and needs the
+    // words' numbers no more; a small one walks its words.
+    const bool walkNumbers = count >= kHighestKey;
+    if (walkNumbers)
+        std::vector<quint32>().swap(numbers);
 
     std::vector<RunEntry> run;
     auto entryText = [&](const RunEntry& e) {
@@ -291,9 +301,8 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
             __builtin_prefetch(words.text.data() + 4 * static_cast<size_t>(order[k]));
     };
     constexpr qsizetype kAhead = 16;
-    for (size_t n = kLowestKey; n <= kHighestKey; ++n) {
-        const qsizetype first = end[n - 1];
-        const qsizetype last = end[n];
+    // The entries of the words order[first..last), which share a number.
+    auto emitRun = [&](qsizetype first, qsizetype last) {
         if (last - first == 1) { // one word, its two entries
             fetchAhead(first + kAhead);
             const QStringView word = words.word(order[first]);
@@ -331,8 +340,24 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
             for (const RunEntry& e : run)
                 append(entryText(e));
         }
-        if (!poll())
-            return false;
+    };
+    if (walkNumbers) {
+        for (size_t n = kLowestKey; n <= kHighestKey; ++n) {
+            emitRun(end[n - 1], end[n]);
+            if (!poll())
+                return false;
+        }
+    } else {
+        for (qsizetype first = 0; first < count;) {
+            const quint32 number = numbers[order[first]];
+            qsizetype last = first + 1;
+            while (last < count && numbers[order[last]] == number)
+                ++last;
+            emitRun(first, last);
+            first = last;
+            if (!poll())
+                return false;
+        }
     }
     if (!appended)
         m_error = kNoMemory;

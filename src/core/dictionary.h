@@ -67,7 +67,8 @@ public:
     static QString fileNameOf(const QString& path);
 
     // Where the memory still available comes from (bytes; negative: unknown, no check).
-    // Default: availableMemoryBytes().
+    // Default: availableMemoryBytes(), asked only for loads that need 64 MB or more; a
+    // source set here is asked for every load.
     using AvailableMemory = std::function<qint64()>;
     void setAvailableMemory(AvailableMemory available);
 
@@ -89,6 +90,7 @@ private:
     Notifier* m_notifier;
     EventPump* m_pump = nullptr;
     AvailableMemory m_available;
+    bool m_askAlways = false;
     bool m_shuffled = true;
     int m_wordCount = 0;
     QString m_statusText;

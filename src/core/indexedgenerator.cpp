@@ -498,7 +498,7 @@ int IndexedPuzzleGenerator::firstUnmarked(std::span<const int> ids, int first, i
         return kNoEntry;
     auto it = std::upper_bound(ids.begin(), ids.end(), bound);
     for (; it != ids.end(); ++it) {
-        if (!markedSingly(*it) && (third < 0 || m_index.letter(*it, 2) == third))
+        if ((third < 0 || m_index.letter(*it, 2) == third) && !markedSingly(*it))
             return *it;
     }
     return kNoEntry;
@@ -535,7 +535,7 @@ int IndexedPuzzleGenerator::findByFirstAndLast(int l0, int l3) const {
 }
 
 int IndexedPuzzleGenerator::wordId(const clsSimpleArray& wordList, int id) {
-    int& number = m_wordIds.try_emplace(id, -1).first->second;
+    int& number = m_wordIds.findOrInsert(id, -1);
     if (number < 0) {
         const QString key = upperCodePoints(realSpelling(wordList.List(m_index.currentIndex(id))));
         number = m_wordNumbers.value(key, -1);
@@ -638,7 +638,7 @@ void IndexedPuzzleGenerator::fileFailure(int root) {
         file(m_bySecond[m_index.letter(root, 1)], root);
     for (int k = 0; k < failure.steerCount; ++k) {
         const int entry = m_steeringPool[static_cast<size_t>(failure.steerBegin + k)];
-        file(m_bySingle.try_emplace(entry, -1).first->second, root);
+        file(m_bySingle.findOrInsert(entry, -1), root);
     }
 }
 
@@ -670,6 +670,6 @@ void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
     };
     if (m_index.hasLetters(removed))
         check(m_bySecond[m_index.letter(removed, 1)]);
-    if (const auto it = m_bySingle.find(removed); it != m_bySingle.end())
-        check(it->second);
+    if (const int* first = m_bySingle.find(removed))
+        check(*first);
 }

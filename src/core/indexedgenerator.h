@@ -47,6 +47,7 @@
 // run events; the game ignores commands meanwhile).
 #pragma once
 
+#include "core/intmap.h"
 #include "core/literalgenerator.h"
 #include "core/patternlists.h"
 #include "core/puzzlegenerator.h"
@@ -234,11 +235,11 @@ private:
     std::vector<int> m_bySecond; // letter -> first filing of failures with that second letter
     // entry -> first filing of failures that marked it singly (few entries: a map, not an
     // array over every entry)
-    std::unordered_map<int, int> m_bySingle;
+    IntMap m_bySingle;
     std::vector<int> m_steeringPool;
 
     // Real spellings numbered so that equal ones ignoring case share a number, by entry (for
     // the few entries a request looks at).
-    std::unordered_map<int, int> m_wordIds;
+    IntMap m_wordIds;
     QHash<QString, int> m_wordNumbers;
 };

@@ -28,10 +28,10 @@ bool isSurrogate(char32_t c) {
 
 // Scratch of an id per entry is kept from one build to the next for small lists (allocating
 // it afresh costs more than building their index) and given back for large ones, whose
-// memory counts.
+// memory counts (they do without it where they can).
+constexpr int kKeptScratch = 1 << 18;
 void releaseIfLarge(std::vector<int>& scratch) {
-    constexpr size_t kKeep = size_t{1} << 18;
-    if (scratch.capacity() > kKeep)
+    if (scratch.capacity() > size_t{kKeptScratch})
         std::vector<int>().swap(scratch);
 }
 
@@ -81,6 +81,7 @@ void KeyedEntryLists::build(const Index& index, quint64 mask, int alphabetSize) 
     default:
         buildDense(index, [this](quint64 p) { return digitOf(p); });
     }
+    releaseIfLarge(m_scratch);
 }
 
 template <typename Index, typename Digit>
@@ -93,10 +94,17 @@ void KeyedEntryLists::buildDense(const Index& index, Digit digitOfPacked) {
     const int entries = index.entryCount();
     m_count.assign(space + 1, 0);
     int indexed = 0;
+    // A small list keeps each digit for the second pass; a large one computes it again.
+    const bool keepDigits = entries <= kKeptScratch;
+    if (keepDigits)
+        m_scratch.resize(static_cast<size_t>(entries));
     for (int id = 0; id < entries; ++id) {
         if (!index.hasLetters(id))
             continue;
-        ++m_count[static_cast<size_t>(digitOfPacked(index.packed(id))) + 1];
+        const auto digit = static_cast<int>(digitOfPacked(index.packed(id)));
+        if (keepDigits)
+            m_scratch[static_cast<size_t>(id)] = digit;
+        ++m_count[static_cast<size_t>(digit) + 1];
         ++indexed;
     }
     m_groupOfDigit.assign(space, -1);
@@ -113,7 +121,8 @@ void KeyedEntryLists::buildDense(const Index& index, Digit digitOfPacked) {
     for (int id = 0; id < entries; ++id) {
         if (!index.hasLetters(id))
             continue;
-        const auto digit = static_cast<size_t>(digitOfPacked(index.packed(id)));
+        const auto digit = keepDigits ? static_cast<size_t>(m_scratch[static_cast<size_t>(id)])
+                                      : static_cast<size_t>(digitOfPacked(index.packed(id)));
         m_ids[static_cast<size_t>(m_count[digit]++)] = id;
     }
     for (size_t g = 0; g < m_keys.size(); ++g)
@@ -256,8 +265,15 @@ bool WordIndex::build(const clsSimpleArray& list) {
                 d != Alphabet::kNone) {
                 const bool special = m_specialLetter[a] | m_specialLetter[b] | m_specialLetter[c] |
                                      m_specialLetter[d];
-                setEntry(id, a, b, c, d, special ? Kind::Special : Kind::Plain,
-                         tailAfter(entry, 4));
+                const Kind kind = special ? Kind::Special : Kind::Plain;
+                const Tail tail = tailAfter(entry, 4);
+                if (m_wide.empty() && (a | b | c | d) <= 0xFF && tail != Tail::Other) {
+                    const auto k = static_cast<size_t>(id);
+                    m_narrow[k] = (quint32(a) << 24) | (quint32(b) << 16) | (quint32(c) << 8) | d;
+                    m_flags[k] = static_cast<quint8>(int(kind) | (int(tail) << 2));
+                    continue;
+                }
+                setEntry(id, a, b, c, d, kind, tail);
                 continue;
             }
         }
