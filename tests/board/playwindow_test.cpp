@@ -1,7 +1,7 @@
-// A whole game through real mouse events on the main window, clicking the board by its
-// coordinates: create a puzzle, place the five solution words, show the solution, be
-// congratulated, clear; the pointer over the markers; and the board's pictures against the
-// reference grabs of the window as it looked when the board was made of labels.
+// One game through real mouse events on the main window, clicking the board by its
+// coordinates: what makes a click, the pointer over the markers, the board's pictures against
+// the reference grabs of the window as it looked when the board was made of labels, and
+// "All Done!" held back while another message is open.
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
@@ -13,79 +13,6 @@
 #include <QMouseEvent>
 
 namespace {
-
-class PlayWindowTest : public WindowTest {
-protected:
-    void SetUp() override {
-        WindowTest::SetUp();
-        start();
-        QTest::mouseClick(m_form->cmdcreate(), Qt::LeftButton);
-        ASSERT_TRUE(grid().hasSolution());
-        ASSERT_TRUE(m_notifier.messages().isEmpty());
-    }
-
-    QString cells() const {
-        QString text;
-        for (const QString& letter : board().Entries)
-            text += letter.isEmpty() ? QStringLiteral(".") : letter;
-        return text;
-    }
-
-    int struckTiles() const {
-        int struck = 0;
-        for (int i = 1; i <= 8; ++i)
-            struck += board().tiles[i].decoyRevealed ? 1 : 0;
-        return struck;
-    }
-};
-
-TEST_F(PlayWindowTest, WholeGameWithTheMouse) {
-    Form1& form = *m_form;
-    QString solution;
-    for (int p = 1; p <= 10; ++p)
-        solution += grid().SolutionLetters[p];
-
-    int placed = 0;
-    for (int i = 1; i <= 8; ++i) {
-        EXPECT_EQ(board().tiles[i].word, grid().CandidateWords[i]);
-        const int k = directionOf(i);
-        if (k == 0)
-            continue;
-        // Any mouse button selects.
-        clickBoard(BoardPart::Tile, i, placed % 2 ? Qt::RightButton : Qt::LeftButton);
-        EXPECT_EQ(board().tiles[i].status, TileStatus::Selected);
-        clickBoard(BoardPart::Marker, k);
-        EXPECT_EQ(board().tiles[i].status, TileStatus::Placed);
-        EXPECT_EQ(board().tiles[i].reading, k);
-        ++placed;
-    }
-    ASSERT_EQ(placed, 5);
-    EXPECT_EQ(cells(), solution);
-
-    // Full board, but the check only runs once the solution button has been released.
-    EXPECT_FALSE(form.timer2().isActive());
-    QTest::mousePress(form.cmdshowsol(), Qt::LeftButton);
-    EXPECT_EQ(struckTiles(), 3);
-    QTest::mouseRelease(form.cmdshowsol(), Qt::LeftButton);
-    EXPECT_EQ(struckTiles(), 0);
-    ASSERT_TRUE(form.timer2().isActive());
-    EXPECT_EQ(form.timer2().interval(), 500);
-
-    QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
-    ASSERT_EQ(m_notifier.messages().size(), 1);
-    EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("All Done!"));
-    EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbhappy+vbok"));
-    EXPECT_FALSE(form.timer2().isActive());
-
-    m_notifier.queueAnswer(AnswerYes);
-    QTest::mouseClick(form.cmdreset(), Qt::LeftButton);
-    EXPECT_EQ(m_notifier.messages().last().text, QStringLiteral("Clear all User Entries?"));
-    EXPECT_EQ(cells(), QStringLiteral(".........."));
-    for (int i = 1; i <= 8; ++i) {
-        EXPECT_EQ(board().tiles[i].word, grid().CandidateWords[i]);
-        EXPECT_EQ(board().tiles[i].status, TileStatus::Available);
-    }
-}
 
 // The board view's picture equals the reference grab `name` pixel for pixel; a different
 // picture is written to the temporary folder for a look.
@@ -99,46 +26,64 @@ void expectBoardPicture(BoardView& view, const QString& name) {
     EXPECT_TRUE(same) << name.toStdString();
 }
 
-TEST_F(PlayWindowTest, BoardIsPaintedAsTheReferenceGrabsShowIt) {
-    // One word placed, another selected; then the solution shown.
-    int first = 0;
-    for (int i = 1; i <= 8 && first == 0; ++i)
-        first = directionOf(i) != 0 ? i : 0;
-    clickBoard(BoardPart::Tile, first);
-    clickBoard(BoardPart::Marker, directionOf(first));
-    clickBoard(BoardPart::Tile, first == 1 ? 2 : 1);
-    expectBoardPicture(m_form->boardView(), QStringLiteral("board-placed-selected.png"));
-    QTest::mousePress(m_form->cmdshowsol(), Qt::LeftButton);
-    expectBoardPicture(m_form->boardView(), QStringLiteral("board-solution.png"));
-    QTest::mouseRelease(m_form->cmdshowsol(), Qt::LeftButton);
-}
+using PlayWindowTest = WindowTest;
 
-TEST_F(PlayWindowTest, AClickIsTheReleaseOfAButtonPressedOnAPartWhereverItEnds) {
-    BoardView& view = m_form->boardView();
-    const QPoint tile1 = BoardView::toWidget(centreOf(BoardPart::Tile, 1));
-    const QPoint cell0 = BoardView::toWidget(centreOf(BoardPart::Cell, 0));
-    // Pressed on a tile, released over a cell: the tile is selected.
-    QTest::mousePress(&view, Qt::LeftButton, {}, tile1);
-    EXPECT_EQ(board().SelectedWord, -1);
-    QTest::mouseRelease(&view, Qt::LeftButton, {}, cell0);
-    EXPECT_EQ(board().SelectedWord, 1);
-    // Pressed on a cell, released over a tile: nothing.
-    QTest::mousePress(&view, Qt::LeftButton, {}, cell0);
-    QTest::mouseRelease(&view, Qt::LeftButton, {},
-                        BoardView::toWidget(centreOf(BoardPart::Tile, 2)));
-    EXPECT_EQ(board().SelectedWord, 1);
-}
-
-TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
-    Form1& form = *m_form;
+TEST_F(PlayWindowTest, OneGameWithTheMouse) {
+    Form1& form = start();
+    BoardView& view = form.boardView();
+    QTest::mouseClick(form.cmdcreate(), Qt::LeftButton);
+    ASSERT_TRUE(grid().hasSolution());
+    std::vector<int> words; // the tiles of the solution's words
     for (int i = 1; i <= 8; ++i) {
-        if (const int k = directionOf(i)) {
-            clickBoard(BoardPart::Tile, i);
-            clickBoard(BoardPart::Marker, k);
-        }
+        if (directionOf(i) != 0)
+            words.push_back(i);
     }
-    QTest::mouseClick(form.cmdshowsol(), Qt::LeftButton);
+    ASSERT_EQ(words.size(), 5u);
+    const int first = words[0];
+    const auto at = [](BoardPart part, int index) {
+        return BoardView::toWidget(centreOf(part, index));
+    };
+    const auto pointerOver = [&](BoardPart part, int index) {
+        const QPointF to = at(part, index);
+        QMouseEvent move(QEvent::MouseMove, to, view.mapToGlobal(to), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&view, &move);
+        return form.cursor().shape();
+    };
+
+    // A click is the release of a button pressed on a part, wherever it ends.
+    EXPECT_NE(pointerOver(BoardPart::Marker, 1), Qt::CrossCursor);
+    QTest::mousePress(&view, Qt::LeftButton, {}, at(BoardPart::Tile, first));
+    EXPECT_EQ(board().SelectedWord, -1);
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, at(BoardPart::Cell, 0));
+    EXPECT_EQ(board().SelectedWord, first);
+    QTest::mousePress(&view, Qt::LeftButton, {}, at(BoardPart::Cell, 0));
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, at(BoardPart::Tile, 8));
+    EXPECT_EQ(board().SelectedWord, first);
+    // With a selection the pointer is a crosshair over the markers; cells leave it alone.
+    EXPECT_EQ(pointerOver(BoardPart::Marker, 1), Qt::CrossCursor);
+    EXPECT_EQ(pointerOver(BoardPart::Cell, 4), Qt::CrossCursor);
+    EXPECT_EQ(pointerOver(BoardPart::Tile, 2), Qt::ArrowCursor);
+
+    // One word placed, another selected (any button selects); then the solution shown.
+    clickBoard(BoardPart::Marker, directionOf(first));
+    clickBoard(BoardPart::Tile, first == 1 ? 2 : 1, Qt::RightButton);
+    expectBoardPicture(view, QStringLiteral("board-placed-selected.png"));
+    QTest::mousePress(form.cmdshowsol(), Qt::LeftButton);
+    expectBoardPicture(view, QStringLiteral("board-solution.png"));
+    QTest::mouseRelease(form.cmdshowsol(), Qt::LeftButton);
     ASSERT_TRUE(form.timer2().isActive());
+    EXPECT_EQ(form.timer2().interval(), 500);
+
+    // The other four words fill the board.
+    for (const int i : std::vector<int>(words.begin() + 1, words.end())) {
+        clickBoard(BoardPart::Tile, i);
+        clickBoard(BoardPart::Marker, directionOf(i));
+        EXPECT_EQ(board().tiles[i].status, TileStatus::Placed);
+    }
+    for (int p = 1; p <= 10; ++p)
+        EXPECT_EQ(board().Entries[p - 1], grid().SolutionLetters[p]) << p;
+    // Ticks while Exit's question or a scheme's message is open wait for the next one.
     const auto tick = [&form] {
         QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
     };
@@ -148,30 +93,10 @@ TEST_F(PlayWindowTest, CompletionTickWaitsWhileExitOrASchemeMessageIsOpen) {
     m_settings.ActiveSchemeFile = QStringLiteral("gone.col");
     form.Command2Click();
     m_notifier.duringMessage = {};
-    EXPECT_EQ(m_notifier.texts(), QStringList({"Exit?", "Colour Scheme: gone.col not found"}));
     tick();
-    EXPECT_EQ(m_notifier.texts().last(), QStringLiteral("All Done!"));
-}
-
-TEST_F(PlayWindowTest, PointerIsACrosshairOverMarkersOnlyWithASelection) {
-    Form1& form = *m_form;
-    BoardView& view = form.boardView();
-    const auto moveTo = [&view](BoardPart part, int index) {
-        const QPointF at = BoardView::toWidget(centreOf(part, index));
-        QMouseEvent move(QEvent::MouseMove, at, view.mapToGlobal(at), Qt::NoButton, Qt::NoButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(&view, &move);
-    };
-    moveTo(BoardPart::Marker, 1);
-    EXPECT_NE(form.cursor().shape(), Qt::CrossCursor);
-    clickBoard(BoardPart::Tile, 1);
-    ASSERT_EQ(board().SelectedWord, 1);
-    moveTo(BoardPart::Marker, 1);
-    EXPECT_EQ(form.cursor().shape(), Qt::CrossCursor);
-    moveTo(BoardPart::Cell, 4); // cells leave the pointer alone
-    EXPECT_EQ(form.cursor().shape(), Qt::CrossCursor);
-    moveTo(BoardPart::Tile, 2);
-    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(m_notifier.texts(),
+              QStringList({"Exit?", "Colour Scheme: gone.col not found", "All Done!"}));
+    EXPECT_FALSE(form.timer2().isActive());
 }
 
 } // namespace

@@ -12,16 +12,24 @@
 
 namespace {
 
-// The block's texts that are not the footer, as "text@x,y" and "+" for a struck one.
-QStringList wordsAndLetters(const SheetBlock& block) {
-    QStringList out;
-    for (const SheetText& t : block.texts.mid(1)) {
-        out << QStringLiteral("%1%2@%3,%4")
-                   .arg(t.font.strikeOut ? QStringLiteral("+") : QString(), t.text)
-                   .arg(t.at.x())
-                   .arg(t.at.y());
+// A block as one line: the star's corner and scale, then each text, "+" before a struck one,
+// with its size ("b" when bold) where that changes and its corner where a run of texts of one
+// kind (footer, words, letters) starts or ends.
+std::string describe(const SheetBlock& block) {
+    QString out = QStringLiteral("star %1,%2 *%3").arg(block.starAt.x()).arg(block.starAt.y());
+    out = out.arg(block.starScale);
+    const QList<SheetText>& t = block.texts;
+    for (qsizetype n = 0; n < t.size(); ++n) {
+        const bool first = n == 0 || t[n].font.pointSize != t[n - 1].font.pointSize ||
+                           t[n].font.bold != t[n - 1].font.bold;
+        const bool last = n + 1 == t.size() || t[n + 1].font.pointSize != t[n].font.pointSize;
+        if (first)
+            out += QStringLiteral(" %1%2").arg(t[n].font.pointSize).arg(t[n].font.bold ? "b" : "");
+        out += (t[n].font.strikeOut ? QStringLiteral(" +") : QStringLiteral(" ")) + t[n].text;
+        if (first || last)
+            out += QStringLiteral("@%1,%2").arg(t[n].at.x()).arg(t[n].at.y());
     }
-    return out;
+    return out.toStdString();
 }
 
 class PuzzleSheetTest : public PlayTest {
@@ -36,75 +44,25 @@ protected:
 TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnSolutionDecoys) {
     SheetFont surface;
     const std::array<SheetBlock, 2> page = composePage(content());
-    const SheetBlock picturePuzzle = composePuzzlePicture(0, content(), surface);
-    const SheetBlock pictureSolution = composePuzzlePicture(1, content(), surface);
-    const QString letters = QStringLiteral("gponyaardw");
-    const struct {
-        const char* name;
-        const SheetBlock& block;
-        QPointF star;
-        double scale;
-        QPointF footer;
-        double wordSize;
-        QStringList texts; // the words in tile order, then the letters of cells 0..9
-    } rows[] = {
-        {"page, puzzle",
-         page[0],
-         {2000, 600},
-         1.4,
-         {4550, 6600},
-         16,
-         {"gnaw@2850,6900", "goad@4050,6900", "gold@5250,6900", "grew@6450,6900", "play@2850,7200",
-          "pony@4050,7200", "wrap@5250,7200", "yard@6450,7200"}},
-        {"page, solution",
-         page[1],
-         {2000, 8600},
-         1.4,
-         {4550, 14600},
-         16,
-         {"gnaw@2850,14900", "goad@4050,14900", "+gold@5250,14900", "+grew@6450,14900",
-          "+play@2850,15200", "pony@4050,15200", "wrap@5250,15200", "yard@6450,15200",
-          // (left of cell x 1.4 + 2000 - 250, top x 1.4 + 8600 - 250)
-          "g@5068,8686", "p@2254,10828", "o@4270,10828", "n@5866,10828", "y@7798,10828",
-          "a@3850,12172", "a@6202,12130", "r@5026,12886", "d@3262,13978", "w@6706,13978"}},
-        {"picture, puzzle",
-         picturePuzzle,
-         {0, 0},
-         1.0,
-         {1550, 4400},
-         14,
-         {"gnaw@200,4700", "goad@1400,4700", "gold@2600,4700", "grew@3800,4700", "play@200,5000",
-          "pony@1400,5000", "wrap@2600,5000", "yard@3800,5000"}},
-        {"picture, solution",
-         pictureSolution,
-         {0, 0},
-         1.0,
-         {1550, 4400},
-         14,
-         {"gnaw@200,4700", "goad@1400,4700", "+gold@2600,4700", "+grew@3800,4700", "+play@200,5000",
-          "pony@1400,5000", "wrap@2600,5000", "yard@3800,5000",
-          // (left of cell - 200, top - 250)
-          "g@2170,-10", "p@160,1520", "o@1600,1520", "n@2740,1520", "y@4120,1520", "a@1300,2480",
-          "a@2980,2450", "r@2140,2990", "d@880,3770", "w@3340,3770"}},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(row.block.starAt, row.star);
-        EXPECT_DOUBLE_EQ(row.block.starScale, row.scale);
-        ASSERT_FALSE(row.block.texts.isEmpty());
-        const SheetText& footer = row.block.texts.first();
-        EXPECT_EQ(footer.text, QStringLiteral("Pentalink from https://pentalink.github.io"));
-        EXPECT_EQ(footer.at, row.footer);
-        EXPECT_EQ(footer.font.pointSize, 7);
-        EXPECT_FALSE(footer.font.bold || footer.font.strikeOut);
-        EXPECT_EQ(wordsAndLetters(row.block), row.texts);
-        for (const SheetText& t : row.block.texts.mid(1)) {
-            const bool letter = t.text.size() == 1;
-            EXPECT_TRUE(t.font.bold);
-            EXPECT_EQ(t.font.pointSize, letter ? 20 : row.wordSize) << t.text.toStdString();
-            EXPECT_TRUE(!letter || letters.contains(t.text));
-        }
-    }
+    const SheetBlock picture[] = {composePuzzlePicture(0, content(), surface),
+                                  composePuzzlePicture(1, content(), surface)};
+    const std::string footer = " 7 Pentalink from https://pentalink.github.io";
+    // Letters at the cell's corner x 1.4 + the block's corner - 250 on the page, at the cell's
+    // corner - (200, 250) in the picture.
+    EXPECT_EQ(describe(page[0]), "star 2000,600 *1.4" + footer +
+                                     "@4550,6600 16b gnaw@2850,6900 goad gold grew play pony wrap "
+                                     "yard@6450,7200");
+    EXPECT_EQ(describe(page[1]), "star 2000,8600 *1.4" + footer +
+                                     "@4550,14600 16b gnaw@2850,14900 goad +gold +grew +play pony "
+                                     "wrap yard@6450,15200 20b g@5068,8686 p o n y a a r d "
+                                     "w@6706,13978");
+    EXPECT_EQ(describe(picture[0]), "star 0,0 *1" + footer +
+                                        "@1550,4400 14b gnaw@200,4700 goad gold grew play pony "
+                                        "wrap yard@3800,5000");
+    EXPECT_EQ(describe(picture[1]), "star 0,0 *1" + footer +
+                                        "@1550,4400 14b gnaw@200,4700 goad +gold +grew +play pony "
+                                        "wrap yard@3800,5000 20b g@2170,-10 p o n y a a r d "
+                                        "w@3340,3770");
 }
 
 TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
@@ -122,32 +80,22 @@ TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
     EXPECT_FALSE(surface.strikeOut);
 }
 
-TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowStarsAndFootersAndKeptLetters) {
+TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowFootersAndTheKeptLetters) {
     // No puzzle yet: footers only. After a dictionary load the tiles are empty but the record
-    // keeps its solution letters, which the solution block still shows.
-    const struct {
-        const char* name;
-        bool created;
-        int solutionTexts;
-    } rows[] = {
-        {"no puzzle", false, 1},
-        {"after a dictionary load", true, 11},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        StarGrid grid = row.created ? referenceStar() : StarGrid();
-        PlayBoard board(grid, m_gate);
-        if (row.created) {
-            board.apply(Move::newPuzzle());
-            board.apply(Move::dictionaryLoaded());
-        }
-        const SheetContent empty = sheetContent(grid, board.state(), QStringLiteral("Arial"));
-        SheetFont surface;
-        const std::array<SheetBlock, 2> page = composePage(empty);
-        EXPECT_EQ(page[0].texts.size(), 1);
-        EXPECT_EQ(page[1].texts.size(), row.solutionTexts);
-        EXPECT_EQ(composePuzzlePicture(0, empty, surface).texts.size(), 1);
-        EXPECT_EQ(composePuzzlePicture(1, empty, surface).texts.size(), row.solutionTexts);
+    // keeps its solution letters, which the solution blocks still show.
+    m_board.apply(Move::dictionaryLoaded());
+    const SheetContent none = sheetContent(StarGrid(), BoardState(), QStringLiteral("Arial"));
+    SheetFont surface;
+    for (const auto& [shown, letters] :
+         {std::pair{none, ""},
+          std::pair{content(), " 20b g@2170,-10 p o n y a a r d w@3340,3770"}}) {
+        SCOPED_TRACE(letters);
+        const std::string footer = " 7 Pentalink from https://pentalink.github.io@1550,4400";
+        EXPECT_EQ(composePage(shown)[0].texts.size(), 1);
+        EXPECT_EQ(composePage(shown)[1].texts.size(), std::string(letters).empty() ? 1 : 11);
+        EXPECT_EQ(describe(composePuzzlePicture(0, shown, surface)), "star 0,0 *1" + footer);
+        EXPECT_EQ(describe(composePuzzlePicture(1, shown, surface)),
+                  "star 0,0 *1" + footer + letters);
     }
 }
 

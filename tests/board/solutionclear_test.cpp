@@ -1,6 +1,6 @@
 // The solution and clear buttons: showing the solution while its button is held and putting
-// the player's letters back; clearing the player's entries on request, and the board after a
-// dictionary load.
+// the player's letters back (unpaired and late releases are rows of the completion scripts);
+// clearing the player's entries on request, also after a dictionary load or a failed create.
 #include "playfixture.h"
 
 using namespace ref;
@@ -8,15 +8,7 @@ using namespace ref;
 namespace {
 
 using SolutionDisplay = PlayTest;
-
-class Clearing : public PlayTest {
-protected:
-    Clearing() {
-        place(Pony, PonyOn);
-        place(Goad, GoadOn);
-        m_board.apply(Move::tile(Gold));
-    }
-};
+using Clearing = PlayTest;
 
 class NoPuzzle : public PlayTest {
 protected:
@@ -43,119 +35,56 @@ TEST_F(SolutionDisplay, PressShowsTheSolutionAndReleaseRestoresThePlayersBoard) 
     EXPECT_EQ(m_board.SelectedWord(), Yard);
 }
 
-TEST_F(SolutionDisplay, DoesNothingWithBlankTiles) {
-    m_board.apply(Move::dictionaryLoaded()); // a dictionary load blanks the tiles
-    const BoardState before = m_board.state();
-    EXPECT_FALSE(m_board.apply(Move::solutionPress()));
-    EXPECT_FALSE(m_board.apply(Move::solutionRelease()));
-    EXPECT_EQ(m_board.state(), before);
-    EXPECT_TRUE(m_checkSignals.empty());
-}
-
-TEST_F(SolutionDisplay, BoardClicksAreIgnoredWhileTheSolutionShows) {
+TEST_F(Clearing, OnlyYesToTheQuestionEmptiesTheBoardAndKeepsThePuzzle) {
     place(Pony, PonyOn);
+    place(Goad, GoadOn);
     m_board.apply(Move::tile(Gold));
-    m_board.apply(Move::solutionPress());
-    const BoardState shown = m_board.state();
-    for (const Move move : {Move::marker(GoadOn), Move::marker(PonyOn), Move::tile(Yard)})
-        EXPECT_FALSE(m_board.apply(move));
-    EXPECT_EQ(m_board.state(), shown);
-    m_board.apply(Move::solutionRelease());
-    EXPECT_EQ(boardText(m_board), ".pony..... aasaapaa ..6......."); // the selection shows again
+    for (const int answer : {AnswerNo, AnswerCancel, AnswerOk, AnswerNone}) {
+        SCOPED_TRACE(answer);
+        EXPECT_FALSE(clearEntries(answer)); // the selection stays too
+    }
+    EXPECT_TRUE(clearEntries(AnswerYes));
+    EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa ..........");
+    EXPECT_EQ(m_board.SelectedWord(), -1);
+    ASSERT_EQ(m_notifier.messages().size(), 5);
+    EXPECT_EQ(m_notifier.messages()[4].text, QStringLiteral("Clear all User Entries?"));
+    EXPECT_EQ(m_notifier.messages()[4].style, QStringLiteral("vbQuestion + vbYesNo"));
+    EXPECT_FALSE(m_notifier.messages()[4].standard);
 }
 
-// --- Faults found or feared --------------------------------------------------------------
-
-TEST_F(SolutionDisplay, UnpairedPressOrReleaseKeepsThePlayersLetters) {
-    place(Pony, PonyOn);
-    EXPECT_FALSE(m_board.apply(Move::solutionRelease())); // release without press
-    EXPECT_EQ(cellsText(m_board), ".pony.....");
-    EXPECT_FALSE(m_board.completionCheckRunning());
-    // A second press while shown (another mouse button) must not save the solution over
-    // the player's letters.
-    m_board.apply(Move::solutionPress());
-    EXPECT_FALSE(m_board.apply(Move::solutionPress()));
-    m_board.apply(Move::solutionRelease());
-    EXPECT_EQ(cellsText(m_board), ".pony.....");
-}
-
-TEST_F(SolutionDisplay, ReleaseAfterTheBoardWasReplacedBringsBackNoOldLetters) {
+TEST_F(Clearing, YesBringsTheLastPuzzleBackAfterADictionaryLoadOrAFailedCreate) {
     const struct {
         const char* name;
-        std::function<void()> replace;
-        const char* tiles;
+        std::vector<Move> moves;
+        const char* blank;
     } rows[] = {
-        {"new puzzle", [&] { m_board.apply(Move::newPuzzle()); }, "aaaaaaaa"},
-        {"create request", [&] { m_board.apply(Move::searchStarted()); }, "________"},
-        {"dictionary loaded", [&] { m_board.apply(Move::dictionaryLoaded()); }, "--------"},
-        {"entries cleared", [&] { clearEntries(AnswerYes); }, "aaaaaaaa"},
+        {"dictionary loaded", {Move::dictionaryLoaded()}, ".......... -------- .........."},
+        {"failed create",
+         {Move::searchStarted(), Move::searchEnded()},
+         ".......... ________ .........."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         newPuzzle();
         place(Pony, PonyOn);
-        m_board.apply(Move::solutionPress());
-        row.replace();
-        m_board.apply(Move::solutionRelease());
-        EXPECT_EQ(cellsText(m_board), "..........");
-        EXPECT_EQ(tilesText(m_board), row.tiles); // no strike-through left over either
-        EXPECT_FALSE(m_board.solutionShown());
-        EXPECT_FALSE(m_board.completionCheckRunning());
-    }
-}
-
-// --- Clearing ----------------------------------------------------------------------------
-
-TEST_F(Clearing, AnyAnswerButYesToTheQuestionChangesNothing) {
-    showSolutionOnce(); // the check is on and must stay on
-    for (const int answer : {AnswerNo, AnswerCancel, AnswerOk, AnswerNone}) {
-        SCOPED_TRACE(answer);
-        m_notifier.clear();
-        const BoardState before = m_board.state();
-        const int changes = m_changes;
-        EXPECT_FALSE(clearEntries(answer));
-        ASSERT_EQ(m_notifier.messages().size(), 1);
-        EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("Clear all User Entries?"));
-        EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbQuestion + vbYesNo"));
-        EXPECT_FALSE(m_notifier.messages()[0].standard);
-        EXPECT_EQ(m_board.state(), before);
+        m_board.apply(Move::tile(Gold));
+        for (const Move& move : row.moves)
+            m_board.apply(move);
+        EXPECT_EQ(boardText(m_board), row.blank);
+        EXPECT_FALSE(m_board.puzzleExists());
         EXPECT_EQ(m_board.SelectedWord(), Gold);
-        EXPECT_TRUE(m_board.completionCheckRunning());
-        EXPECT_EQ(m_changes, changes);
+        // Neither the old word nor the selection's empty one comes back onto the board.
+        EXPECT_FALSE(m_board.apply(Move::marker(PonyOn)));
+        clearEntries(AnswerYes);
+        EXPECT_TRUE(m_board.puzzleExists());
+        place(Wrap, WrapOn);
+        EXPECT_EQ(boardText(m_board), ".p...a.r.w aaaaaapa .........7");
+        m_board.apply(Move::solutionPress());
+        EXPECT_EQ(boardText(m_board), "gponyaardw aaAAAapa .........7");
     }
 }
 
-TEST_F(Clearing, YesEmptiesTheBoardAndDropsTheSelectionButKeepsThePuzzle) {
-    ASSERT_EQ(boardText(m_board), "gponya..d. apsaapaa 2.6.......");
-    EXPECT_TRUE(clearEntries(AnswerYes));
-    EXPECT_EQ(boardText(m_board), ".......... aaaaaaaa ..........");
-    EXPECT_EQ(m_board.SelectedWord(), -1);
-    EXPECT_EQ(m_board.tile(Pony).word, QStringLiteral("pony"));
-}
-
-TEST_F(Clearing, ClearBoardBlanksCellsAndTilesButKeepsTheRecordAndSelection) {
-    m_board.apply(Move::dictionaryLoaded());
-    EXPECT_EQ(boardText(m_board), ".......... -------- ..........");
-    EXPECT_FALSE(m_board.puzzleExists());
-    EXPECT_EQ(m_board.SelectedWord(), Gold);
-    EXPECT_EQ(m_grid.CandidateWords[Gold], QStringLiteral("gold"));
-    EXPECT_TRUE(m_grid.hasSolution());
-    // Yes to the clear question brings the last puzzle back, to be played and shown again.
-    clearEntries(AnswerYes);
-    EXPECT_EQ(m_board.tile(Gnaw).word, QStringLiteral("gnaw"));
-    EXPECT_TRUE(m_board.puzzleExists());
-    place(Wrap, WrapOn);
-    EXPECT_EQ(boardText(m_board), ".p...a.r.w aaaaaapa .........7");
-    m_board.apply(Move::solutionPress());
-    EXPECT_EQ(boardText(m_board), "gponyaardw aaAAAapa .........7");
-}
-
-TEST_F(NoPuzzle, ClicksDoNothingAndTheClearQuestionLeavesEmptyTiles) {
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i)
-        EXPECT_FALSE(m_board.apply(Move::tile(i)));
-    for (int k = 1; k <= StarGrid::DirectionCount; ++k)
-        EXPECT_FALSE(m_board.apply(Move::marker(k)));
-    EXPECT_EQ(m_board.SelectedWord(), -1);
+TEST_F(NoPuzzle, ClearQuestionLeavesEmptyTiles) {
     clearEntries(AnswerYes);
     EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
     EXPECT_EQ(tilesText(m_board), "--------");

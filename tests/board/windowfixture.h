@@ -1,14 +1,13 @@
-// The common set-up of the main-window tests: a program folder with the shipped schemes and a
-// small dictionary, and a shown Form1 whose start-up has run with a fixed shuffle.
+// The common set-up of the main-window tests: a program folder with the shipped schemes and the
+// eight-word dictionary, and a shown Form1 whose start-up has run with a fixed shuffle.
 #pragma once
 
 #include "board/form1.h"
 
-#include "appearance/colourscheme.h"
 #include "board/boardhit.h"
 #include "board/boardview.h"
-#include "support/recordingnotifier.h"
-#include "support/testfolder.h"
+#include "support/schemefixture.h"
+#include "support/testwords.h"
 #include "ui/boxcontrol.h"
 #include "ui/msgform.h"
 
@@ -19,13 +18,11 @@
 
 #include <memory>
 
-class WindowTest : public ::testing::Test {
+class WindowTest : public SchemeTest {
 protected:
-    void SetUp() override {
-        m_folder.copyShipped(QStringLiteral("all.col"));
-        // Eight words that cross (sect/peek/heck/poet/hoes, keep, hawk, smut) give one puzzle.
-        m_folder.write(QStringLiteral("english1.txt"),
-                       "sect\npeek\nheck\npoet\nhoes\nkeep\nhawk\nsmut\n");
+    WindowTest()
+        : SchemeTest(true) {
+        m_folder.writeLines(QStringLiteral("english1.txt"), testwords::kEight);
     }
 
     // Opens the window and lets Timer1's tick load the dictionary; files written before this
@@ -70,10 +67,6 @@ protected:
         return 0;
     }
 
-    TestFolder m_folder;
-    Settings m_settings;
-    ColourScheme m_scheme{m_settings};
-    RecordingNotifier m_notifier;
     MsgForm m_msgForm;
     std::unique_ptr<Form1> m_form;
 };

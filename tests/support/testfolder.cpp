@@ -52,6 +52,11 @@ void TestFolder::write(const QString& name, const QByteArray& bytes) const {
     f.write(bytes);
 }
 
+QString TestFolder::writeLines(const QString& name, const QStringList& lines) const {
+    write(name, (lines.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n")).toUtf8());
+    return file(name);
+}
+
 QByteArray TestFolder::read(const QString& name) const {
     QFile f(file(name));
     if (!f.open(QIODevice::ReadOnly))

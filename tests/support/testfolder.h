@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 class TestFolder {
@@ -23,6 +24,8 @@ public:
     QString file(const QString& name) const;
     // Writes `bytes` to path() + name, replacing any file of that name.
     void write(const QString& name, const QByteArray& bytes) const;
+    // Writes `lines` to path() + name, each ended by CR LF, and returns file(name).
+    QString writeLines(const QString& name, const QStringList& lines) const;
     // The whole content of path() + name ("" when missing).
     QByteArray read(const QString& name) const;
     // Copies a file of the repository's data/ folder into the folder.

@@ -128,15 +128,8 @@ QByteArray runChild(WriteFault fault, const WriteFaultCase& writeCase, const QSt
 } // namespace
 
 const char* writeFaultName(WriteFault fault) {
-    switch (fault) {
-    case WriteFault::FileSizeLimit:
-        return "FileSizeLimit";
-    case WriteFault::PathThroughFile:
-        return "PathThroughFile";
-    case WriteFault::FullFileSystem:
-        return "FullFileSystem";
-    }
-    return "?";
+    static const char* const names[] = {"FileSizeLimit", "PathThroughFile", "FullFileSystem"};
+    return names[static_cast<int>(fault)];
 }
 
 void writeFaultFile(const QString& path, const QByteArray& bytes) {
