@@ -46,13 +46,14 @@ $(BENCH_DIR)/build.ninja: | setup
 	cmake --preset bench
 
 # Google Benchmark programs: dictionary loads, the literal and the indexed generator, memory,
-# container restores.
+# container restores, a pentalink-gen booklet.
 bench: setup $(BENCH_DIR)/build.ninja
 	cmake --build --preset bench
 	$(BENCH_DIR)/bin/bench_dictionary
 	$(BENCH_DIR)/bin/bench_generator
 	$(BENCH_DIR)/bin/bench_memory
 	$(BENCH_DIR)/bin/bench_container
+	$(BENCH_DIR)/bin/bench_booklet
 
 # libFuzzer targets (fuzz/), built with clang under ASan and UBSan; each runs FUZZ_SECONDS.
 setup-fuzz:

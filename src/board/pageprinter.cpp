@@ -1,14 +1,13 @@
 // The printer and the PDF file; see pageprinter.h.
 #include "board/pageprinter.h"
 
+#include "board/pdffile.h"
 #include "board/sheetpainter.h"
 
 #include <QDir>
 #include <QLocale>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace {
@@ -49,35 +48,12 @@ PrintResult printPage(QPrinter& printer, const SheetPage& page) {
 }
 
 PrintResult savePagePdf(const QString& path, const SheetPage& page) {
-    const QString shown = QDir::toNativeSeparators(path);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return failed(QStringLiteral("Cannot write ") + shown + QStringLiteral(": ") +
-                      file.errorString());
-    {
-        QPdfWriter writer(&file);
-        writer.setTitle(QStringLiteral("Pentalink"));
-        writer.setCreator(QStringLiteral("Pentalink"));
-        writer.setPageSize(paperSize());
-        writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-        QPainter painter;
-        if (!painter.begin(&writer)) {
-            file.cancelWriting();
-            return failed(QStringLiteral("Cannot write ") + shown + QStringLiteral("."));
-        }
-        paintOn(painter, writer.resolution(), page);
-        painter.end();
-    }
-    // The file buffers what the writer gives it; a full disk may only show when the buffer
-    // goes out, and commit() does not always notice that.
-    if (!file.flush() || file.error() != QFileDevice::NoError) {
-        const QString cause = file.errorString();
-        file.cancelWriting();
-        return failed(QStringLiteral("Cannot write ") + shown + QStringLiteral(": ") + cause);
-    }
-    if (!file.commit())
-        return failed(QStringLiteral("Cannot write ") + shown + QStringLiteral(": ") +
-                      file.errorString());
+    const PdfDocument document{QStringLiteral("Pentalink"), QStringLiteral("Pentalink"),
+                               paperSize(), 1};
+    const QString error =
+        writePdf(path, document, [&page](QPainter& painter, int) { paintPage(painter, page); });
+    if (!error.isEmpty())
+        return failed(error);
     return {PrintResult::Outcome::Saved, path, {}};
 }
 

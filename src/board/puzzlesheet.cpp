@@ -4,6 +4,7 @@
 #include "board/boardgeometry.h"
 
 #include <functional>
+#include <optional>
 
 namespace {
 
@@ -12,8 +13,8 @@ constexpr int WordRowStep = 300;     // twips between the two rows of words
 
 // Where the texts of a block go. Cell c's letter goes to letterAt(c).
 struct BlockLayout {
-    QPointF footer;
-    QPointF firstWord; // tile 1; the others follow in rows of four
+    std::optional<QPointF> footer; // none: the block has no footer line
+    QPointF firstWord;             // tile 1; the others follow in rows of four
     double wordPointSize;
     std::function<QPointF(int)> letterAt;
 };
@@ -29,7 +30,8 @@ void composeTexts(SheetBlock& block, const BlockLayout& layout, int ShowSolution
                   const SheetContent& content, SheetFont& font) {
     font.pointSize = 7;
     font.bold = false;
-    print(block, layout.footer, PuzzleSheet::FooterText, font);
+    if (layout.footer)
+        print(block, *layout.footer, PuzzleSheet::FooterText, font);
 
     font.name = content.boardFontName;
     font.pointSize = layout.wordPointSize;
@@ -55,6 +57,13 @@ QPointF cellCorner(int c) {
     return BoardGeometry::Cells[static_cast<size_t>(c)].topLeft();
 }
 
+// The page's block with its corner at `corner`: the star enlarged, the words below it.
+BlockLayout pageLayout(const QPointF& corner, std::optional<QPointF> footer) {
+    return {footer, corner + QPointF(850, 6300), 16, [corner](int c) {
+                return cellCorner(c) * PuzzleSheet::PageStarScale + corner - QPointF(250, 250);
+            }};
+}
+
 } // namespace
 
 SheetContent sheetContent(const StarGrid& grid, const BoardState& board,
@@ -77,12 +86,30 @@ SheetBlock PrintPuzzle(int X, int Y, int ShowSolution, const SheetContent& conte
     block.starAt = QPointF(X, Y);
     block.starScale = PuzzleSheet::PageStarScale;
     const QPointF corner(X, Y);
-    const BlockLayout layout{
-        corner + QPointF(2550, 6000), corner + QPointF(850, 6300), 16, [corner](int c) {
-            return cellCorner(c) * PuzzleSheet::PageStarScale + corner - QPointF(250, 250);
-        }};
-    composeTexts(block, layout, ShowSolution, content, printerFont);
+    composeTexts(block, pageLayout(corner, corner + QPointF(2550, 6000)), ShowSolution, content,
+                 printerFont);
     return block;
+}
+
+SheetBlock composeBookletBlock(int number, int ShowSolution, const SheetContent& content) {
+    SheetBlock block;
+    block.starScale = PuzzleSheet::PageStarScale;
+    SheetFont font{content.boardFontName, 20, true, false};
+    print(block, QPointF(0, 0), QString::number(number), font);
+    composeTexts(block, pageLayout(QPointF(0, 0), std::nullopt), ShowSolution, content, font);
+    return block;
+}
+
+SheetBlock placed(const SheetBlock& block, const QPointF& at, double factor) {
+    SheetBlock out;
+    out.starAt = block.starAt * factor + at;
+    out.starScale = block.starScale * factor;
+    for (SheetText text : block.texts) {
+        text.at = text.at * factor + at;
+        text.font.pointSize *= factor;
+        out.texts.append(text);
+    }
+    return out;
 }
 
 std::array<SheetBlock, 2> composePage(const SheetContent& content) {

@@ -91,6 +91,14 @@ SheetBlock PrintPuzzle(int X, int Y, int ShowSolution, const SheetContent& conte
 // `SheetFont{}`.
 std::array<SheetBlock, 2> composePage(const SheetContent& content);
 
+// One puzzle of a booklet: the page's block with its corner at (0, 0), without the footer line,
+// its number drawn in the star picture's empty top-left corner (board font, 20 points, bold).
+// ShowSolution as for PrintPuzzle.
+SheetBlock composeBookletBlock(int number, int ShowSolution, const SheetContent& content);
+
+// `block` enlarged by `factor` (star, positions and point sizes alike), then moved by `at`.
+SheetBlock placed(const SheetBlock& block, const QPointF& at, double factor);
+
 // The clipboard picture's composition on `Picture1` (the star picture at its corner).
 // `surfaceFont` is the picture's font, which outlives one composition: the footer takes the
 // font name the previous composition left (initially "Arial").

@@ -6,6 +6,7 @@
 
 #include <QFont>
 #include <QPainter>
+#include <QPen>
 
 using namespace BoardGeometry;
 
@@ -42,24 +43,40 @@ void paintStarPicture(QPainter& painter, const QPointF& at, double scale) {
     // The picture's corner is this star-area point; paintBoard draws in board twips.
     painter.translate(-QPointF(starArea().topLeft() + PuzzleSheet::StarPictureOrigin));
     paintBoard(painter, BoardState{}, style);
-    // The boxes cover the cells the board drew: black one-pixel borders, empty inside.
+    // The boxes cover the cells the board drew: black one-pixel borders, empty inside. The
+    // border is a stroke along the middle of its pixel rather than a white square on a black
+    // one, so a viewer showing a small page still draws it (at least a device pixel wide).
+    QPen border(Qt::black);
+    border.setWidthF(TwipsPerPixel);
+    border.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(border);
+    painter.setBrush(Qt::white);
+    const double half = TwipsPerPixel / 2.0;
     for (int c = 0; c < StarGrid::CellCount; ++c) {
-        const QRect box(cellRect(c).topLeft(),
-                        QSize(PuzzleSheet::StarBoxPixels, PuzzleSheet::StarBoxPixels) *
-                            TwipsPerPixel);
-        painter.fillRect(box, Qt::black);
-        painter.fillRect(box.adjusted(TwipsPerPixel, TwipsPerPixel, -TwipsPerPixel, -TwipsPerPixel),
-                         Qt::white);
+        const QRectF box(cellRect(c).topLeft(),
+                         QSizeF(PuzzleSheet::StarBoxPixels, PuzzleSheet::StarBoxPixels) *
+                             TwipsPerPixel);
+        painter.drawRect(box.adjusted(half, half, -half, -half));
     }
     painter.restore();
 }
 
-void paintSheetBlock(QPainter& painter, const SheetBlock& block) {
-    paintStarPicture(painter, block.starAt, block.starScale);
-    for (const SheetText& text : block.texts) {
+void paintSheetTexts(QPainter& painter, const QList<SheetText>& texts) {
+    for (const SheetText& text : texts) {
         paintText(painter, QRectF(text.at, TextRoom), Qt::AlignLeft | Qt::AlignTop, text.text,
                   toFont(text.font), Qt::black);
     }
+}
+
+void paintSheetBlock(QPainter& painter, const SheetBlock& block) {
+    paintStarPicture(painter, block.starAt, block.starScale);
+    paintSheetTexts(painter, block.texts);
+}
+
+void paintBookletPage(QPainter& painter, const BookletPage& page) {
+    for (const SheetBlock& block : page.blocks)
+        paintSheetBlock(painter, block);
+    paintSheetTexts(painter, page.texts);
 }
 
 void paintPage(QPainter& painter, const std::array<SheetBlock, 2>& page) {

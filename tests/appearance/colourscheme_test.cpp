@@ -1,16 +1,14 @@
-// The colour-scheme table: loading, previewing, deriving, listing, and the rewrites of the
-// collection, including every way a rewrite can fail without harming "all.col".
+// The colour-scheme table: loading and previewing (and every way a collection can be
+// damaged), deriving, listing, and the rewrites of the collection, including every way a
+// rewrite can be refused without harming "all.col".
 #include "appearance/colourscheme.h"
 
-#include "support/recordingnotifier.h"
-#include "support/testfolder.h"
-#include "support/writefault.h"
+#include "support/schemefixture.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
-
 
 namespace {
 
@@ -44,28 +42,21 @@ QByteArray bytes(const QStringList& lines) {
     return out;
 }
 
-class ColourSchemeTest : public ::testing::Test {
+class ColourSchemeTest : public SchemeTest {
 protected:
-    ColourSchemeTest() { m_scheme.setNotifier(&m_notifier); }
-
-    void writeCollection(const QStringList& lines) { m_folder.write(AllCol, bytes(lines)); }
+    void writeCollection(const QStringList& lines) { m_folder.writeLines(AllCol, lines); }
     QByteArray collection() const { return m_folder.read(AllCol); }
     Colours stored() const {
         Colours colours{};
         std::copy_n(m_scheme.SchemeColours.begin(), 13, colours.begin());
         return colours;
     }
-
-    TestFolder m_folder;
-    Settings m_settings = Settings::forFolder(m_folder.path());
-    RecordingNotifier m_notifier;
-    ColourScheme m_scheme{m_settings};
 };
 
-TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderAndDerivesColours3And5FromTheValuesRead) {
+TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderDerivingColours3And5AndDefaultNeedsNoFile) {
     // Colour 3 is colour 2 + 32 (256 counts as 255, 257 and more become 254), colour 5 is
-    // colour 4 - 32 (1 stays, below 1 becomes 8), from the values as read even above 255; their own
-    // lines are unread.
+    // colour 4 - 32 (1 stays, below 1 becomes 8), from the values as read even above 255;
+    // their own lines are unread.
     const struct {
         const char *colour2, *colour4;
         quint32 c2, c3, c4, c5;
@@ -93,87 +84,15 @@ TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderAndDerivesColours3And5FromT
             EXPECT_EQ(s[k], numbered(k)) << k;
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty());
-
     // The Options window's loader reads every line, so there the section is damaged.
-    m_settings.ActiveSchemeFile = QStringLiteral("wanted.col");
-    quint32 base = 42;
+    quint32 base = 0;
     EXPECT_FALSE(m_scheme.PreviewScheme(QStringLiteral("wanted.col"), base));
-    EXPECT_EQ(base, 0u);
-    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("default.col"));
-    ASSERT_EQ(m_notifier.messages().size(), 1);
-    const RecordedMessage& message = m_notifier.messages()[0];
-    EXPECT_TRUE(message.standard);
-    EXPECT_EQ(message.text, QStringLiteral("Color Scheme: wanted.col not found"));
-    EXPECT_EQ(message.style, QStringLiteral("vbok"));
-    EXPECT_EQ(message.title, QStringLiteral("Pentalink"));
-}
 
-TEST_F(ColourSchemeTest, LoadFailureShowsOneMessageFallsBackToXpAndKeepsColoursReadSoFar) {
-    QStringList badColour7 = numberedSection(QStringLiteral("broken.col"));
-    badColour7[8] = QStringLiteral(" 5; 6"); // two numbers
-    const struct {
-        const char* what;
-        QStringList lines;
-        int firstKept; // the first colour the failed load leaves as it was
-    } rows[] = {
-        {"colour 7 has two numbers", badColour7, 7},
-        {"six colour lines", numberedSection(QStringLiteral("broken.col")).mid(0, 7), 6},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        writeCollection(row.lines);
-        m_notifier.clear();
-        m_scheme.SchemeColours.fill(packRgb(1, 2, 3));
-        m_settings.ActiveSchemeFile = QStringLiteral("broken.col");
-        EXPECT_FALSE(m_scheme.LoadColourScheme(QStringLiteral("broken.col")));
-        ASSERT_EQ(m_notifier.messages().size(), 1);
-        EXPECT_EQ(m_notifier.messages()[0].text,
-                  QStringLiteral("Colour Scheme: broken.col not found"));
-        EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbok+vbcritical"));
-        EXPECT_FALSE(m_notifier.messages()[0].standard);
-        EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
-        EXPECT_EQ(m_scheme.SchemeColours[4], numbered(4)); // read before the failure
-        EXPECT_EQ(m_scheme.SchemeColours[row.firstKept], packRgb(1, 2, 3));
-
-        // The Options window's loader keeps what it stored before the failure too.
-        m_scheme.SchemeColours.fill(packRgb(1, 2, 3));
-        quint32 base = 0;
-        EXPECT_FALSE(m_scheme.PreviewScheme(QStringLiteral("broken.col"), base));
-        EXPECT_EQ(m_scheme.SchemeColours[row.firstKept - 1], numbered(row.firstKept - 1));
-        EXPECT_EQ(m_scheme.SchemeColours[row.firstKept], packRgb(1, 2, 3));
-    }
-}
-
-TEST_F(ColourSchemeTest, LoadFailsForAMissingOrDamagedCollection) {
-    EXPECT_FALSE(m_scheme.LoadColourScheme(QStringLiteral("s.col")));
-    EXPECT_EQ(m_notifier.messages().size(), 1);
-    const QStringList good = numberedSection(QStringLiteral("s.col"));
-    const struct {
-        const char* what;
-        QByteArray content;
-    } cases[] = {
-        {"no such section", bytes(numberedSection(QStringLiteral("other.col")))},
-        {"header in other case", bytes(numberedSection(QStringLiteral("S.col")))},
-        {"section cut short", bytes(good.mid(0, 10))},
-        {"negative number", bytes(QStringList(good).replaceInStrings(QStringLiteral(" 0; 0; 255"),
-                                                                     QStringLiteral("-1; 0; 0")))},
-        {"binary junk", QByteArray::fromHex("00fffe20732e636f6c00")},
-        {"empty file", QByteArray()},
-        {"huge file", bytes(good) + QByteArray(SchemeFile::MaxBytes, 'x')},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        m_notifier.clear();
-        m_folder.write(AllCol, c.content);
-        EXPECT_FALSE(m_scheme.LoadColourScheme(QStringLiteral("s.col")));
-        EXPECT_EQ(m_notifier.messages().size(), 1);
-    }
-}
-
-TEST_F(ColourSchemeTest, PreviewOfDefaultReadsNoFileAndUsesTheSystemBackground) {
+    // "default.col" in any case reads no file and shows the desktop's window background.
+    QFile::remove(m_folder.file(AllCol));
+    m_notifier.clear();
     m_scheme.SchemeColours.fill(packRgb(9, 9, 9));
-    for (const char* name : {"default.col", "DEFAULT.COL", "Default.Col"}) {
-        quint32 base = 0;
+    for (const char* name : {"default.col", "DEFAULT.COL"}) {
         EXPECT_TRUE(m_scheme.PreviewScheme(QString::fromLatin1(name), base));
         EXPECT_EQ(base, ColourScheme::SystemWindowBackground);
         const auto& s = m_scheme.SchemeColours;
@@ -181,21 +100,72 @@ TEST_F(ColourSchemeTest, PreviewOfDefaultReadsNoFileAndUsesTheSystemBackground) 
                   std::make_tuple(0x80000005u, 0u, 0x80000005u, packRgb(9, 9, 9)))
             << name;
     }
-    EXPECT_FALSE(QFile::exists(m_folder.file(AllCol)));
     EXPECT_TRUE(m_notifier.messages().isEmpty());
 }
 
-TEST_F(ColourSchemeTest, DeriveAtFullContrastShiftsAndHoldsComponents) {
-    ASSERT_TRUE(m_scheme.DeriveScheme(packRgb(10, 128, 250), 100));
-    const Colours expected = {packRgb(1, 1, 1),       packRgb(240, 240, 240), packRgb(10, 128, 250),
-                              packRgb(1, 1, 122),     packRgb(1, 96, 218),    packRgb(1, 64, 186),
-                              packRgb(138, 244, 244), packRgb(42, 160, 244),  packRgb(74, 192, 244),
-                              packRgb(128, 0, 0),     packRgb(255, 0, 0),     packRgb(0, 128, 0),
-                              packRgb(0, 255, 0)};
-    EXPECT_EQ(stored(), expected);
+TEST_F(ColourSchemeTest, ADamagedCollectionFailsBothLoadersWithOneMessageKeepingColoursReadSoFar) {
+    const QStringList good = numberedSection(QStringLiteral("s.col"));
+    QStringList badColour7 = good;
+    badColour7[8] = QStringLiteral(" 5; 6"); // two numbers
+    const struct {
+        const char* what;
+        std::optional<QByteArray> content; // none: no file
+        int firstKept;                     // the first colour a failed load leaves as it was
+    } rows[] = {
+        {"no collection", std::nullopt, 0},
+        {"no such section", bytes(numberedSection(QStringLiteral("other.col"))), 0},
+        {"header in other case", bytes(numberedSection(QStringLiteral("S.col"))), 0},
+        {"six colour lines", bytes(good.mid(0, 7)), 6},
+        {"colour 7 has two numbers", bytes(badColour7), 7},
+        {"negative number", bytes(QStringList(good).replaceInStrings(" 0; 0; 255", "-1; 0; 0")), 0},
+        {"binary junk", QByteArray::fromHex("00fffe20732e636f6c00"), 0},
+        {"empty file", QByteArray(), 0},
+        {"huge file", bytes(good) + QByteArray(SchemeFile::MaxBytes, 'x'), 0},
+    };
+    const quint32 filler = packRgb(1, 2, 3);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        QFile::remove(m_folder.file(AllCol));
+        if (row.content)
+            m_folder.write(AllCol, *row.content);
+        const auto kept = [&] {
+            const auto& s = m_scheme.SchemeColours;
+            EXPECT_EQ(s[row.firstKept], filler);
+            if (row.firstKept > 0) {
+                EXPECT_EQ(s[0], numbered(0)); // read before the failure
+            }
+        };
+        m_notifier.clear();
+        m_scheme.SchemeColours.fill(filler);
+        m_settings.ActiveSchemeFile = QStringLiteral("s.col");
+        EXPECT_FALSE(m_scheme.LoadColourScheme(QStringLiteral("s.col")));
+        EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
+        kept();
+
+        m_scheme.SchemeColours.fill(filler);
+        quint32 base = 42;
+        EXPECT_FALSE(m_scheme.PreviewScheme(QStringLiteral("s.col"), base));
+        EXPECT_EQ(base, 0u);
+        EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("default.col"));
+        kept();
+
+        QStringList shown; // text, style, title, and whether the platform's standard box
+        for (const RecordedMessage& m : m_notifier.messages())
+            shown << QStringList{m.text, m.style, m.title, m.standard ? "standard" : ""}.join('|');
+        EXPECT_EQ(shown, (QStringList{"Colour Scheme: s.col not found|vbok+vbcritical||",
+                                      "Color Scheme: s.col not found|vbok|Pentalink|standard"}));
+    }
 }
 
-TEST_F(ColourSchemeTest, DeriveScalesTheShiftsWithTheContrastRoundingHalfToEven) {
+TEST_F(ColourSchemeTest, DerivedColoursShiftTheBaseByTheContrastRoundingHalfToEvenAndHolding) {
+    m_scheme.SchemeColours.fill(0); // every colour is written, the fixed ones too
+    ASSERT_TRUE(m_scheme.DeriveScheme(packRgb(10, 128, 250), 100));
+    const Colours full = {packRgb(1, 1, 1),       packRgb(240, 240, 240), packRgb(10, 128, 250),
+                          packRgb(1, 1, 122),     packRgb(1, 96, 218),    packRgb(1, 64, 186),
+                          packRgb(138, 244, 244), packRgb(42, 160, 244),  packRgb(74, 192, 244),
+                          packRgb(128, 0, 0),     packRgb(255, 0, 0),     packRgb(0, 128, 0),
+                          packRgb(0, 255, 0)};
+    EXPECT_EQ(stored(), full);
     const struct {
         int grey, contrast, k, expected;
     } rows[] = {
@@ -217,257 +187,144 @@ TEST_F(ColourSchemeTest, DeriveScalesTheShiftsWithTheContrastRoundingHalfToEven)
     EXPECT_EQ(stored(), before);
 }
 
-TEST_F(ColourSchemeTest, ListNamesEveryLineHoldingDotColInFileOrder) {
+TEST_F(ColourSchemeTest, ListAppendReplaceAndDeleteWorkOnEverySectionWithThatHeader) {
     EXPECT_FALSE(m_scheme.ListSchemeNames().has_value()); // no collection: nothing to list
-    writeCollection({QStringLiteral("no headers at all")});
-    EXPECT_EQ(m_scheme.ListSchemeNames(), QStringList()); // read, but no section
-    writeCollection(numberedSection(QStringLiteral("zeta.col")) +
-                    numberedSection(QStringLiteral("Alpha.col")) +
-                    numberedSection(QStringLiteral("mid.col old")) +
-                    numberedSection(QStringLiteral("LOUD.COL")) +
-                    QStringList{QStringLiteral("a note about x.color")});
-    const QStringList names = m_scheme.ListSchemeNames().value_or(QStringList());
-    EXPECT_EQ(names, (QStringList{QStringLiteral("zeta"), QStringLiteral("Alpha"),
-                                  QStringLiteral("mid"), QStringLiteral("a note about x")}));
-    // A header with text after ".col" is listed but cannot be found by that name.
-    EXPECT_FALSE(m_scheme.LoadColourScheme(names.value(2) + QStringLiteral(".col")));
-}
-
-TEST_F(ColourSchemeTest, AppendCreatesTheCollectionEndsItsLastLineAndRoundTrips) {
     m_scheme.DeriveScheme(packRgb(1, 2, 3), 100);
     ASSERT_TRUE(m_scheme.AppendScheme(QStringLiteral("first"))); // creates the missing file
-    EXPECT_EQ(collection(), bytes(section(QStringLiteral("first.col"), stored())));
+    const QStringList first = section(QStringLiteral("first.col"), stored());
+    EXPECT_EQ(collection(), bytes(first));
 
-    const QByteArray before = collection().chopped(2); // an unfinished last line
-    m_folder.write(AllCol, before);
+    // Appended after an unfinished last line, lower-cased, and read back as stored.
+    m_folder.write(AllCol, bytes(first).chopped(2));
     ASSERT_TRUE(m_scheme.DeriveScheme(packRgb(200, 180, 160), 80));
     const Colours derived = stored();
     ASSERT_TRUE(m_scheme.AppendScheme(QStringLiteral("Warm Sand")));
-    EXPECT_EQ(collection(),
-              before + "\r\n" + bytes(section(QStringLiteral("warm sand.col"), derived)));
-    EXPECT_EQ(m_scheme.ListSchemeNames(),
-              (QStringList{QStringLiteral("first"), QStringLiteral("warm sand")}));
-
-    // The preview reads colours 3 and 5 as stored, not derived again.
+    const QStringList sand = section(QStringLiteral("warm sand.col"), derived);
+    EXPECT_EQ(collection(), bytes(first + sand));
     m_scheme.SchemeColours.fill(0);
     quint32 base = 0;
     ASSERT_TRUE(m_scheme.PreviewScheme(QStringLiteral("warm sand.col"), base));
     EXPECT_EQ(stored(), derived);
     EXPECT_EQ(base, packRgb(200, 180, 160));
-}
 
-TEST_F(ColourSchemeTest, ReplaceAndDeleteTreatEverySectionWithThatHeaderAndKeepTheRest) {
-    const QStringList xp = numberedSection(QStringLiteral("xp.col"));
+    // Every line holding ".col" names a scheme, in file order.
     const QStringList old = section(QStringLiteral("sea.col"), {});
-    const QStringList note{QStringLiteral("# a line that is no colour")};
+    const QStringList note{QStringLiteral("a note about x.color"), QStringLiteral("LOUD.COL")};
     const QStringList capital = numberedSection(QStringLiteral("Capital.col"));
-    writeCollection(old + xp + note + old + capital);
-
+    writeCollection(old + first + note + old + capital);
+    EXPECT_EQ(m_scheme.ListSchemeNames(),
+              (QStringList{"sea", "first", "a note about x", "sea", "Capital"}));
     m_scheme.DeriveScheme(packRgb(90, 160, 220), 100);
     ASSERT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("Sea")));
     const QStringList fresh = section(QStringLiteral("sea.col"), stored());
-    EXPECT_EQ(collection(), bytes(fresh + xp + note + fresh + capital));
+    EXPECT_EQ(collection(), bytes(fresh + first + note + fresh + capital));
     // The scratch copy stays, holding the same collection.
     EXPECT_EQ(m_folder.read(QStringLiteral("newall.cox")), collection());
-
     ASSERT_TRUE(m_scheme.DeleteScheme(QStringLiteral("SEA")));
-    EXPECT_EQ(collection(), bytes(xp + note + capital));
-
-    // Absent names rewrite the same file and succeed; "Capital" is searched as "capital.col",
-    // which the capitalised header does not equal.
+    EXPECT_EQ(collection(), bytes(first + note + capital));
+    // Absent names rewrite the same file and succeed; "Capital" is searched as "capital.col".
     EXPECT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("Capital")));
     EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("nothing")));
-    EXPECT_EQ(collection(), bytes(xp + note + capital));
-}
+    EXPECT_EQ(collection(), bytes(first + note + capital));
 
-TEST_F(ColourSchemeTest, RewritesNormaliseLineEndsAndEncodingButKeepEveryLine) {
-    const QByteArray xp = bytes(numberedSection(QStringLiteral("xp.col")));
-    // "cafe notes" with a Windows-1252 e-acute, then LF line ends.
+    // A rewrite normalises line ends and encoding but keeps every line: "cafe notes" with a
+    // Windows-1252 e-acute, then LF line ends.
     m_folder.write(AllCol, QByteArray::fromHex("636166e9206e6f7465730a") +
-                               QByteArray(xp).replace("\r\n", "\n"));
+                               bytes(first).replace("\r\n", "\n"));
     ASSERT_TRUE(m_scheme.DeleteScheme(QStringLiteral("none")));
-    EXPECT_EQ(collection(), QByteArray::fromHex("636166c3a9206e6f7465730d0a") + xp);
+    EXPECT_EQ(collection(), QByteArray::fromHex("636166c3a9206e6f7465730d0a") + bytes(first));
 }
 
-// --- Failures leave "all.col" byte for byte as it was ------------------------------------
-
-class SchemeFailureTest : public ColourSchemeTest {
-protected:
-    void SetUp() override {
-        writeCollection(numberedSection(QStringLiteral("xp.col")) +
-                        numberedSection(QStringLiteral("sea.col")));
-        m_before = collection();
-        m_scheme.DeriveScheme(packRgb(50, 60, 70), 100);
-    }
-    void expectUnchanged() const { EXPECT_EQ(collection(), m_before); }
-
-    QByteArray m_before;
-};
-
-TEST_F(SchemeFailureTest, ATableColourThatCannotBeSplitWritesNothing) {
-    quint32 base = 0;
-    m_scheme.PreviewScheme(QStringLiteral("default.col"), base); // colours 2 and 4 are system
-    EXPECT_FALSE(m_scheme.AppendScheme(QStringLiteral("new")));
-    EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("sea")));
-    expectUnchanged();
-    EXPECT_FALSE(QFile::exists(m_scheme.scratchPath()));
-    // A name with no section takes no colours: the file is rewritten unchanged.
-    EXPECT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("nosuch")));
-    expectUnchanged();
-    EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("sea"))); // deleting needs no colours
-}
-
-TEST_F(SchemeFailureTest, ANameWithALineBreakIsNoHeaderAndIsNotAppended) {
-    // Found by fuzz_schemes: the header split into two lines and shifted the colours.
-    for (const char* name : {" 233; 216\r\n 254", "a\nb", "c\r"}) {
-        EXPECT_FALSE(m_scheme.AppendScheme(QString::fromLatin1(name))) << name;
-        expectUnchanged();
-    }
-}
-
-TEST_F(SchemeFailureTest, AMatchingSectionCutShortStopsReplaceAndDelete) {
-    QByteArray cut = m_before + bytes(numberedSection(QStringLiteral("short.col")).mid(0, 13));
-    m_folder.write(AllCol, cut);
-    EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("short")));
-    EXPECT_FALSE(m_scheme.DeleteScheme(QStringLiteral("short")));
-    EXPECT_EQ(collection(), cut);
-    // Other names still rewrite: the short section is carried through as plain lines.
-    EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("sea")));
-}
-
-TEST_F(SchemeFailureTest, AFailedFinalWriteLeavesAllColAsItWas) {
-    QStringList written;
-    m_scheme.setWriter([&](const QString& path, const QByteArray& content) {
-        written.append(QFileInfo(path).fileName());
-        // The scratch copy goes through; the collection itself fails.
-        return path.endsWith(QStringLiteral("newall.cox")) &&
-               SchemeFile::writeAtomically(path, content);
-    });
-    EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("sea")));
-    EXPECT_FALSE(m_scheme.DeleteScheme(QStringLiteral("sea")));
-    EXPECT_FALSE(m_scheme.AppendScheme(QStringLiteral("new")));
-    expectUnchanged();
-    EXPECT_EQ(written, (QStringList{QStringLiteral("newall.cox"), AllCol,
-                                    QStringLiteral("newall.cox"), AllCol, AllCol}));
-}
-
-TEST_F(SchemeFailureTest, ARewriteNeverLeavesACollectionTheReaderRefuses) {
-    // Comment lines fill each collection to 60 bytes under the reader's limit: room for
-    // neither another section nor a CR before every LF, but for a section of shorter lines.
-    const auto filled = [](QByteArray bytes, const QByteArray& lineEnd) {
-        const qsizetype size = SchemeFile::MaxBytes - 60;
-        while (bytes.size() + 200 + lineEnd.size() < size)
-            bytes += QByteArray(200, '#') + lineEnd;
-        return bytes + QByteArray(size - bytes.size() - lineEnd.size(), '#') + lineEnd;
-    };
-    const QByteArray lf = filled(QByteArray(m_before).replace("\r\n", "\n"), "\n");
-    const QByteArray crlf = filled(m_before, "\r\n");
-    const struct {
-        const char* what;
-        QByteArray content;
-        bool append, replace, remove;
-    } rows[] = {
-        {"LF line ends that CR LF would push past the limit", lf, false, false, false},
-        {"a section appended past the limit", crlf, false, true, true}, // replaced: 8 bytes less
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        const std::pair<std::function<bool()>, bool> operations[] = {
-            {[&] { return m_scheme.AppendScheme(QStringLiteral("new")); }, row.append},
-            {[&] { return m_scheme.ReplaceScheme(QStringLiteral("sea")); }, row.replace},
-            {[&] { return m_scheme.DeleteScheme(QStringLiteral("sea")); }, row.remove},
-        };
-        for (const auto& [operation, succeeds] : operations) {
-            m_folder.write(AllCol, row.content);
-            EXPECT_EQ(operation(), succeeds);
-            if (!succeeds) {
-                EXPECT_EQ(collection(), row.content);
-            }
-            EXPECT_TRUE(SchemeFile::readLines(m_folder.file(AllCol)).has_value());
-        }
-    }
-}
-
-TEST_F(SchemeFailureTest, AnUnusableCollectionOrFolderIsRefusedUntouched) {
-    // (A disk that refuses the write is SchemeWriteFault's, below: permissions do not stop
-    // root, which runs CI.)
+TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
+    const QByteArray two = bytes(numberedSection(QStringLiteral("xp.col")) +
+                                 numberedSection(QStringLiteral("sea.col")));
     const QString all = m_folder.file(AllCol);
-    const auto state = [&]() -> QByteArray {
-        const QFileInfo info(all);
-        return info.isDir() ? "folder" : info.exists() ? collection() : "missing";
+    // Comment lines fill a collection to 60 bytes under the reader's limit: room for neither
+    // another section nor a CR before every LF, but for a section of shorter lines.
+    const auto filled = [&](const QByteArray& lineEnd) {
+        QByteArray content = QByteArray(two).replace("\r\n", lineEnd);
+        const qsizetype size = SchemeFile::MaxBytes - 60;
+        while (content.size() + 200 + lineEnd.size() < size)
+            content += QByteArray(200, '#') + lineEnd;
+        return content + QByteArray(size - content.size() - lineEnd.size(), '#') + lineEnd;
+    };
+    const auto systemColours = [&] {
+        quint32 base = 0;
+        m_scheme.PreviewScheme(QStringLiteral("default.col"), base);
+    };
+    const auto cutShort = [&] {
+        m_folder.write(AllCol, two + bytes(numberedSection(QStringLiteral("sea2.col")).mid(0, 13)));
+    };
+    const auto failingFor = [](const char* file) {
+        return [file](const QString& path, const QByteArray& content) {
+            return !path.endsWith(QLatin1String(file)) &&
+                   SchemeFile::writeAtomically(path, content);
+        };
     };
     const struct {
         const char* what;
         std::function<void()> damage;
-        bool appendFails; // Append creates a missing file and writes no scratch copy
+        bool append, replace, remove;
+        const char* name = "sea";
     } rows[] = {
-        {"missing", [&] { QFile::remove(all); }, false},
-        {"a folder",
+        {"colours 2 and 4 are system colours", systemColours, false, false, true},
+        {"system colours, a name with no section", systemColours, false, true, true, "nosuch"},
+        // Found by fuzz_schemes: the header split into two lines and shifted the colours.
+        {"a name with CR LF", {}, false, true, true, " 233; 216\r\n 254"},
+        {"a name with CR", {}, false, true, true, "c\r"},
+        {"the matching section cut short", cutShort, true, false, false, "sea2"},
+        {"another section cut short", cutShort, true, true, true}, // carried as plain lines
+        {"the scratch copy cannot be written",
+         [&] { m_scheme.setWriter(failingFor("newall.cox")); }, true, false, false},
+        {"the scratch copy a folder", [&] { QDir().mkdir(m_scheme.scratchPath()); }, true, false,
+         false},
+        {"all.col cannot be written", [&] { m_scheme.setWriter(failingFor("all.col")); }, false,
+         false, false},
+        {"all.col missing", [&] { QFile::remove(all); }, true, false, false},
+        {"all.col a folder",
          [&] {
              QFile::remove(all);
              QDir().mkdir(all);
          },
-         true},
-        {"oversized",
-         [&] { m_folder.write(AllCol, m_before + QByteArray(SchemeFile::MaxBytes, '#')); }, true},
-        {"scratch copy a folder", [&] { QDir().mkdir(m_scheme.scratchPath()); }, false},
+         false, false, false},
+        {"all.col oversized",
+         [&] { m_folder.write(AllCol, two + QByteArray(SchemeFile::MaxBytes, '#')); }, false, false,
+         false},
+        {"LF line ends that CR LF would push past the limit",
+         [&] { m_folder.write(AllCol, filled("\n")); }, false, false, false},
+        {"a section appended past the limit", [&] { m_folder.write(AllCol, filled("\r\n")); },
+         false, true, true}, // replaced: 8 bytes less
+    };
+    const auto state = [&]() -> QByteArray {
+        const QFileInfo info(all);
+        return info.isDir() ? "folder" : info.exists() ? collection() : "missing";
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        QDir(all).removeRecursively();
-        QFile::remove(all);
-        m_folder.write(AllCol, m_before);
-        row.damage();
-        const QByteArray before = state();
-        if (row.appendFails) {
-            EXPECT_FALSE(m_scheme.AppendScheme(QStringLiteral("new")));
+        const QString name = QString::fromLatin1(row.name);
+        const std::pair<std::function<bool()>, bool> operations[] = {
+            {[&] { return m_scheme.AppendScheme(name); }, row.append},
+            {[&] { return m_scheme.ReplaceScheme(name); }, row.replace},
+            {[&] { return m_scheme.DeleteScheme(name); }, row.remove},
+        };
+        for (const auto& [operation, succeeds] : operations) {
+            QDir(all).removeRecursively();
+            QDir(m_scheme.scratchPath()).removeRecursively();
+            QFile::remove(m_scheme.scratchPath());
+            m_folder.write(AllCol, two);
+            m_scheme.setWriter({});
+            m_scheme.DeriveScheme(packRgb(50, 60, 70), 100);
+            if (row.damage)
+                row.damage();
+            const QByteArray before = state();
+            EXPECT_EQ(operation(), succeeds);
+            if (succeeds) {
+                EXPECT_TRUE(SchemeFile::readLines(all).has_value()); // still readable
+            } else {
+                EXPECT_EQ(state(), before);
+            }
         }
-        EXPECT_FALSE(m_scheme.ReplaceScheme(QStringLiteral("sea")));
-        EXPECT_FALSE(m_scheme.DeleteScheme(QStringLiteral("sea")));
-        EXPECT_EQ(state(), before);
     }
 }
-
-// Append, Replace and Delete when the disk refuses the write: each reports failure and
-// every file of the folder stays byte for byte as it was.
-class SchemeWriteFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(SchemeWriteFault, EveryRewriteFailsAndKeepsTheCollection) {
-    const QByteArray collection = bytes(numberedSection(QStringLiteral("xp.col")) +
-                                        numberedSection(QStringLiteral("sea.col")));
-    // Append writes the collection itself; Replace and Delete fail at the scratch copy first.
-    const std::pair<const char*, std::function<bool(ColourScheme&)>> operations[] = {
-        {"append", [](ColourScheme& s) { return s.AppendScheme(QStringLiteral("new")); }},
-        {"replace", [](ColourScheme& s) { return s.ReplaceScheme(QStringLiteral("sea")); }},
-        {"delete", [](ColourScheme& s) { return s.DeleteScheme(QStringLiteral("sea")); }},
-    };
-    for (const auto& [what, operation] : operations) {
-        SCOPED_TRACE(what);
-        const bool append = std::string_view(what) == "append";
-        const WriteFaultOutcome outcome = runWithWriteFault(
-            GetParam(),
-            {[&](const QString& folder) { writeFaultFile(folder + AllCol, collection); },
-             [&](const QString& folder, const QString& target, Notifier& notifier) {
-                 Settings settings = Settings::forFolder(target);
-                 if (!append)
-                     settings.SchemeCollectionPath = folder + AllCol;
-                 ColourScheme scheme(settings);
-                 scheme.setNotifier(&notifier);
-                 scheme.DeriveScheme(packRgb(50, 60, 70), 100);
-                 return QString::number(operation(scheme));
-             },
-             100});
-        if (outcome.skipped)
-            GTEST_SKIP() << outcome.skipReason.toStdString();
-        EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-        EXPECT_EQ(outcome.result, QStringLiteral("0"));
-        EXPECT_EQ(outcome.messages, QStringList());
-        EXPECT_EQ(outcome.changed, QStringList());
-        EXPECT_EQ(outcome.added, QStringList());
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, SchemeWriteFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });
 
 } // namespace

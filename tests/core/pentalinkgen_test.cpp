@@ -1,7 +1,11 @@
 // pentalink-gen run as a user runs it: JSON lines, the text drawing, the default dictionary
-// of the program folder, and bad arguments.
+// of the program folder, booklets (read back with poppler's pdfinfo, pdftotext and pdffonts),
+// and bad arguments.
 #include "support/testfolder.h"
+#include "support/writefault.h"
 
+#include <QDir>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -9,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <random>
 
 namespace {
@@ -22,8 +27,10 @@ struct GenRun {
 };
 
 GenRun runGen(const QStringList& arguments,
-              const QString& program = QStringLiteral(PENTALINK_GEN_PATH)) {
+              const QString& program = QStringLiteral(PENTALINK_GEN_PATH),
+              const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.start(program, arguments);
     EXPECT_TRUE(process.waitForFinished(60000));
     GenRun run;
@@ -31,6 +38,19 @@ GenRun runGen(const QStringList& arguments,
     run.out = QString::fromUtf8(process.readAllStandardOutput());
     run.err = QString::fromUtf8(process.readAllStandardError());
     return run;
+}
+
+// The words of `json` lines' candidates, in order.
+QStringList candidatesOf(const QString& json) {
+    QStringList words;
+    for (const QString& line : json.split(u'\n', Qt::SkipEmptyParts)) {
+        for (const QJsonValue& word : QJsonDocument::fromJson(line.toUtf8())
+                                          .object()
+                                          .value(QStringLiteral("candidates"))
+                                          .toArray())
+            words << word.toString();
+    }
+    return words;
 }
 
 class PentalinkGenTest : public ::testing::Test {
@@ -114,7 +134,18 @@ TEST_F(PentalinkGenTest, TextDrawsTheStarAndMarksTheDecoys) {
 TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
     const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
     const QString empty = writeDictionary(QStringLiteral("empty.txt"), {"toolong", "abc"});
+    const QString few = writeDictionary(QStringLiteral("few.txt"), {"aaaa", "abab", "baba"});
+    const QString pdf = m_folder.file(QStringLiteral("b.pdf"));
+    const QStringList before = QDir(m_folder.path()).entryList(QDir::Files);
     const QList<QStringList> cases = {
+        {"--booklet", pdf, "--count", "0", "--dictionary", path},
+        {"--booklet", pdf, "--count", "1001", "--dictionary", path},
+        {"--booklet", pdf, "--per-page", "3", "--dictionary", path},
+        {"--booklet", pdf, "--paper", "b5", "--dictionary", path},
+        {"--booklet", pdf, "--format", "json", "--dictionary", path},
+        {"--title", "no booklet", "--dictionary", path},
+        {"--booklet", pdf, "--dictionary", few},
+        {"--booklet", m_folder.file(QStringLiteral("missing/b.pdf")), "--dictionary", path},
         {"--count", "0", "--dictionary", path},
         {"--count", "many", "--dictionary", path},
         {"--seed", "-1", "--dictionary", path},
@@ -129,9 +160,96 @@ TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
         const GenRun run = runGen(args);
         EXPECT_EQ(run.exitCode, 2) << args.join(u' ').toStdString();
         EXPECT_TRUE(run.err.startsWith(QStringLiteral("pentalink-gen: "))) << run.err.toStdString();
+        EXPECT_EQ(run.err.count(u'\n'), 1) << "one line: " << run.err.toStdString();
         EXPECT_TRUE(run.out.isEmpty()) << args.join(u' ').toStdString();
+        EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before) << "no file left";
     }
 }
+
+// A booklet holds the puzzles --format=json gives for the same seed and count, each puzzle's
+// words in the game's order on the puzzle pages and again on the answer pages; the paper
+// follows the locale unless --paper says; it needs no display and embeds its fonts.
+TEST_F(PentalinkGenTest, BookletsHoldTheJsonPuzzlesOnTheLocalesPaper) {
+    const QString dictionary = shippedDataDir() + QStringLiteral("english1.txt");
+    const QString pdf = m_folder.file(QStringLiteral("booklet.pdf"));
+    const struct {
+        QString locale;
+        QStringList args;
+        int count;
+        QString pages; // puzzle pages + answer pages
+        QString paper;
+    } rows[] = {
+        {"en_US.UTF-8", {}, 12, "4", "612 x 792 pts (letter)"},
+        {"de_DE.UTF-8", {"--per-page=2"}, 13, "9", "595 x 842 pts (A4)"},
+        {"fr_CA", {"--per-page=1", "--title=Club night"}, 3, "4", "612 x 792 pts (letter)"},
+        {"en_CA.UTF-8", {"--paper=a4"}, 5, "3", "595 x 842 pts (A4)"},
+    };
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "LC_PAPER"})
+        environment.remove(QString::fromLatin1(name));
+    for (const auto& row : rows) {
+        environment.insert(QStringLiteral("LC_ALL"), row.locale);
+        const QStringList common = {"--dictionary=" + dictionary,
+                                    QStringLiteral("--count=%1").arg(row.count), "--seed=7"};
+        const GenRun run = runGen(common + row.args + QStringList{"--booklet=" + pdf},
+                                  QStringLiteral(PENTALINK_GEN_PATH), environment);
+        const std::string what =
+            row.args.join(u' ').toStdString() + " in " + row.locale.toStdString();
+        ASSERT_EQ(run.exitCode, 0) << what << run.err.toStdString();
+        EXPECT_EQ(run.err + run.out, QString()) << what;
+
+        const QStringList json = candidatesOf(runGen(common + QStringList{"--format=json"}).out);
+        ASSERT_EQ(json.size(), 8 * row.count);
+        const GenRun text = runGen({"-raw", pdf, "-"}, QStringLiteral("pdftotext"));
+        QStringList words;
+        for (const QString& token : text.out.split(QRegularExpression(QStringLiteral("\\s+"))))
+            if (json.contains(token))
+                words << token;
+        EXPECT_EQ(words, json + json) << what;
+        EXPECT_TRUE(text.out.contains(QStringLiteral("Seed 7. Made with: pentalink-gen "))) << what;
+
+        const QString info = runGen({pdf}, QStringLiteral("pdfinfo")).out;
+        EXPECT_TRUE(info.contains(QRegularExpression("\\nPages: +" + row.pages + "\\n"))) << what;
+        EXPECT_TRUE(info.contains(QStringLiteral("Page size:       ") + row.paper)) << what;
+        const QStringList fonts = runGen({pdf}, QStringLiteral("pdffonts")).out.split(u'\n').mid(2);
+        for (const QString& font : fonts)
+            EXPECT_TRUE(font.isEmpty() || font.contains(QStringLiteral(" yes ")))
+                << font.toStdString();
+    }
+}
+
+// A booklet that cannot be written (the file may not grow, its folder is a file, the disk is
+// full) fails with one line and leaves no file behind.
+class BookletWriteFault : public testing::TestWithParam<WriteFault> {};
+
+TEST_P(BookletWriteFault, FailsInOneLineAndLeavesNothing) {
+    const auto write = [](const QString&, const QString& target, Notifier&) {
+        const QString command =
+            QStringLiteral("'%1' --dictionary='%2english1.txt' --count=40 "
+                           "--seed=3 --booklet='%3b.pdf' 2>&1")
+                .arg(QStringLiteral(PENTALINK_GEN_PATH), shippedDataDir(), target);
+        FILE* pipe = popen(command.toLocal8Bit().constData(), "r");
+        QByteArray output;
+        char buffer[512];
+        for (size_t n; pipe && (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;)
+            output.append(buffer, qsizetype(n));
+        const int status = pipe ? pclose(pipe) : -1;
+        return QString::number(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + u' ' +
+               QString::fromLocal8Bit(output);
+    };
+    const WriteFaultOutcome outcome =
+        runWithWriteFault(GetParam(), {[](const QString&) {}, write, 4000});
+    if (outcome.skipped)
+        GTEST_SKIP() << outcome.skipReason.toStdString();
+    EXPECT_TRUE(outcome.result.startsWith(QStringLiteral("2 pentalink-gen: Cannot write ") +
+                                          outcome.target + QStringLiteral("b.pdf")))
+        << outcome.result.toStdString();
+    EXPECT_EQ(outcome.result.count(u'\n'), 1) << outcome.result.toStdString();
+    EXPECT_EQ(outcome.added, QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, BookletWriteFault, testing::ValuesIn(kWriteFaults),
+                         [](const auto& info) { return writeFaultName(info.param); });
 
 // Both programs answer --help and --version in GNU form, without a display and before
 // reading any file.

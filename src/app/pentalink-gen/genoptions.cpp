@@ -14,7 +14,8 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
         QStringLiteral("the dictionary file (default: english1.txt of the program folder)"),
         QStringLiteral("FILE"));
     const QCommandLineOption count(QStringLiteral("count"),
-                                   QStringLiteral("how many puzzles to request (default 1)"),
+                                   QStringLiteral("how many puzzles to request (default 1; "
+                                                  "1000 at most in a booklet)"),
                                    QStringLiteral("N"));
     const QCommandLineOption seed(QStringLiteral("seed"),
                                   QStringLiteral("seed of the dictionary shuffle, 0 to 2^64-1 "
@@ -26,8 +27,24 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
     const QCommandLineOption format(QStringLiteral("format"),
                                     QStringLiteral("output format: text (default) or json"),
                                     QStringLiteral("FORMAT"));
-    const QList<QCommandLineOption> all = {dictionary, count, seed,   noShuffle,
-                                           format,     help,  version};
+    const QCommandLineOption booklet(
+        QStringLiteral("booklet"),
+        QStringLiteral("write a printable booklet, answers at the back, as the PDF file FILE"),
+        QStringLiteral("FILE"));
+    const QCommandLineOption perPage(QStringLiteral("per-page"),
+                                     QStringLiteral("puzzles on a booklet page: 1, 2 or 4 "
+                                                    "(default 4)"),
+                                     QStringLiteral("N"));
+    const QCommandLineOption paper(QStringLiteral("paper"),
+                                   QStringLiteral("the booklet's paper: a4 or letter (default: "
+                                                  "the locale's)"),
+                                   QStringLiteral("PAPER"));
+    const QCommandLineOption title(
+        QStringLiteral("title"),
+        QStringLiteral("the booklet's title line (default \"Pentalink puzzles\")"),
+        QStringLiteral("TEXT"));
+    const QList<QCommandLineOption> all = {dictionary, count, seed,  noShuffle, format, booklet,
+                                           perPage,    paper, title, help,      version};
     parser.addOptions(all);
 
     GenParseResult result;
@@ -45,8 +62,9 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
             QStringLiteral("Makes Pentalink puzzles from a dictionary, as successive clicks on the "
                            "game's\ncreate button would."),
             all,
-            QStringLiteral("Exit status is 0 on success, 2 for bad arguments or an unreadable or "
-                           "empty\ndictionary. See pentalink-gen(6) for the output formats."));
+            QStringLiteral("Exit status is 0 on success, 2 for bad arguments, an unreadable or "
+                           "empty\ndictionary, or a booklet that cannot be made or written. See\n"
+                           "pentalink-gen(6) for the output formats."));
         return result;
     }
     if (parser.isSet(version)) {
@@ -64,13 +82,47 @@ GenParseResult parseGenOptions(const QStringList& arguments) {
         if (options.dictionary.isEmpty())
             return fail(QStringLiteral("--dictionary needs a file name."));
     }
+    if (parser.isSet(booklet)) {
+        options.booklet = parser.value(booklet);
+        if (options.booklet.isEmpty())
+            return fail(QStringLiteral("--booklet needs a file name."));
+        if (parser.isSet(format))
+            return fail(QStringLiteral("--format does not go with --booklet."));
+    } else {
+        for (const QCommandLineOption& option : {perPage, paper, title}) {
+            if (parser.isSet(option))
+                return fail(QStringLiteral("--%1 needs --booklet.").arg(option.names().first()));
+        }
+    }
     if (parser.isSet(count)) {
         bool ok = false;
         options.count = parser.value(count).toInt(&ok);
-        if (!ok || options.count < 1)
-            return fail(QStringLiteral("--count needs a whole number of at least 1, not '%1'.")
+        const bool inBooklet = !options.booklet.isEmpty();
+        if (!ok || options.count < 1 || (inBooklet && options.count > Booklet::MaxPuzzles))
+            return fail((inBooklet ? QStringLiteral("--count of a booklet needs a whole number "
+                                                    "from 1 to %1, not '%2'.")
+                                         .arg(Booklet::MaxPuzzles)
+                                   : QStringLiteral("--count needs a whole number of at least 1, "
+                                                    "not '%1'."))
                             .arg(parser.value(count)));
     }
+    if (parser.isSet(perPage)) {
+        const QString value = parser.value(perPage);
+        options.perPage = value == u"1" ? 1 : value == u"2" ? 2 : value == u"4" ? 4 : 0;
+        if (options.perPage == 0)
+            return fail(QStringLiteral("--per-page must be 1, 2 or 4, not '%1'.").arg(value));
+    }
+    if (parser.isSet(paper)) {
+        const QString value = parser.value(paper);
+        if (value.compare(u"a4", Qt::CaseInsensitive) == 0)
+            options.paper = Booklet::Paper::A4;
+        else if (value.compare(u"letter", Qt::CaseInsensitive) == 0)
+            options.paper = Booklet::Paper::Letter;
+        else
+            return fail(QStringLiteral("--paper must be a4 or letter, not '%1'.").arg(value));
+    }
+    if (parser.isSet(title))
+        options.title = parser.value(title);
     if (parser.isSet(seed)) {
         bool ok = false;
         const quint64 value = parser.value(seed).toULongLong(&ok);

@@ -1,6 +1,8 @@
 // Command-line options of pentalink-gen.
 #pragma once
 
+#include "board/booklet.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -14,6 +16,11 @@ struct GenOptions {
     std::optional<quint64> seed;
     bool shuffle = true;
     Format format = Format::Text;
+
+    QString booklet;                     // the booklet's PDF file; "" prints the puzzles instead
+    int perPage = 4;                     // puzzles on a booklet page: 1, 2 or 4
+    std::optional<Booklet::Paper> paper; // none: the paper of the user's locale
+    QString title = Booklet::DefaultTitle;
 };
 
 struct GenParseResult {
