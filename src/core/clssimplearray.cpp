@@ -19,6 +19,9 @@ const QString kModule = QStringLiteral("clsSimpleArray");
 const QString kIndexErrorText = QStringLiteral(
     "The selected index number exceeds the number of elements dimensioned in the array!");
 constexpr int kSlack = 100; // unused slots added on growth / tolerated before shrinking
+// Unused code units in the text buffer tolerated beyond the used ones before replacing texts
+// copies the used ones together.
+constexpr qsizetype kCompactAfterUnits = 4096;
 // Freed storage of at least this size goes straight back to the system.
 constexpr qint64 kLargeStorage = 1 << 20;
 
@@ -229,6 +232,14 @@ void clsSimpleArray::List(int vlngIndex, const QString& vNewValue) {
         return;
     }
     touch();
+    // Old texts stay in the buffer: copy the used ones together once they are the lesser part.
+    if (m_texts.unusedUnits() > 2 * m_texts.usedUnits() + kCompactAfterUnits) {
+        try {
+            m_texts.compact();
+        } catch (const std::bad_alloc&) {
+            // keeps the larger buffer
+        }
+    }
 }
 
 void clsSimpleArray::removeWhere(const std::function<bool(int)>& remove) {

@@ -52,6 +52,8 @@ public:
     qsizetype unusedSlots() const {
         return static_cast<qsizetype>(m_offsets.capacity() - m_offsets.size());
     }
+    // Code units that items use.
+    qsizetype usedUnits() const { return m_used; }
     // Bytes of storage held.
     qint64 storageBytes() const;
 

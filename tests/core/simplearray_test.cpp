@@ -48,6 +48,13 @@ TEST_F(WordListTest, InsertsBeforeAnIndexMovingItemDataAlong) {
     EXPECT_EQ(m_list.NewIndex(), 4);
     m_list.List(2, QStringLiteral("z")); // writing the text keeps the item data
     EXPECT_EQ(m_list.ItemData(2), 7);
+    // Texts of any length, rewritten many times (the buffer keeps only what is used).
+    const QString longText(300, u'q');
+    fill({"a", longText, "b"});
+    for (int k = 0; k < 40; ++k)
+        m_list.List(2, QString(300 + k, QChar(u'a' + k % 26)));
+    m_list.RemoveItem(0);
+    EXPECT_EQ(itemsOf(m_list), QStringList({longText, QString(339, u'n')}));
     m_list.Clear();
     EXPECT_EQ(m_list.NewIndex(), -1);
     EXPECT_EQ(m_list.capacity(), 0);
