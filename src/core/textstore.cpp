@@ -1,7 +1,10 @@
 // The compact store of the word list's texts; see textstore.h.
 #include "core/textstore.h"
 
+#include <QString>
+
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 namespace {
@@ -17,6 +20,12 @@ template <typename T> void makeRoom(std::vector<T>& v, size_t more) {
 } // namespace
 
 quint32 TextStore::appendUnits(QStringView text) {
+    const auto* source = reinterpret_cast<const char16_t*>(text.utf16());
+    const std::less<const char16_t*> before;
+    if (!before(source, m_units.data()) && before(source, m_units.data() + m_units.size())) {
+        const QString copy = text.toString(); // growing the buffer would move the source
+        return appendUnits(copy);
+    }
     const auto size = static_cast<size_t>(text.size());
     if (static_cast<qint64>(m_units.size() + size) > kMaxUnits)
         throw std::length_error("Overflow");
