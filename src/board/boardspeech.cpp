@@ -3,7 +3,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
 #include <array>
 
 namespace BoardSpeech {
@@ -42,18 +41,6 @@ QString place(int cell) {
     return QString::fromLatin1(Places[cell]);
 }
 
-// The two lines through a cell, in line order.
-std::array<int, 2> linesThrough(int cell) {
-    std::array<int, 2> found{-1, -1};
-    int n = 0;
-    for (int line = 0; line < StarGrid::LineCount && n < 2; ++line) {
-        const std::array<int, 4> cells = StarGrid::lineCells(line);
-        if (std::find(cells.begin(), cells.end(), cell) != cells.end())
-            found[static_cast<size_t>(n++)] = line;
-    }
-    return found;
-}
-
 QString letterIn(const BoardState& board, int cell, const QString& none) {
     const QString& letter = board.Entries[static_cast<size_t>(cell)];
     return letter.isEmpty() ? none : letter;
@@ -62,7 +49,7 @@ QString letterIn(const BoardState& board, int cell, const QString& none) {
 } // namespace
 
 QString cellName(const BoardState& board, int cell) {
-    const std::array<int, 2> lines = linesThrough(cell);
+    const std::array<int, 2> lines = StarGrid::linesThrough(cell);
     return QStringLiteral("cell %1, %2, %3 of the lines %4 and %5")
         .arg(cell + 1)
         .arg(letterIn(board, cell, QStringLiteral("empty")), place(cell),
