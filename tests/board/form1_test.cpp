@@ -286,17 +286,26 @@ TEST_F(Form1Test, ExitAsksThenSavesAndClosesTheHelpWindowToo) {
     }
 }
 
-TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpen) {
+TEST_F(Form1Test, CloseBoxEndsWithoutSavingEvenWithHelpOpenAndALoadRunning) {
     Form1& form = start();
     const QByteArray before = m_folder.read("pentalink.cfg");
     loadDictionary(QStringLiteral("other.dic"), {"abcd", "efgh"});
     form.menu().help->trigger();
-    // The program's own event loop must end although the help window is still up.
-    QTimer::singleShot(0, &form, &QWidget::close);
+    // The program's own event loop must end although the help window is still up, and a
+    // large file is being loaded: the close box comes while the load lets events run.
+    EventPump& pump = form.session().eventPump();
+    pump.setClock([t = qint64{0}]() mutable { return t += EventPump::kDefaultIntervalMs; });
+    pump.setAction([&form] {
+        form.close();
+        QCoreApplication::processEvents();
+    });
+    QTimer::singleShot(0, &form, [&] { loadDictionary("big.dic", QStringList(100000, "wxyz")); });
     QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
     EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(m_folder.read("pentalink.cfg"), before);
+    EXPECT_EQ(form.session().WordList().ListCount(), 4) << "the load stopped before the list";
+    EXPECT_EQ(form.statusLine()->text(), QStringLiteral("Dictionary: other.dic (2 words)"));
 }
 
 TEST_F(Form1Test, CloseBoxOrExitDuringASearchAbandonsItAtOnceAndOnlyExitAsksAndSaves) {

@@ -186,43 +186,23 @@ QStringList randomWords(std::mt19937& random, bool patternRich) {
                                         : 25 + static_cast<int>(random() % 21);
     QStringList words;
     while (words.size() < count) {
-        const QString a = pick(random, letters), b = pick(random, letters);
+        // A word seen before: repeated, in another case, reversed, made a palindrome; or a
+        // fresh one, for pattern-rich dictionaries often a list, a range or an open list.
+        const unsigned kind = words.isEmpty() ? 12 : random() % (patternRich ? 20 : 12);
         const QString earlier = words.isEmpty() ? QString() : pick(random, words);
-        switch (words.isEmpty() ? 12 : random() % (patternRich ? 20 : 12)) {
-        case 8:
-            words << earlier;
-            break;
-        case 9:
-            words << upperCodePoints(earlier);
-            break;
-        case 10:
-            words << reversedCodePoints(earlier);
-            break;
-        case 11:
-            words << leftCodePoints(earlier, 2).toString() +
-                         reversedCodePoints(leftCodePoints(earlier, 2));
-            break;
-        case 12:
-            words << randomWord(random, patternRich ? wildcards : alphabet);
-            break;
-        case 13:
-            words << u'[' + a + b + u']';
-            break;
-        case 14:
-            words << QStringLiteral("[!") + a + u']';
-            break;
-        case 15:
-            words << u'[' + a + u'-' + b;
-            break;
-        case 16:
-            words << a + u'[' + b + pick(random, alphabet);
-            break;
-        case 17:
-            words << randomWord(random, {"1", "2", "#", "a"});
-            break;
-        default:
-            words << randomWord(random, alphabet);
-        }
+        const QString head = leftCodePoints(earlier, 2).toString();
+        const QString a = pick(random, letters), b = pick(random, letters);
+        const QString made[] = {earlier,
+                                upperCodePoints(earlier),
+                                reversedCodePoints(earlier),
+                                head + reversedCodePoints(head),
+                                randomWord(random, patternRich ? wildcards : alphabet),
+                                u'[' + a + b + u']',
+                                QStringLiteral("[!") + a + u']',
+                                u'[' + a + u'-' + b,
+                                a + u'[' + b + pick(random, alphabet),
+                                randomWord(random, {"1", "2", "#", "a"})};
+        words << (kind < 8 || kind >= 18 ? randomWord(random, alphabet) : made[kind - 8]);
     }
     return words;
 }
@@ -237,24 +217,21 @@ int runRandomCase(quint64 seed, bool patternRich, int& failures) {
     const QStringList words = randomWords(random, patternRich);
     const bool withOddEntries = random() % 8 == 0;
     // Halves of a surrogate pair on their own among them.
-    const QStringList odd = {"",
-                             "a",
-                             "ab*",
-                             "abc",
-                             "abcde",
-                             "abcdef*",
-                             "ba?",
-                             QString(QChar(0xD800)) + "abc",
-                             "b" + QString(QChar(0xDC00)) + "ab",
-                             "****",
-                             "a*",
-                             "[ab]"};
+    const QString high = QString(QChar(0xD800)) + "abc", low = "b" + QString(QChar(0xDC00)) + "ab";
+    const QStringList odd = {"",    "a",  "ab*", "abc",  "abcde", "abcdef*",
+                             "ba?", high, low,   "****", "a*",    "[ab]"};
+    const bool withWideAlphabet = seed % 16 == 0; // over 256 letters: the index stores them wider
     Pair pair;
     auto load = [&] {
         QStringList entries = loadedEntries(words, shuffle);
         for (int k = withOddEntries ? 1 + static_cast<int>(random() % 3) : 0; k > 0; --k)
             entries.insert(static_cast<qsizetype>(random() % (entries.size() + 1)),
-                           random() % 2 ? pick(random, odd) : randomWord(random, {"a", "b"}));
+                           random() % 2 ? pick(random, odd)
+                                        : randomWord(random, {"a", "b"}) + u'a');
+        for (char16_t c = 0x4E00; withWideAlphabet && c < 0x4E00 + 300; c += 4)
+            entries << QStringView(
+                           std::u16string{c, char16_t(c + 1), char16_t(c + 2), char16_t(c + 3)})
+                           .toString();
         pair.fill(entries, !withOddEntries, static_cast<unsigned>(random()) | 1);
     };
     load();
