@@ -108,6 +108,21 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
         {"a=2 b c=2 d", [](L& l) { return l.FindItemData(2) ? "found" : ""; }, "found",
          "a=2 b c=2 d", 0},
         {"a=2 b", [](L& l) { return l.FindItemData(6) ? "found" : ""; }, "", "a=2 b", -1},
+        // FindItem: whole items or parts ignoring case, character by character ("ß" never
+        // equals "SS"); an empty text is in every non-empty item. "=": the whole item. Each
+        // call's NewIndex, after "!" when it reports no match.
+        {"Bread cake CAKES straße ÜBER",
+         [](L& l) {
+             l.AddItem("", 0);
+             QStringList found;
+             for (const char* text : {"=CAKE", "kes", "", "=", "=über", "=STRASSE", "=STRAßE"}) {
+                 const QString t = QString::fromUtf8(text);
+                 found << (l.FindItem(t.mid(t.startsWith(u'=')), t.startsWith(u'=')) ? "" : "!");
+                 found.last() += QString::number(l.NewIndex());
+             }
+             return found.join(u' ');
+         },
+         "2 3 1 0 5 !-1 4", " Bread cake CAKES straße ÜBER", 4},
         // Removals make NewIndex the new last index.
         {"a b c", [](L& l) { return l.RemoveItem(0), ""; }, "", "b c", 1},
         // Equality ignoring case, no pattern.
@@ -120,9 +135,9 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string("before: ") + row.before);
-        fill(m_list, QLatin1String(row.before));
+        fill(m_list, QString::fromUtf8(row.before));
         EXPECT_EQ(row.operation(m_list), QLatin1String(row.returned));
-        EXPECT_EQ(stateOf(m_list), QLatin1String(row.after));
+        EXPECT_EQ(stateOf(m_list), QString::fromUtf8(row.after));
         EXPECT_EQ(m_list.NewIndex(), row.newIndex);
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty());
@@ -147,32 +162,6 @@ TEST_F(WordListTest, IndexErrorsLeaveTheListUnchangedAndNameTheirAccessor) {
         ASSERT_EQ(m_notifier.messages().size(), 1);
         EXPECT_TRUE(m_notifier.messages()[0].text.endsWith(QStringLiteral("Function: ") +
                                                            QString::fromLatin1(function)));
-    }
-}
-
-TEST_F(WordListTest, FindItemComparesWholeItemsOrPartsIgnoringCase) {
-    fill(m_list, QString());
-    for (const QString& item :
-         {QString(), QStringLiteral("Bread"), QStringLiteral("cake"), QStringLiteral("CAKES"),
-          QStringLiteral("stra\u00dfe"), QStringLiteral("\u00dcBER")})
-        m_list.AddItem(item);
-    const struct {
-        QString text;
-        bool exact;
-        int index;
-    } rows[] = {
-        {QStringLiteral("CAKE"), true, 2},
-        {QStringLiteral("kes"), false, 3},
-        {QString(), false, 1}, // an empty text is in every non-empty item, not in an empty one
-        {QString(), true, 0},
-        {QStringLiteral("\u00fcber"), true, 5},
-        // Upper-casing character by character keeps "ß", so it never equals "SS".
-        {QStringLiteral("STRASSE"), true, -1},
-        {QStringLiteral("STRA\u00dfE"), true, 4},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(m_list.FindItem(row.text, row.exact), row.index >= 0) << qPrintable(row.text);
-        EXPECT_EQ(m_list.NewIndex(), row.index) << qPrintable(row.text);
     }
 }
 
