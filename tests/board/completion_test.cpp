@@ -22,7 +22,8 @@ protected:
     // ... and the check runs.
     void fillAndCheck() {
         fill();
-        showSolutionOnce();
+        m_board.apply(Move::solutionPress());
+        m_board.apply(Move::solutionRelease());
     }
 };
 
@@ -92,7 +93,8 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
             EXPECT_FALSE(m_board.solutionShown());
         }
         EXPECT_EQ(m_checkSignals, changes); // each change announced once
-        EXPECT_EQ(shownTexts().count("All Done!"), std::count(trace.begin(), trace.end(), 'A'));
+        EXPECT_EQ(m_notifier.texts().count("All Done!"),
+                  std::count(trace.begin(), trace.end(), 'A'));
         for (const RecordedMessage& m : m_notifier.messages())
             EXPECT_TRUE(m.text != "All Done!" || (m.style == "vbhappy+vbok" && !m.standard));
     }
@@ -116,7 +118,7 @@ TEST_F(Completion, TickWhileTheClearLetsEventsRunIsDropped) {
     fillAndCheck();
     m_pump.setAction([this] { EXPECT_FALSE(m_board.completionTick()); });
     clearEntries(AnswerYes);
-    EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
+    EXPECT_EQ(m_notifier.texts(), QStringList{"Clear all User Entries?"});
 }
 
 TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
@@ -124,7 +126,7 @@ TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
     m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
     clearEntries(AnswerNo); // the board's own question
     m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")); // another's
-    EXPECT_EQ(shownTexts(), QStringList({"Clear all User Entries?", "Exit?"}));
+    EXPECT_EQ(m_notifier.texts(), QStringList({"Clear all User Entries?", "Exit?"}));
     // Declined and closed: the board is still full and the check on.
     m_notifier.duringMessage = {};
     EXPECT_TRUE(m_board.completionTick());
