@@ -1,14 +1,13 @@
 // The printed page and the clipboard picture by their pixels, through the window's menus: the
 // star picture's ten boxes (1.4 times larger on the page), letters in the boxes of the solution
 // block only, strike-through on exactly the solution block's decoys; the print question, the
-// PDF file a page goes to without a printer, and a failed save that leaves no file. PDF pages
-// are turned into pixels with pdftoppm at 96 dpi.
+// PDF file a page goes to without a printer (write faults: the booklet's case in
+// pentalinkgen_test). PDF pages are turned into pixels with pdftoppm at 96 dpi.
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
 #include "board/pageprinter.h"
 #include "board/sheetpainter.h"
-#include "support/writefault.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -179,27 +178,3 @@ TEST_F(SheetTest, PrintAsksThenPrintsOrSavesAPdfWithoutAPrinterOrSaysWhyNot) {
     EXPECT_EQ(printPage(printer, composePage(content())).outcome, PrintResult::Outcome::Printed);
     expectPage(printer.outputFileName());
 }
-
-// Saving the page when the file cannot grow, its folder cannot be made or the file system is
-// full: a failure naming the file, and nothing left behind.
-class PdfSaveFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(PdfSaveFault, FailsNamingTheFileAndLeavesNothing) {
-    const auto save = [](const QString&, const QString& target, Notifier&) {
-        const PrintResult result =
-            savePagePdf(target + QStringLiteral("page.pdf"), composePage(SheetContent{}));
-        return result.outcome == PrintResult::Outcome::Failed ? result.error
-                                                              : QStringLiteral("saved");
-    };
-    const WriteFaultOutcome outcome =
-        runWithWriteFault(GetParam(), {[](const QString&) {}, save, 4000});
-    if (outcome.skipped)
-        GTEST_SKIP() << outcome.skipReason.toStdString();
-    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-    EXPECT_TRUE(outcome.result.startsWith("Cannot write " + outcome.target + "page.pdf"))
-        << outcome.result.toStdString();
-    EXPECT_EQ(outcome.added, QStringList());
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, PdfSaveFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });
