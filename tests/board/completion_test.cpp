@@ -19,9 +19,8 @@ protected:
             place(tile, reading);
         ASSERT_EQ(cellsText(m_board), "gponyaardw");
     }
-    // ... and the check runs.
-    void fillAndCheck() {
-        fill();
+    // A press and release of the solution button, which switches the check on.
+    void check() {
         m_board.apply(Move::solutionPress());
         m_board.apply(Move::solutionRelease());
     }
@@ -100,36 +99,26 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
     }
 }
 
-// --- Re-entrancy: ticks that arrive while a message is open ------------------------------
-
-TEST_F(Completion, TickDuringAllDoneOpensNoSecondMessageAndEventsRunAfterIt) {
-    fillAndCheck();
-    QStringList order;
+TEST_F(Completion, TicksWhileAMessageIsOpenOrTheClearLetsEventsRunOpenNoSecondMessage) {
+    fill();
+    check();
+    m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
+    clearEntries(AnswerNo); // the board's own question, declined: still full, the check on
+    m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")); // another's
+    QStringList order; // a tick during "All Done!" is dropped; events run after it
     m_notifier.duringMessage = [&] {
         order << "message";
         m_board.completionTick();
     };
     m_pump.setAction([&] { order << "events"; });
-    m_board.completionTick();
+    EXPECT_TRUE(m_board.completionTick());
     EXPECT_EQ(order, QStringList({"message", "events"}));
-}
-
-TEST_F(Completion, TickWhileTheClearLetsEventsRunIsDropped) {
-    fillAndCheck();
+    check();
+    m_notifier.duringMessage = {};
     m_pump.setAction([this] { EXPECT_FALSE(m_board.completionTick()); });
     clearEntries(AnswerYes);
-    EXPECT_EQ(m_notifier.texts(), QStringList{"Clear all User Entries?"});
-}
-
-TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
-    fillAndCheck();
-    m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
-    clearEntries(AnswerNo); // the board's own question
-    m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")); // another's
-    EXPECT_EQ(m_notifier.texts(), QStringList({"Clear all User Entries?", "Exit?"}));
-    // Declined and closed: the board is still full and the check on.
-    m_notifier.duringMessage = {};
-    EXPECT_TRUE(m_board.completionTick());
+    EXPECT_EQ(m_notifier.texts(), QStringList({"Clear all User Entries?", "Exit?", "All Done!",
+                                               "Clear all User Entries?"}));
 }
 
 // --- The message gate --------------------------------------------------------------------
