@@ -96,6 +96,8 @@ protected:
 TEST(StarPicture, HasTheTenEmptyBoxesAtTheirPlacesInBlackOnWhite) {
     const QImage star = starPicture();
     EXPECT_EQ(star.size(), QSize(299, 286));
+    // Lines and boxes only: no marker, letter or tile drawn (their switches are off).
+    EXPECT_EQ(inkIn(star, star.rect()).first, 2857);
     // Each box, within two pixels of its place, is a one-pixel border round 31 x 31 of white.
     for (int c = 0; c < 10; ++c) {
         bool found = false;
