@@ -4,6 +4,7 @@
 #include "playfixture.h"
 
 #include <map>
+#include <stdexcept>
 #include <utility>
 
 using namespace ref;
@@ -121,10 +122,8 @@ TEST_F(Completion, TicksWhileAMessageIsOpenOrTheClearLetsEventsRunOpenNoSecondMe
                                                "Clear all User Entries?"}));
 }
 
-// --- The message gate --------------------------------------------------------------------
-
 TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesClosesOrOneThrows) {
-    HookedNotifier inner;
+    RecordingNotifier inner;
     MessageGate gate(inner);
     std::vector<bool> seen;
     bool nested = false;
@@ -141,7 +140,7 @@ TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesClosesOrOneThrows) {
     EXPECT_EQ(seen, (std::vector<bool>{true, true, true})); // outer, inner, outer after inner
     EXPECT_FALSE(gate.isOpen());
     EXPECT_EQ(inner.messages().last().title, QStringLiteral("Options"));
-    inner.fail = true;
+    inner.duringMessage = [] { throw std::runtime_error("message window failed"); };
     EXPECT_THROW(gate.MsgboxA("x", "vbOkOnly"), std::runtime_error);
     EXPECT_FALSE(gate.isOpen());
 }

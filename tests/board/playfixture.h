@@ -1,6 +1,5 @@
 // The common set-up of the play tests: the reference puzzle on a board whose messages go to a
-// recording notifier, whose hook can run while a message "is open", and text pictures of the
-// board so an expectation reads like it:
+// recording notifier, and text pictures of the board so an expectation reads like it:
 //   cells   "gpony....." - cells 0..9, "." for an empty cell;
 //   tiles   "aspa-___"   - tiles 1..8: a available, s selected, p placed; upper case when a
 //                          revealed decoy; "-" no word; "_" disabled without a word, "x" with one;
@@ -17,7 +16,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
 
 inline std::string cellsText(const PlayBoard& board) {
@@ -83,17 +81,6 @@ enum Tile { Gnaw = 1, Goad, Gold, Grew, Play, Pony, Wrap, Yard };
 enum Reading { GoadOn = 1, GnawOn = 2, PonyOn = 3, YardOn = 6, WrapOn = 10 };
 } // namespace ref
 
-class HookedNotifier : public RecordingNotifier {
-public:
-    int MsgboxA(const QString& s, const QString& typ) override {
-        const int answer = RecordingNotifier::MsgboxA(s, typ);
-        if (fail)
-            throw std::runtime_error("message window failed");
-        return answer;
-    }
-    bool fail = false; // MsgboxA throws after its hook
-};
-
 class PlayTest : public ::testing::Test {
 protected:
     PlayTest() {
@@ -116,7 +103,7 @@ protected:
     }
 
     StarGrid m_grid = referenceStar();
-    HookedNotifier m_notifier;
+    RecordingNotifier m_notifier;
     MessageGate m_gate{m_notifier};
     EventPump m_pump; // its action stands in for "let pending window events run"
     PlayBoard m_board{m_grid, m_gate, &m_pump};
