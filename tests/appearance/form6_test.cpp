@@ -15,7 +15,12 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QTimer>
+#include <QWheelEvent>
+
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -46,10 +51,12 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
                    "01-31-2010 17:05:09\r\nxp.col\r\nenglish1.txt\r\nliberation serif\r\n 18 \r\n");
     Form1& form = start();
     Form6& options = *form.optionsWindow();
-    // A font list far longer than the list shows, whatever fonts the machine has.
+    // A font list far longer than the list shows, whatever fonts the machine has, with families
+    // listed once per foundry as fontconfig does.
     QStringList fonts{QStringLiteral("Liberation Serif"), QStringLiteral("DejaVu Sans")};
     for (int i = 0; i < 40; ++i)
-        fonts << QStringLiteral("A%1").arg(i) << QStringLiteral("Z%1").arg(i);
+        fonts << QStringLiteral("A%1 [urw]").arg(i) << QStringLiteral("A%1 [UKWN]").arg(i)
+              << QStringLiteral("Z%1").arg(i);
     options.model().fillFontList(fonts);
 
     bool ran = false;
@@ -64,6 +71,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         ASSERT_NE(fontList->currentItem(), nullptr);
         EXPECT_EQ(fontList->currentItem()->text(), QStringLiteral("Liberation Serif"));
         EXPECT_EQ(fontList->visualItemRect(fontList->currentItem()).top(), 0);
+        EXPECT_EQ(fontList->count(), 82); // one entry per family, by its name alone
         EXPECT_EQ(options.fontSample()->font().family(), QStringLiteral("liberation serif"));
         EXPECT_EQ(options.fontSample()->font().pointSize(), 18);
 
@@ -73,10 +81,13 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         EXPECT_TRUE(options.editorHint()->isVisible());
         EXPECT_TRUE(options.editorHint()->toolTip().contains(QStringLiteral("Widen")));
 
-        // Focus makes a row current but selects nothing; a click previews the scheme as stored.
+        // Focus makes a row current but selects nothing, and nothing looks chosen; a click
+        // previews the scheme as stored.
+        const QImage unfocused = options.schemeList()->viewport()->grab().toImage();
         options.schemeList()->setFocus();
         QApplication::processEvents();
         EXPECT_EQ(options.schemeList()->currentRow(), 0);
+        EXPECT_EQ(options.schemeList()->viewport()->grab().toImage(), unfocused);
         EXPECT_TRUE(options.model().schemeText().isEmpty());
         clickRow(options.schemeList(), QStringLiteral("ocean"));
         quint32 oceanBase = 0;
@@ -92,6 +103,29 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         EXPECT_TRUE(options.rect().contains(options.addButton()->geometry()));
         EXPECT_FALSE(options.editorHint()->isVisible());
         ColPik* picker = options.picker();
+        // The bars count up toward the top: arrow, groove, key and wheel alike.
+        QScrollBar* red = picker->bar(ColourPicker::Red);
+        const auto wheel = [red](int delta) {
+            QWheelEvent event({5, 50}, red->mapToGlobal(QPointF(5, 50)), {}, {0, delta},
+                              Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(red, &event);
+        };
+        const std::pair<std::function<void()>, int> moves[] = {
+            {[red] { red->triggerAction(QScrollBar::SliderSingleStepSub); }, 1}, // up arrow
+            {[red] { red->triggerAction(QScrollBar::SliderPageStepSub); }, 1},   // groove above
+            {[red] { QTest::keyClick(red, Qt::Key_Up); }, 1},
+            {[&wheel] { wheel(120); }, 1},
+            {[red] { red->triggerAction(QScrollBar::SliderSingleStepAdd); }, -1}, // down arrow
+            {[red] { QTest::keyClick(red, Qt::Key_Down); }, -1},
+            {[&wheel] { wheel(-120); }, -1},
+        };
+        for (const auto& [move, sign] : moves) {
+            picker->setSchemeColor(packRgb(100, 0, 0));
+            move();
+            EXPECT_EQ((RedByte(picker->SchemeColor()) > 100) -
+                          (RedByte(picker->SchemeColor()) < 100),
+                      sign);
+        }
         picker->setSchemeColor(0x80000005u);
         EXPECT_EQ(m_scheme.SchemeColours[2],
                   packedColour(QApplication::palette().color(QPalette::Base)));
@@ -125,6 +159,15 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         clickRow(options.schemeList(), QStringLiteral("orchid"));
         click(options.applyButton());
         EXPECT_TRUE(options.isVisible());
+        // Tab goes Exit, Apply, the lists, then the editor's buttons.
+        options.exitButton()->setFocus(Qt::TabFocusReason);
+        QStringList order;
+        for (int n = 0; n < 9; ++n) {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(order.join(u' '),
+                  "Command2 Command1 List1 List2 ShowSch RepSch DelSch AddSch Command2");
         click(options.exitButton());
     });
     form.menu().options->trigger();

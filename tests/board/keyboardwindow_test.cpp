@@ -4,6 +4,7 @@
 // colour scheme.
 #include "windowfixture.h"
 
+#include "appearance/form6.h"
 #include "board/boardaccessible.h"
 #include "board/boardgeometry.h"
 #include "board/keyboardplay.h"
@@ -14,6 +15,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 
 namespace {
 
@@ -101,6 +103,46 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
     m_notifier.queueAnswer(AnswerNo);
     type(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(m_notifier.texts(), QStringList({"Clear all User Entries?", "Exit?"}));
+
+    // F10 opens the first menu, Alt with a caption's first letter its menu, its first entry lit.
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers mods;
+        QMenu* menu;
+    } openers[] = {{Qt::Key_F10, {}, menu.fileMenu},
+                   {Qt::Key_F, Qt::AltModifier, menu.fileMenu},
+                   {Qt::Key_P, Qt::AltModifier, menu.puzzleMenu}};
+    for (const auto& o : openers) {
+        type(o.key, o.mods);
+        EXPECT_TRUE(o.menu->isVisible()) << o.menu->title().toStdString();
+        EXPECT_EQ(o.menu->activeAction(), o.menu->actions().value(0));
+        const QImage shown = o.menu->grab().toImage();
+        const auto at = [&o](int n) {
+            const QRect entry = o.menu->actionGeometry(o.menu->actions()[n]);
+            return QPoint(entry.left() + 2, entry.center().y());
+        };
+        EXPECT_NE(shown.pixel(at(0)), shown.pixel(at(1)));
+        o.menu->hide();
+    }
+    EXPECT_EQ(menu.fileMenu->title(), QStringLiteral("File"));
+}
+
+// What a screen reader finds wrong below `node`: a hidden widget, or a control a player can
+// reach (or a button) without a name. Drop-down menus show when opened.
+QStringList unnamedOrHidden(QAccessibleInterface* node) {
+    QStringList found;
+    if (node->role() == QAccessible::PopupMenu)
+        return found;
+    const QObject* object = node->object();
+    const QString what = object ? object->objectName() : QString::number(node->role());
+    if (object && object->isWidgetType() && !static_cast<const QWidget*>(object)->isVisible())
+        found << what + QStringLiteral(" hidden");
+    if ((node->state().focusable || node->role() == QAccessible::Button) &&
+        node->text(QAccessible::Name).isEmpty())
+        found << what + QStringLiteral(" unnamed");
+    for (int i = 0; i < node->childCount(); ++i)
+        found << unnamedOrHidden(node->child(i));
+    return found;
 }
 
 TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
@@ -126,7 +168,11 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
                 (s.focused ? "*" : "");
     }
     EXPECT_EQ(tree, "cccccccccc txttsttt mmmmmmm*mmm");
-    EXPECT_EQ(root->child(24)->text(QAccessible::Name), QStringLiteral("start 7, holds heck"));
+    EXPECT_EQ(root->child(0)->text(QAccessible::Name),
+              "cell 1, k, top tip of the lines top to bottom left and top to bottom right");
+    EXPECT_EQ(
+        root->child(24)->text(QAccessible::Name),
+        "start 7, holds heck, bottom left tip to top tip, fills cells 9, 6, 3, 1: h, e, c, k");
     EXPECT_EQ(root->focusChild(), root->child(24));
     const QPoint tile3 = root->child(12)->rect().center();
     EXPECT_EQ(root->childAt(tile3.x(), tile3.y()), root->child(12));
@@ -140,6 +186,23 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
     EXPECT_EQ(reset->role(), QAccessible::Button);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(m_form->statusLine())->text(QAccessible::Name),
               m_form->statusLine()->text());
+
+    // In every window each control a player can reach has a name, a button its caption's, and
+    // nothing hidden is in the tree.
+    Form6& options = *m_form->optionsWindow();
+    options.show();
+    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+    m_msgForm.show();
+    for (QWidget* window : std::initializer_list<QWidget*>{m_form.get(), &options, &m_msgForm}) {
+        EXPECT_EQ(unnamedOrHidden(QAccessible::queryAccessibleInterface(window)).join(u','), "")
+            << window->objectName().toStdString();
+    }
+    for (BoxControl* button : {options.applyButton(), m_msgForm.button(1)}) {
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name),
+                  button->Caption());
+    }
+    m_msgForm.hide();
+    options.hide();
 }
 
 TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme) {
@@ -156,13 +219,15 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
         const QColor face = OleTranslateColor(m_scheme.SchemeColours[4]);
         m_form->keyboard().focusOn(FocusItem::tile(2));
         const QImage board = m_form->boardView().grab().toImage();
-        // The ring: the two pixels left of the tile, the ground beyond; then the selected
-        // look: the tile's border against its face.
-        const int x = tile2.left();
-        for (const auto& [at, against] : {std::pair{x - 1, ground}, {x - 2, ground}, {x, face}})
-            EXPECT_GE(contrastRatio(board.pixelColor(at, y), against), 3.0) << at;
-        EXPECT_EQ(board.pixelColor(x - 3, y), ground);
-        EXPECT_EQ(board.pixelColor(x + 2, y), face);
+        // The ring: the two pixels left of the tile; the ground beyond it.
+        for (const int x : {tile2.left() - 1, tile2.left() - 2})
+            EXPECT_GE(contrastRatio(board.pixelColor(x, y), ground), 3.0) << x;
+        EXPECT_EQ(board.pixelColor(tile2.left() - 3, y), ground);
+        // The selected look: the tile's wide border against its face.
+        for (int x = tile2.left(); x < tile2.left() + SelectedBorderPixels; ++x)
+            EXPECT_GE(contrastRatio(board.pixelColor(x, y), face), 3.0);
+        EXPECT_EQ(board.pixelColor(tile2.left() + SelectedBorderPixels, y), face);
+
         m_form->keyboard().focusOn(FocusItem::button(BoardButton::Create));
         const QImage button = m_form->cmdcreate()->grab().toImage();
         for (const int bx : {0, 1})

@@ -107,6 +107,9 @@ TEST(FNDialogRealDialog, OpenShowsTheRequestSaveAsksNoQuestionCancelGivesNothing
         const auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
         EXPECT_EQ(combo ? combo->currentText() : QString(),
                   QStringLiteral("Dictionary File (*.txt;*.dic)"));
+        EXPECT_EQ(dialog.nameFilters().size(), 2);
+        EXPECT_EQ(combo && combo->count() == 2 ? combo->itemText(1) : QString(),
+                  QStringLiteral("All files (*)"));
         const auto* model = dialog.findChild<QFileSystemModel*>();
         EXPECT_EQ(model ? model->nameFilters() : QStringList(), (QStringList{"*.txt", "*.dic"}));
         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);

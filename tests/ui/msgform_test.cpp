@@ -194,7 +194,6 @@ TEST_F(MsgFormTest, ColoursGivenToACallStayInForceAndAttributesReachLabelAndButt
     m_form.setFontSize(11);
     m_form.setFontBold(true);
     m_form.setForeColor(packRgb(200, 0, 0));
-    m_form.button(0)->setForeColor(packRgb(0, 0, 90));
     m_form.setBackColor(SystemButtonFace);
     m_form.prepare(QStringLiteral("m"), QStringLiteral("vbok"));
     for (const QFont& font : {m_form.label()->font(), m_form.button(0)->Font()}) {
@@ -203,7 +202,7 @@ TEST_F(MsgFormTest, ColoursGivenToACallStayInForceAndAttributesReachLabelAndButt
         EXPECT_TRUE(font.bold());
     }
     EXPECT_EQ(m_form.label()->palette().color(QPalette::WindowText), QColor(200, 0, 0));
-    EXPECT_EQ(m_form.button(0)->ForeColor(), packRgb(0, 0, 90)); // the text colour is left alone
+    EXPECT_EQ(m_form.button(0)->ForeColor(), packRgb(200, 0, 0)); // the message's text colour
     EXPECT_EQ(m_form.BackColor(), SystemButtonFace); // a system colour reads back as set
 }
 
