@@ -10,7 +10,6 @@
 #include "ui/olecolor.h"
 
 #include <QClipboard>
-#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QHash>
 #include <QMenu>
@@ -19,24 +18,15 @@
 #include <QScreen>
 
 #include <algorithm>
-#include <functional>
 
 namespace {
-
-// Lets events arrive from the server until `done` holds or three seconds have passed.
-bool waitFor(const std::function<bool()>& done) {
-    const QDeadlineTimer deadline(3000);
-    while (!done() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    return done();
-}
 
 // Runs an X client program to its end, serving this program's events meanwhile (the program
 // may ask for a selection this one owns), and returns what it printed.
 QByteArray runTool(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.start(program, arguments);
-    EXPECT_TRUE(waitFor([&process] { return process.state() == QProcess::NotRunning; }));
+    EXPECT_TRUE(QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }));
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     return process.readAllStandardOutput();
 }
@@ -83,8 +73,9 @@ TEST_F(X11Test, DropDownMenuIsPaintedInColour3) {
         SCOPED_TRACE(scheme);
         m_settings.ActiveSchemeFile = QString::fromLatin1(scheme);
         form.Command2Click();
+        const QColor colour3 = OleTranslateColor(m_scheme.SchemeColours[3]);
         serverClick(form.menuBar(), form.menuBar()->actionGeometry(menu->menuAction()).center());
-        ASSERT_TRUE(waitFor([menu] { return menu->isVisible(); }));
+        ASSERT_TRUE(QTest::qWaitFor([menu] { return menu->isVisible(); }));
         QTest::qWait(100); // lets the menu's paint events run and reach the server
         // The menu's ground, the colour most of its pixels have, is exactly colour 3.
         const QImage shown =
@@ -93,11 +84,11 @@ TEST_F(X11Test, DropDownMenuIsPaintedInColour3) {
         for (int n = 0; n < shown.width() * shown.height(); ++n)
             ++counts[shown.pixel(n % shown.width(), n / shown.width()) & 0xFFFFFF];
         const auto ground = std::max_element(counts.begin(), counts.end());
-        EXPECT_EQ(QColor(ground.key()), OleTranslateColor(m_scheme.SchemeColours[3]));
+        EXPECT_EQ(QColor(ground.key()), colour3);
         EXPECT_GT(ground.value() * 2, shown.width() * shown.height());
         EXPECT_NE(QColor(shown.pixel(0, shown.height() / 2)), colour3); // a frame round it
         menu->hide();
-        ASSERT_TRUE(waitFor([menu] { return !menu->isVisible(); }));
+        ASSERT_TRUE(QTest::qWaitFor([menu] { return !menu->isVisible(); }));
     }
 }
 
@@ -105,11 +96,11 @@ TEST_F(X11Test, ClicksByTheServerAndTheClipboardPictureAsAnotherProgramReadsIt) 
     Form1& form = start();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     serverClick(form.cmdcreate(), form.cmdcreate()->rect().center());
-    ASSERT_TRUE(waitFor([this] { return grid().hasSolution(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return grid().hasSolution(); }));
     serverClick(&form.boardView(), BoardView::toWidget(centreOf(BoardPart::Tile, 2))); // heck
-    ASSERT_TRUE(waitFor([&] { return board().SelectedWord == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return board().SelectedWord == 2; }));
     serverClick(&form.boardView(), BoardView::toWidget(centreOf(BoardPart::Marker, 7)));
-    EXPECT_TRUE(waitFor([&] { return board().tiles[2].status == TileStatus::Placed; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return board().tiles[2].status == TileStatus::Placed; }));
     form.menu().copyEntries[1]->trigger(); // the solution
     const QImage own = QGuiApplication::clipboard()->image();
     const QImage read = QImage::fromData(
