@@ -22,7 +22,7 @@ double contrastRatio(quint32 a, quint32 b) {
         return 0.2126 * channel(RedByte(colour)) + 0.7152 * channel(GreenByte(colour)) +
                0.0722 * channel(BlueByte(colour));
     };
-    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
     return (light + 0.05) / (dark + 0.05);
 }
 
