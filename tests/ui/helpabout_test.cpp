@@ -79,85 +79,76 @@ public Q_SLOTS:
 };
 
 // The help window on a page of two far-apart sections and a web link, in a folder whose name
-// holds a "#" (which is no anchor).
-class HelpWindowTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("games#1")));
-        m_folder.write(QStringLiteral("games#1/pentalink.htm"),
-                       "<p><a href=\"https://example.org/words\">words</a> <a href=\"#a\">a</a></p>"
-                       "<p style=\"margin-top: 3000px\"><a name=\"a\"></a><a href=\"#b\">b</a></p>"
-                       "<p style=\"margin-top: 3000px\"><a name=\"b\"></a>The end</p>");
-        m_help.setPagePath(m_page);
-        m_help.setSchemeLook([this] { return m_look; });
-    }
-    void open() {
-        m_help.show();
-        m_help.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_help));
-    }
-    void click(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
-    QTextBrowser& browser() { return *m_help.WebBrowser1(); }
-    QString shown() { return browser().source().toString(); }
-    int scroll() { return browser().verticalScrollBar()->value(); }
+// holds a "#" (which is no anchor): links, the steps back and forward, the scheme colours
+// taken at every activation, which also returns to the top, and the resize rule.
+TEST(HelpWindow, WebLinksGoToTheDesktopStepsOnlyBetweenAnchorsAndActivationShowsTheTop) {
+    TestFolder folder;
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("games#1")));
+    folder.write(QStringLiteral("games#1/pentalink.htm"),
+                 "<p><a href=\"https://example.org/words\">words</a> <a href=\"#a\">a</a></p>"
+                 "<p style=\"margin-top: 3000px\"><a name=\"a\"></a><a href=\"#b\">b</a></p>"
+                 "<p style=\"margin-top: 3000px\"><a name=\"b\"></a>The end</p>");
+    SchemeLook look{packedColour(Background), packedColour(Button)};
+    Form4 help;
+    help.setPagePath(folder.file(QStringLiteral("games#1/pentalink.htm")));
+    help.setSchemeLook([&look] { return look; });
+    QTextBrowser& browser = *help.WebBrowser1();
+    const auto open = [&help] {
+        help.show();
+        help.activateWindow();
+        return QTest::qWaitForWindowActive(&help);
+    };
+    const auto click = [](QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); };
+    const auto shown = [&browser] { return browser.source().toString(); };
+    const auto scroll = [&browser] { return browser.verticalScrollBar()->value(); };
 
-    TestFolder m_folder;
-    const QString m_page = m_folder.file(QStringLiteral("games#1/pentalink.htm"));
-    SchemeLook m_look{packedColour(Background), packedColour(Button)};
-    Form4 m_help;
-};
-
-TEST_F(HelpWindowTest, WebLinksGoToTheDesktopBackAndForwardStepOnlyBetweenAnchors) {
     UrlRecorder desktop;
     QDesktopServices::setUrlHandler(QStringLiteral("https"), &desktop, "open");
-    open();
-    EXPECT_EQ(browser().source().toLocalFile(), m_page);
+    ASSERT_TRUE(open());
+    EXPECT_EQ(browser.source().toLocalFile(), folder.file(QStringLiteral("games#1/pentalink.htm")));
+    EXPECT_EQ(help.palette().color(QPalette::Window), Background);
+    for (QPushButton* button : {help.Command1(), help.Command2(), help.Command3()})
+        EXPECT_EQ(button->palette().color(QPalette::Button), Button) << qPrintable(button->text());
     const QString page = shown();
-    ASSERT_TRUE(clickLink(browser(), QStringLiteral("https://example.org/words")));
+    ASSERT_TRUE(clickLink(browser, QStringLiteral("https://example.org/words")));
     QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
     EXPECT_EQ(desktop.opened, QList<QUrl>{QUrl(QStringLiteral("https://example.org/words"))});
-    EXPECT_EQ(browser().backwardHistoryCount(), 0);
+    EXPECT_EQ(browser.backwardHistoryCount(), 0);
 
-    ASSERT_TRUE(clickLink(browser(), QStringLiteral("#a")));
-    ASSERT_TRUE(clickLink(browser(), QStringLiteral("#b")));
-    QTest::keyClick(&browser(), Qt::Key_Left, Qt::AltModifier);
-    QTest::keyClick(&browser(), Qt::Key_Alt); // Alt alone, like any other key, never steps
+    ASSERT_TRUE(clickLink(browser, QStringLiteral("#a")));
+    ASSERT_TRUE(clickLink(browser, QStringLiteral("#b")));
+    QTest::keyClick(&browser, Qt::Key_Left, Qt::AltModifier);
+    QTest::keyClick(&browser, Qt::Key_Alt); // Alt alone, like any other key, never steps
     EXPECT_TRUE(shown().endsWith(QStringLiteral("#a")));
-    QTest::keyClick(&browser(), Qt::Key_Right, Qt::AltModifier);
-    click(m_help.Command1());
-    click(m_help.Command2());
+    QTest::keyClick(&browser, Qt::Key_Right, Qt::AltModifier);
+    click(help.Command1());
+    click(help.Command2());
     EXPECT_TRUE(shown().endsWith(QStringLiteral("#b")));
-    click(m_help.Command1());
-    click(m_help.Command1());
+    click(help.Command1());
+    click(help.Command1());
     EXPECT_EQ(shown(), page);
     // At the plain page none of them moves, although history lies ahead.
-    click(m_help.Command1());
-    click(m_help.Command2());
-    QTest::keyClick(&browser(), Qt::Key_Left, Qt::AltModifier);
+    click(help.Command1());
+    click(help.Command2());
+    QTest::keyClick(&browser, Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(shown(), page);
-    EXPECT_EQ(browser().forwardHistoryCount(), 2);
-}
+    EXPECT_EQ(browser.forwardHistoryCount(), 2);
 
-TEST_F(HelpWindowTest, EveryActivationShowsTheTopWithTheSchemeColoursAndExitHides) {
-    open();
-    EXPECT_EQ(m_help.palette().color(QPalette::Window), Background);
-    for (QPushButton* button : {m_help.Command1(), m_help.Command2(), m_help.Command3()})
-        EXPECT_EQ(button->palette().color(QPalette::Button), Button) << qPrintable(button->text());
-    ASSERT_TRUE(clickLink(browser(), QStringLiteral("#a")));
+    ASSERT_TRUE(clickLink(browser, QStringLiteral("#a")));
     EXPECT_GT(scroll(), 0);
-    click(m_help.Command3());
-    EXPECT_FALSE(m_help.isVisible());
-    m_look = {packedColour(Button), packedColour(Background)};
-    open();
+    click(help.Command3());
+    EXPECT_FALSE(help.isVisible());
+    look = {packedColour(Button), packedColour(Background)};
+    ASSERT_TRUE(open());
     EXPECT_FALSE(shown().contains(u'#'));
     EXPECT_EQ(scroll(), 0);
-    EXPECT_EQ(m_help.palette().color(QPalette::Window), Button);
+    EXPECT_EQ(help.palette().color(QPalette::Window), Button);
 
     // Outer size = inner size + the frame (120 x 480 twips); the rule itself is in HelpRules.
-    m_help.resize(Twips::toPixels(QSize(7880, 5520)));       // an 8000 x 6000 window
-    EXPECT_EQ(browser().geometry(), QRect(2, 28, 525, 340)); // 7880 x 5100 twips
-    m_help.resize(Twips::toPixels(QSize(1500, 300)));        // too low: the height stays
-    EXPECT_EQ(browser().geometry(), QRect(2, 28, 100, 340));
+    help.resize(Twips::toPixels(QSize(7880, 5520)));       // an 8000 x 6000 window
+    EXPECT_EQ(browser.geometry(), QRect(2, 28, 525, 340)); // 7880 x 5100 twips
+    help.resize(Twips::toPixels(QSize(1500, 300)));        // too low: the height stays
+    EXPECT_EQ(browser.geometry(), QRect(2, 28, 100, 340));
 }
 
 TEST(AboutForm, TakesTheSchemeAtEveryShowingWithTheFixedDarkGreyTextAndCloses) {
