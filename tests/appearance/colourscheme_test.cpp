@@ -226,12 +226,13 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
     const QString all = m_folder.file(AllCol);
     // Comment lines fill a collection to 60 bytes under the reader's limit: room for neither
     // another section nor a CR before every LF, but for a section of shorter lines.
-    const auto filled = [&](const QByteArray& lineEnd) {
-        QByteArray content = QByteArray(two).replace("\r\n", lineEnd);
-        const qsizetype size = SchemeFile::MaxBytes - 60;
-        while (content.size() + 200 + lineEnd.size() < size)
-            content += QByteArray(200, '#') + lineEnd;
-        return content + QByteArray(size - content.size() - lineEnd.size(), '#') + lineEnd;
+    const auto filled = [&](const QByteArray& end) {
+        QByteArray content = QByteArray(two).replace("\r\n", end);
+        const qsizetype size = SchemeFile::MaxBytes - 60 - end.size();
+        while (content.size() + 200 + end.size() < size)
+            content += QByteArray(200, '#') + end;
+        content += QByteArray(size - content.size(), '#') + end;
+        return [this, content] { m_folder.write(AllCol, content); };
     };
     const auto systemColours = [&] {
         quint32 base = 0;
@@ -240,12 +241,15 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
     const auto cutShort = [&] {
         m_folder.write(AllCol, two + bytes(numberedSection(QStringLiteral("sea2.col")).mid(0, 13)));
     };
-    const auto failingFor = [](const char* file) {
-        return [file](const QString& path, const QByteArray& content) {
-            return !path.endsWith(QLatin1String(file)) &&
-                   SchemeFile::writeAtomically(path, content);
+    const auto failingFor = [&](const char* file) {
+        return [this, file] {
+            m_scheme.setWriter([file](const QString& path, const QByteArray& content) {
+                return !path.endsWith(QLatin1String(file)) &&
+                       SchemeFile::writeAtomically(path, content);
+            });
         };
     };
+    // What is done to the collection first, then whether Append, Replace and Delete succeed.
     const struct {
         const char* what;
         std::function<void()> damage;
@@ -259,33 +263,23 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
         {"a name with CR", {}, false, true, true, "c\r"},
         {"the matching section cut short", cutShort, true, false, false, "sea2"},
         {"another section cut short", cutShort, true, true, true}, // carried as plain lines
-        {"the scratch copy cannot be written",
-         [&] { m_scheme.setWriter(failingFor("newall.cox")); }, true, false, false},
+        {"the scratch copy cannot be written", failingFor("newall.cox"), true, false, false},
         {"the scratch copy a folder", [&] { QDir().mkdir(m_scheme.scratchPath()); }, true, false,
          false},
-        {"all.col cannot be written", [&] { m_scheme.setWriter(failingFor("all.col")); }, false,
-         false, false},
+        {"all.col cannot be written", failingFor("all.col"), false, false, false},
         {"all.col missing", [&] { QFile::remove(all); }, true, false, false},
-        {"all.col a folder",
-         [&] {
-             QFile::remove(all);
-             QDir().mkdir(all);
-         },
-         false, false, false},
+        {"all.col a folder", [&] { QFile::remove(all), QDir().mkdir(all); }, false, false, false},
         {"all.col oversized",
          [&] { m_folder.write(AllCol, two + QByteArray(SchemeFile::MaxBytes, '#')); }, false, false,
          false},
-        {"LF line ends that CR LF would push past the limit",
-         [&] { m_folder.write(AllCol, filled("\n")); }, false, false, false},
-        {"a section appended past the limit", [&] { m_folder.write(AllCol, filled("\r\n")); },
-         false, true, true}, // replaced: 8 bytes less
+        {"LF line ends that CR LF would push past the limit", filled("\n"), false, false, false},
+        {"a section appended past the limit", filled("\r\n"), false, true, true}, // 8 bytes less
     };
     const auto state = [&]() -> QByteArray {
         const QFileInfo info(all);
         return info.isDir() ? "folder" : info.exists() ? collection() : "missing";
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
         const QString name = QString::fromLatin1(row.name);
         const std::pair<std::function<bool()>, bool> operations[] = {
             {[&] { return m_scheme.AppendScheme(name); }, row.append},
@@ -302,11 +296,9 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
             if (row.damage)
                 row.damage();
             const QByteArray before = state();
-            EXPECT_EQ(operation(), succeeds);
-            if (succeeds) {
-                EXPECT_TRUE(SchemeFile::readLines(all).has_value()); // still readable
-            } else {
-                EXPECT_EQ(state(), before);
+            EXPECT_EQ(operation(), succeeds) << row.what;
+            if (!succeeds) {
+                EXPECT_EQ(state(), before) << row.what;
             }
         }
     }
