@@ -1,7 +1,6 @@
 // Reading and writing the configuration file; see configfile.h for the format.
 #include "core/configfile.h"
 
-#include "core/fileexists.h"
 #include "core/notifier.h"
 #include "core/textdecoding.h"
 
@@ -128,10 +127,8 @@ QString ConfigFile::formatFile(const QDateTime& when, const QString& schemeFile,
 ConfigFile::ReadResult ConfigFile::ReadcfgFile() {
     if (const std::optional<FileValues> values = readValues(path())) {
         m_settings.ActiveSchemeFile = values->schemeFile;
-        const QString configured = programPath(values->dictionaryLine, m_settings.AppFolder);
-        m_settings.DictionaryPath = FileExists(configured)
-                                        ? configured
-                                        : m_settings.AppFolder + QStringLiteral("english1.txt");
+        m_settings.DictionaryPath = values->dictionaryLine;
+        m_settings.DictionaryPath = startupDictionaryPath(m_settings);
         m_settings.BoardFontName = values->fontName;
         m_settings.BoardFontSize = values->fontSize;
         return ReadResult::Read;

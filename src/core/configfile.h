@@ -51,12 +51,11 @@ public:
     QString path() const;
 
     // Reads the five lines into ActiveSchemeFile, DictionaryPath, BoardFontName and
-    // BoardFontSize. DictionaryPath becomes the configured file resolved by programPath()
-    // when FileExists() holds for it, else AppFolder + "english1.txt"; its letter case is
-    // kept. Nothing is taken from a file that fails anywhere: when the file is missing, has
-    // fewer than five lines, is larger than 64 KiB, or line 5 is not a size from 8 to 32, the
-    // file is rewritten with the defaults (lines 2..5 "xp.col", "ENGLISH1.TXT", "Arial",
-    // " 18 ") and the settings become ActiveSchemeFile "xp.col", DictionaryPath "english1.txt" (no
+    // BoardFontSize; DictionaryPath becomes startupDictionaryPath() of line 3. Nothing is
+    // taken from a file that fails anywhere: when the file is missing, has fewer than five
+    // lines, is larger than 64 KiB, or line 5 is not a size from 8 to 32, the file is
+    // rewritten with the defaults (lines 2..5 "xp.col", "ENGLISH1.TXT", "Arial", " 18 ") and
+    // the settings become ActiveSchemeFile "xp.col", DictionaryPath "english1.txt" (no
     // folder), BoardFontName "Arial"; BoardFontSize is left as it was (18 at start-up).
     // No message is shown in any case.
     ReadResult ReadcfgFile();

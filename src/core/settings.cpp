@@ -20,7 +20,7 @@ QString programPath(const QString& path, const QString& appFolder) {
 
 QString startupDictionaryPath(const Settings& settings) {
     const QString configured = programPath(settings.DictionaryPath, settings.AppFolder);
-    if (!configured.isEmpty() && FileExists(configured))
+    if (FileExists(configured))
         return configured;
     return settings.AppFolder + QStringLiteral("english1.txt");
 }

@@ -44,5 +44,6 @@ QString programPath(const QString& path, const QString& appFolder);
 
 // The dictionary start-up loads: the configured one, settings.DictionaryPath resolved by
 // programPath(), when FileExists() holds for it; otherwise AppFolder + "english1.txt" (which
-// may itself be missing; the dictionary loader reports that).
+// may itself be missing; the dictionary loader reports that). The one rule for the
+// configuration file's dictionary line and for start-up.
 QString startupDictionaryPath(const Settings& settings);

@@ -55,46 +55,10 @@ std::array<int, 4> StarGrid::cellsOf(int direction) const {
     return cells;
 }
 
-int StarGrid::reverseOf(int direction) const {
-    if (!validDirection(direction))
-        return -1;
-    const Direction d = kDirections[direction - 1];
-    for (int k = 1; k <= DirectionCount; ++k) {
-        const Direction other = kDirections[k - 1];
-        if (other.line == d.line && other.reversed != d.reversed)
-            return k;
-    }
-    return -1;
-}
-
-std::array<int, 2> StarGrid::directionsStartingAt(int cell) const {
-    std::array<int, 2> found{-1, -1};
-    int n = 0;
-    for (int k = 1; k <= DirectionCount && n < 2; ++k) {
-        if (cellsOf(k)[0] == cell)
-            found[n++] = k;
-    }
-    return found;
-}
-
 std::array<int, 4> StarGrid::lineCells(int line) {
     if (line < 0 || line >= LineCount)
         return {-1, -1, -1, -1};
     return kLines[line];
-}
-
-std::array<int, 2> StarGrid::linesThrough(int cell) {
-    std::array<int, 2> found{-1, -1};
-    int n = 0;
-    for (int line = 0; line < LineCount && n < 2; ++line) {
-        for (int c : kLines[line]) {
-            if (c == cell) {
-                found[n++] = line;
-                break;
-            }
-        }
-    }
-    return found;
 }
 
 QString StarGrid::solutionWord(int direction) const {

@@ -38,14 +38,8 @@ public:
     // The cells of direction k (1..10) in reading order, from the fixed tables (LineTable
     // spells the same digits). k outside 1..10 yields {-1,-1,-1,-1}.
     std::array<int, 4> cellsOf(int direction) const;
-    // The direction that reads the same line the other way (1..10), or -1 for k outside 1..10.
-    int reverseOf(int direction) const;
-    // The two directions that start at `cell` (only tips start directions): empty for crossings.
-    std::array<int, 2> directionsStartingAt(int cell) const;
     // The cells of line 0..4, from one end to the other in drawing order.
     static std::array<int, 4> lineCells(int line);
-    // The two lines (0..4, ascending) through cell 0..9.
-    static std::array<int, 2> linesThrough(int cell);
     // The solution letters along direction k (1..10), concatenated; "" without a puzzle.
     QString solutionWord(int direction) const;
 

@@ -73,45 +73,36 @@ TEST_F(ClockTest, StartValueShowsMinutesAndSecondsWithTheColonDarkOnOddSeconds) 
     }
     clock->setClockNow(7); // only stored
     EXPECT_EQ(clock->ClockNow(), INT_MIN);
-    clock->setClockIncrement(INT_MAX); // counting saturates instead of wrapping
-    clock->setClockStartValue(INT_MAX - 1);
-    clock->tick();
-    EXPECT_EQ(clock->ClockNow(), INT_MAX);
 }
 
-TEST_F(ClockTest, CountingDownExpiresOnEveryTickAfterZero) {
-    clock->setClockIncrement(-1);
-    clock->setClockStartValue(2);
-    clock->StartCountdown();
+TEST_F(ClockTest, TicksCountByTheIncrementAndExpireOnEveryTickFromZeroOrBelow) {
+    // The increment, the start value, and after each tick the face and the expiries so far.
+    const struct {
+        qint32 increment, start;
+        const char* ticks;
+    } rows[] = {
+        {-1, 2, "00.01/0 00:00/0 00:00/1 00:00/2"},
+        {0, 30, "00:30/0 00:30/0 00:30/0"},
+        {0, -3, "00:00/1 00:00/2"},
+        {INT_MAX, INT_MAX - 1, "99.59/0"}, // counting saturates instead of wrapping
+    };
+    for (const auto& row : rows) {
+        expired = 0;
+        clock->setClockIncrement(row.increment);
+        clock->setClockStartValue(row.start);
+        clock->StartCountdown();
+        for (const QString& expected : QString::fromLatin1(row.ticks).split(u' ')) {
+            source->tick();
+            EXPECT_EQ(face() + u'/' + QString::number(expired), expected) << row.start;
+        }
+    }
+    EXPECT_EQ(clock->ClockNow(), INT_MAX);
     EXPECT_EQ(source->interval(), 1000);
-    source->tick();
-    EXPECT_EQ(face(), QStringLiteral("00.01"));
-    source->tick();
-    EXPECT_EQ(face(), QStringLiteral("00:00"));
-    EXPECT_EQ(expired, 0);
-    source->tick();
-    EXPECT_EQ(expired, 1);
-    source->tick();
-    EXPECT_EQ(expired, 2);
-    EXPECT_EQ(clock->ClockNow(), 0);
-
+    clock->setClockStartValue(0);
     clock->SuspendCountDown();
     source->tick();
-    EXPECT_EQ(expired, 2);
-    clock->ResumeCountDown();
-    source->tick();
-    EXPECT_EQ(expired, 3);
-}
-
-TEST_F(ClockTest, ZeroIncrementNeverChangesAndExpiresOnlyFromZeroOrBelow) {
-    clock->setClockStartValue(30);
-    clock->StartCountdown();
-    for (int i = 0; i < 5; ++i)
-        source->tick();
-    EXPECT_EQ(face(), QStringLiteral("00:30"));
     EXPECT_EQ(expired, 0);
-
-    clock->setClockStartValue(-3);
+    clock->ResumeCountDown();
     source->tick();
     EXPECT_EQ(expired, 1);
 }

@@ -1,12 +1,12 @@
 // The scores logic without a display: scrambling, the record, and the keeper's file through
-// the start sequence, counted games, damaged files and Clear.
+// the start sequence, counted games, damaged files and Clear. (A save the disk refuses is
+// writefaults_test's.)
 #include "components/scorescrambler.h"
 #include "components/scoreskeeper.h"
 #include "components/scoresrecord.h"
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
-#include "support/writefault.h"
 
 #include <QLocale>
 
@@ -72,75 +72,58 @@ protected:
     void store(const QString& record) const {
         folder.write("game.sco", ScrambleScores(record).toLatin1() + "\r\n");
     }
-    static QStringList column(const ScoresKeeper& k, bool session) {
+    // The four counters of a column, played, won, drawn and lost, separated by blanks.
+    static QString column(const ScoresKeeper& k, bool session) {
         QStringList values;
         for (int row = 1; row <= 4; ++row)
             values << (session ? k.thisSession(row) : k.allSessions(row));
-        return values;
+        return values.join(u' ');
     }
 
     TestFolder folder;
     RecordingNotifier notifier;
 };
 
-TEST_F(ScoresKeeperTest, MissingFileIsCreatedFreshAndTwoWinsAreStored) {
-    ScoresKeeper k = keeper();
-    k.start();
-    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 0 0 0 0 0 0 "));
-    EXPECT_TRUE(folder.read("game.sco").endsWith("\r\n"));
-
-    k.countGame(GameResult::Won);
-    k.countGame(GameResult::Won);
-    EXPECT_EQ(column(k, true), (QStringList{"2", "2", "0", "0"}));
-    EXPECT_EQ(column(k, false), (QStringList{"2", "2", "0", "0"}));
-    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 2 2 0 0 "));
-}
-
-TEST_F(ScoresKeeperTest, ExistingTotalsAreKeptAndSessionStartsAtZero) {
-    store(QStringLiteral("01Jan2020 10 5 3 2 "));
-    ScoresKeeper k = keeper();
-    k.start();
-    EXPECT_EQ(column(k, false), (QStringList{"10", "5", "3", "2"}));
-    EXPECT_EQ(column(k, true), (QStringList{"0", "0", "0", "0"}));
-    k.countGame(GameResult::Drawn);
-    k.countGame(GameResult::Lost);
-    EXPECT_EQ(column(k, true), (QStringList{"2", "0", "1", "1"}));
-    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 12 5 4 3 "));
-}
-
-TEST_F(ScoresKeeperTest, DamagedFileShowsItsFieldsOrZerosAndIsKeptUntilTheNextSave) {
+TEST_F(ScoresKeeperTest, StartShowsTheFileAndEveryGameIsSaved) {
+    const auto scrambled = [](const QString& record) {
+        return ScrambleScores(record).toLatin1() + "\r\n";
+    };
+    const QString top = QString::number(std::numeric_limits<qint64>::max());
     const struct {
-        const char* why;
-        QByteArray bytes;
-        QStringList shown;
-        const char* afterALoss;
+        QByteArray bytes;    // null: no file
+        QString shown;       // the totals after the start
+        const char* games;   // Won, Drawn, Lost
+        const char* session; // the session column after the games
+        QString saved;       // the record after the games
     } rows[] = {
-        {"empty first line",
-         QByteArray("\r\n") + ScrambleScores(QStringLiteral("d 4 4 0 0 ")).toLatin1(),
-         {"0", "0", "0", "0"},
+        {{}, "0 0 0 0", "WW", "2 2 0 0", "07Mar2025 2 2 0 0 "},
+        {scrambled("01Jan2020 10 5 3 2 "), "10 5 3 2", "DL", "2 0 1 1", "07Mar2025 12 5 4 3 "},
+        // A count at the largest 64-bit value stays there.
+        {scrambled("01Jan2020 " + top + ' ' + top + " 0 0 "), top + ' ' + top + " 0 0", "WL",
+         "2 1 0 1", "07Mar2025 " + top + ' ' + top + " 0 1 "},
+        // A damaged file shows zeros, or its fields as they stand, until the next save.
+        {"\r\n" + scrambled("d 4 4 0 0 "), "0 0 0 0", "L", "1 0 0 1", "07Mar2025 1 0 0 1 "},
+        {scrambled("d 4 4"), "0 0 0 0", "L", "1 0 0 1", "07Mar2025 1 0 0 1 "},
+        {QByteArray("\x00\xff\x13garbage\x80\x81", 12), "0 0 0 0", "L", "1 0 0 1",
          "07Mar2025 1 0 0 1 "},
-        {"too few fields",
-         ScrambleScores(QStringLiteral("d 4 4")).toLatin1(),
-         {"0", "0", "0", "0"},
-         "07Mar2025 1 0 0 1 "},
-        {"binary",
-         QByteArray("\x00\xff\x13garbage\x80\x81", 12),
-         {"0", "0", "0", "0"},
-         "07Mar2025 1 0 0 1 "},
-        {"fields that are no numbers",
-         ScrambleScores(QStringLiteral("d 7 x 2 - ")).toLatin1(),
-         {"7", "x", "2", "-"},
-         "07Mar2025 8 x 2 1 "},
+        {scrambled("d 7 x 2 - "), "7 x 2 -", "L", "1 0 0 1", "07Mar2025 8 x 2 1 "},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        folder.write("game.sco", row.bytes);
+        SCOPED_TRACE(row.bytes.toHex().toStdString());
+        QFile::remove(folder.file(QStringLiteral("game.sco")));
+        if (!row.bytes.isNull())
+            folder.write("game.sco", row.bytes);
         ScoresKeeper k = keeper();
         k.start();
         EXPECT_EQ(column(k, false), row.shown);
-        EXPECT_EQ(folder.read("game.sco"), row.bytes);
-        k.countGame(GameResult::Lost);
-        EXPECT_EQ(storedRecord(), QLatin1String(row.afterALoss));
+        EXPECT_EQ(column(k, true), QStringLiteral("0 0 0 0"));
+        // A missing file is created at once; any other is left as it is.
+        EXPECT_EQ(folder.read("game.sco"),
+                  row.bytes.isNull() ? scrambled("07Mar2025 0 0 0 0 0 0 ") : row.bytes);
+        for (const char* game = row.games; *game; ++game)
+            k.countGame(GameResult(QByteArray("??WDL").indexOf(*game)));
+        EXPECT_EQ(column(k, true), QLatin1String(row.session));
+        EXPECT_EQ(storedRecord(), row.saved);
     }
     EXPECT_TRUE(notifier.messages().isEmpty());
 }
@@ -160,59 +143,12 @@ TEST_F(ScoresKeeperTest, ClearAsksAndOnlyYesEmptiesTheTotals) {
     notifier.queueAnswer(AnswerYes);
     EXPECT_TRUE(k.clear());
     EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 0 0 0 0 0 "));
-    EXPECT_EQ(column(k, false), (QStringList{"0", "0", "0", "0"}));
+    EXPECT_EQ(column(k, false), QStringLiteral("0 0 0 0"));
 }
-
-TEST_F(ScoresKeeperTest, TotalsAtTheTopOfTheRangeStayThereAndStillLoad) {
-    const QString top = QString::number(std::numeric_limits<qint64>::max());
-    const QString record = QStringLiteral("01Jan2020 %1 %1 0 0 ").arg(top);
-    store(record);
-    ScoresKeeper k = keeper();
-    k.start();
-    k.countGame(GameResult::Won);
-    k.countGame(GameResult::Lost);
-    EXPECT_EQ(storedRecord(), QStringLiteral("07Mar2025 %1 %1 0 1 ").arg(top));
-    ScoresKeeper next = keeper();
-    next.start();
-    EXPECT_EQ(next.allSessions(1), top);
-    EXPECT_EQ(next.allSessions(4), QStringLiteral("1"));
-    EXPECT_TRUE(notifier.messages().isEmpty());
-}
-
-// A save the disk refuses: the message, the counts kept for the next save, the old file kept
-// byte for byte.
-class ScoresWriteFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(ScoresWriteFault, IsReportedAndTheOldFileAndTheCountsKept) {
-    const QByteArray old =
-        ScrambleScores(QStringLiteral("01Jan2020 10 5 3 2 ")).toLatin1() + "\r\n";
-    const WriteFaultOutcome outcome = runWithWriteFault(
-        GetParam(), {[&](const QString& folder) { writeFaultFile(folder + "game.sco", old); },
-                     [](const QString&, const QString& target, Notifier& notifier) {
-                         ScoresKeeper k(target + "game.sco", notifier, [] { return kToday; });
-                         k.start();
-                         k.countGame(GameResult::Won);
-                         return k.allSessions(1);
-                     },
-                     20});
-    if (outcome.skipped)
-        GTEST_SKIP() << outcome.skipReason.toStdString();
-    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-    // The old totals were read where the file could be reached.
-    EXPECT_EQ(outcome.result, GetParam() == WriteFault::PathThroughFile ? "1" : "11");
-    EXPECT_EQ(outcome.messages, QStringList{QStringLiteral("The scores could not be saved to ") +
-                                            outcome.target + QStringLiteral("game.sco")});
-    EXPECT_EQ(outcome.changed, QStringList());
-    EXPECT_EQ(outcome.added, QStringList());
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, ScoresWriteFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });
 
 TEST_F(ScoresKeeperTest, DefaultFileIsTheProgramNameInTheProgramFolder) {
     EXPECT_EQ(ScoresKeeper::defaultScoreFilePath(),
-              folder.path() + ScoresKeeper::programBaseName() + QStringLiteral(".sco"));
-    EXPECT_FALSE(ScoresKeeper::programBaseName().isEmpty());
+              folder.path() + QStringLiteral("scores_tests.sco"));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // The indexed generator against the literal one: for the same word list, every request must
 // leave the same result, the same puzzle record, the same list items and the same item data,
-// on success and on failure, through successive requests and the reloads after failures;
-// every puzzle flags exactly its three decoys.
+// on success and on failure, through successive requests and the reloads after failures; and
+// every puzzle must keep the puzzle rules.
 //
 // Every random case is derived from one seed, printed with any failure. To rerun one case:
 //   PENTALINK_DIFF_SEED=<seed> ./tests/differential_tests
@@ -17,7 +17,8 @@
 #include "support/listitems.h"
 #include "support/testfolder.h"
 
-#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -28,58 +29,81 @@
 
 namespace {
 
-// Everything a request leaves behind that anyone can observe.
+// What a request leaves behind that anyone can observe: the result and the puzzle record,
+// and the list with its item data.
 struct Observed {
-    GenerationResult result;
-    QStringList items;
-    QList<qint32> data;
-    QStringList cells;
-    QStringList candidates;
-    QList<qint32> decoys;
+    QString puzzle;
+    QString list;
 };
 
 Observed observe(const GenerationResult& result, const clsSimpleArray& list, const StarGrid& grid) {
-    Observed o;
-    o.result = result;
-    for (int i = 0; i < list.ListCount(); ++i) {
-        o.items << list.List(i);
-        o.data << list.ItemData(i);
-    }
+    QStringList puzzle = {QString::number(result.success), result.root,
+                          QString::number(result.rootIndex)};
     for (int p = 1; p <= StarGrid::CellCount; ++p)
-        o.cells << grid.SolutionLetters[p];
-    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
-        o.candidates << grid.CandidateWords[i];
-        o.decoys << grid.DecoyFlags[i];
-    }
-    return o;
+        puzzle << grid.SolutionLetters[p];
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i)
+        puzzle << grid.CandidateWords[i] + u'=' + QString::number(grid.DecoyFlags[i]);
+    QStringList items;
+    for (int i = 0; i < list.ListCount(); ++i)
+        items << list.List(i) + u'=' + QString::number(list.ItemData(i));
+    return {puzzle.join(u'|'), items.join(u'|')};
 }
 
-// Compares one request's outcome; returns false (with GoogleTest failures) on a difference.
-bool sameOutcome(const Observed& literal, const Observed& fast) {
-    EXPECT_EQ(fast.result.success, literal.result.success);
-    EXPECT_EQ(fast.result.root, literal.result.root);
-    EXPECT_EQ(fast.result.rootIndex, literal.result.rootIndex);
-    EXPECT_EQ(fast.cells, literal.cells);
-    EXPECT_EQ(fast.candidates, literal.candidates);
-    EXPECT_EQ(fast.decoys, literal.decoys);
-    EXPECT_EQ(fast.items, literal.items);
-    EXPECT_EQ(fast.data, literal.data);
-    return fast.result.success == literal.result.success &&
-           fast.result.root == literal.result.root &&
-           fast.result.rootIndex == literal.result.rootIndex && fast.cells == literal.cells &&
-           fast.candidates == literal.candidates && fast.decoys == literal.decoys &&
-           fast.items == literal.items && fast.data == literal.data;
+// A text and its reverse stand for the same line, or the same two line ends.
+QString eitherWay(const QString& s) {
+    return std::min(s, reversedCodePoints(s));
+}
+
+// The puzzle rules: one letter a cell; eight candidates, dictionary words, ascending and
+// distinct ignoring case; the five solution words fill the five lines; the three decoys fit
+// the ends of the lines 0-8, 0-9 and 1-4.
+void expectValidPuzzle(const StarGrid& grid, const QSet<QString>& words) {
+    const auto cell = [&grid](int c) { return grid.SolutionLetters[c + 1]; };
+    for (int c = 0; c < StarGrid::CellCount; ++c)
+        ASSERT_EQ(codePointCount(cell(c)), 1) << "cell " << c;
+    QStringList solution, decoyEnds, lines;
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        const QString& word = grid.CandidateWords[i];
+        EXPECT_TRUE(words.contains(word)) << qPrintable(word) << " is not a dictionary word";
+        ASSERT_TRUE(grid.DecoyFlags[i] == 0 || grid.DecoyFlags[i] == 1);
+        if (grid.DecoyFlags[i])
+            decoyEnds << eitherWay(leftCodePoints(word, 1).toString() +
+                                   leftCodePoints(reversedCodePoints(word), 1).toString());
+        else
+            solution << eitherWay(word);
+        if (i > 1) {
+            EXPECT_LT(compareIgnoringCase(grid.CandidateWords[i - 1], word), 0)
+                << "out of order or equal ignoring case: " << qPrintable(word);
+        }
+    }
+    for (int line = 0; line < StarGrid::LineCount; ++line) {
+        QString letters;
+        for (const int c : StarGrid::lineCells(line))
+            letters += cell(c);
+        lines << eitherWay(letters);
+    }
+    QStringList ends = {eitherWay(cell(0) + cell(8)), eitherWay(cell(0) + cell(9)),
+                        eitherWay(cell(1) + cell(4))};
+    for (QStringList* list : {&solution, &decoyEnds, &lines, &ends})
+        list->sort();
+    EXPECT_EQ(solution.join(u' ').toStdString(), lines.join(u' ').toStdString()) << "the lines";
+    EXPECT_EQ(decoyEnds.join(u' ').toStdString(), ends.join(u' ').toStdString()) << "the ends";
 }
 
 // Two lists with the same content, one per generator, and the requests made on both.
 class Pair {
 public:
-    void fill(const QStringList& entries) {
+    // `rules`: the entries are a dictionary's (a word, its reverse marked "*"), so every
+    // puzzle is checked against the puzzle rules too, unless a word holds a character that
+    // means something in a search pattern (the letters then match more than themselves).
+    void fill(const QStringList& entries, bool rules = true) {
         for (clsSimpleArray* list : {&m_literalList, &m_fastList}) {
             list->Clear();
             for (const QString& e : entries)
                 list->AddItem(e, -1);
         }
+        m_rules = rules;
+        learnWords();
     }
 
     // Gives both lists the same stale item data, which every request must reset.
@@ -91,44 +115,61 @@ public:
         }
     }
 
-    void removeBoth(int index) {
-        m_literalList.RemoveItem(index);
-        m_fastList.RemoveItem(index);
+    void edit(const std::function<void(clsSimpleArray&)>& change) {
+        change(m_literalList);
+        change(m_fastList);
+        learnWords();
     }
 
     // One request on both; false when they differ.
     bool request(GenerationResult& result) {
+        const int before = count();
+        const QString first = before > 0 ? m_literalList.List(0) : QString();
         result = m_literal.generate(m_literalList, m_literalGrid);
         const GenerationResult fast = m_fast.generate(m_fastList, m_fastGrid);
-        s_attempts += m_fast.statistics().attempts;
-        s_patternAttempts += m_fast.statistics().patternAttempts;
-        s_literalAttempts += m_fast.statistics().literalAttempts;
         const Observed literal = observe(result, m_literalList, m_literalGrid);
-        // Exactly the three decoys are flagged, also when a solution word ends in "*".
-        if (result.success) {
-            EXPECT_EQ(literal.decoys.count(1), 3) << qPrintable(literal.candidates.join(u' '));
+        const Observed indexed = observe(fast, m_fastList, m_fastGrid);
+        EXPECT_EQ(indexed.puzzle.toStdString(), literal.puzzle.toStdString());
+        EXPECT_EQ(indexed.list.toStdString(), literal.list.toStdString());
+        if (m_rules && result.success) {
+            SCOPED_TRACE("puzzle " + literal.puzzle.toStdString());
+            expectValidPuzzle(m_literalGrid, m_words);
+            EXPECT_EQ(count(), before - 1) << "the root entry leaves the list";
+            EXPECT_EQ(m_literalGrid.solutionWord(3), leftCodePoints(result.root, 4).toString());
+            if (result.rootIndex > 0) {
+                EXPECT_EQ(m_literalList.List(0).toStdString(), first.toStdString());
+            }
+        } else if (m_rules) {
+            EXPECT_EQ(count(), before);
+            EXPECT_FALSE(m_literalGrid.hasSolution());
         }
-        return sameOutcome(literal, observe(fast, m_fastList, m_fastGrid)) &&
-               (!result.success || literal.decoys.count(1) == 3);
+        return !::testing::Test::HasFailure();
     }
 
     int count() const { return m_literalList.ListCount(); }
-    clsSimpleArray& literalList() { return m_literalList; }
-    clsSimpleArray& fastList() { return m_fastList; }
     const IndexedPuzzleGenerator& fast() const { return m_fast; }
 
-    // Attempts of the indexed generator over all pairs, and how many it handed on.
-    static inline long s_attempts = 0;
-    static inline long s_patternAttempts = 0;
-    static inline long s_literalAttempts = 0;
-
 private:
+    // The words the entries spell (the candidates may be any of them).
+    void learnWords() {
+        m_words.clear();
+        for (int i = 0; i < count(); ++i) {
+            const QString e = m_literalList.List(i);
+            const QString word = e.endsWith(u'*') ? reversedCodePoints(e.chopped(1)) : e;
+            static const QRegularExpression patternCharacter(QStringLiteral("[?*#[]"));
+            m_rules = m_rules && !word.contains(patternCharacter);
+            m_words.insert(word);
+        }
+    }
+
     clsSimpleArray m_literalList;
     clsSimpleArray m_fastList;
     StarGrid m_literalGrid;
     StarGrid m_fastGrid;
     LiteralPuzzleGenerator m_literal;
     IndexedPuzzleGenerator m_fast;
+    QSet<QString> m_words;
+    bool m_rules = true;
 };
 
 // Characters random dictionaries are made of: twins in both cases, digits, characters that
@@ -139,20 +180,23 @@ const QStringList kCharacterPool = {
     "?", "*", "#", "[", "]", "!", "-", " ", QString::fromUcs4(U"\U0001D11E"),
 };
 
-QString randomWord(std::mt19937& random, const QStringList& alphabet) {
-    QString w;
-    for (int k = 0; k < 4; ++k)
-        w += alphabet[static_cast<qsizetype>(random() % alphabet.size())];
-    return w;
-}
-
 QString pick(std::mt19937& random, const QStringList& from) {
     return from[static_cast<qsizetype>(random() % from.size())];
 }
 
-// `count` words: mostly fresh ones from `fresh`, some repeated, in another case, reversed or
-// made into palindromes, which the distinctness rules exist for.
-template <typename Fresh> QStringList wordsWithTwins(std::mt19937& random, int count, Fresh fresh) {
+QString randomWord(std::mt19937& random, const QStringList& alphabet) {
+    QString w;
+    for (int k = 0; k < 4; ++k)
+        w += pick(random, alphabet);
+    return w;
+}
+
+// Mostly fresh words from `fresh`, some repeated, in another case, reversed or made into
+// palindromes, which the distinctness rules exist for. Few words rarely give a puzzle; more
+// give some, and then fail once they are used up.
+template <typename Fresh> QStringList wordsWithTwins(std::mt19937& random, Fresh fresh) {
+    const int count = random() % 4 == 0 ? 6 + static_cast<int>(random() % 10)
+                                        : 25 + static_cast<int>(random() % 21);
     QStringList words;
     while (words.size() < count) {
         const unsigned kind = random() % 12;
@@ -160,67 +204,51 @@ template <typename Fresh> QStringList wordsWithTwins(std::mt19937& random, int c
             words << fresh();
             continue;
         }
-        const QString& earlier = words[static_cast<qsizetype>(random() % words.size())];
-        switch (kind) {
-        case 8:
+        const QString earlier = pick(random, words);
+        if (kind == 8)
             words << earlier; // a repeated line
-            break;
-        case 9:
+        else if (kind == 9)
             words << upperCodePoints(earlier); // a twin in another case
-            break;
-        case 10:
+        else if (kind == 10)
             words << reversedCodePoints(earlier); // a word and its reverse
-            break;
-        default: { // a palindrome
-            const QString half = leftCodePoints(earlier, 2).toString();
-            words << half + reversedCodePoints(half);
-            break;
-        }
-        }
+        else                                      // a palindrome
+            words << leftCodePoints(earlier, 2).toString() +
+                         reversedCodePoints(leftCodePoints(earlier, 2));
     }
     return words;
 }
 
-// Few words rarely give a puzzle; more give some, and then fail once they are used up.
-int randomCount(std::mt19937& random) {
-    return random() % 4 == 0 ? 6 + static_cast<int>(random() % 10)
-                             : 25 + static_cast<int>(random() % 21);
-}
-
-// A random dictionary of four-character words over a small alphabet, rich in the cases the
-// distinctness rules and the pattern-character path exist for.
+// Four-character words over a small alphabet: mostly plain letters; sometimes digits,
+// wildcards and the rest of the pool join in.
 QStringList randomWords(std::mt19937& random) {
-    // Mostly plain letters; sometimes digits, wildcards and the rest of the pool join in.
     QStringList alphabet;
     const int size =
         random() % 3 == 0 ? (random() % 2 ? 2 : 5) : 3 + static_cast<int>(random() % 2);
-    const int poolSize = random() % 3 == 0 ? static_cast<int>(kCharacterPool.size()) : 7;
+    const QStringList pool = kCharacterPool.mid(0, random() % 3 == 0 ? kCharacterPool.size() : 7);
     while (alphabet.size() < size) {
-        const QString c = kCharacterPool[static_cast<qsizetype>(random() % poolSize)];
+        const QString c = pick(random, pool);
         if (!alphabet.contains(c))
             alphabet << c;
     }
-    return wordsWithTwins(random, randomCount(random),
-                          [&] { return randomWord(random, alphabet); });
+    return wordsWithTwins(random, [&] { return randomWord(random, alphabet); });
 }
 
-// A random dictionary where most words hold pattern characters, so that most patterns do:
-// words of pattern characters only, lists of letters ("[ab]", "[!a]"), ranges ("[a-c"), lists
-// closed only by a later word ("a[b" meeting "]"), unmatched "[", digits for "#", and words
-// over a small mixed alphabet.
+// Words most of which hold pattern characters, so that most patterns do: words of pattern
+// characters only, lists of letters ("[ab]", "[!a]"), ranges ("[a-c"), lists closed only by a
+// later word ("a[b" meeting "]"), unmatched "[", digits for "#", and words over a small mixed
+// alphabet.
 QStringList patternRichWords(std::mt19937& random) {
     const QStringList patternCharacters = {"?", "*", "#", "["};
-    const QStringList listCharacters = {"[", "]", "!", "-"};
     const QStringList letters = {"a", "b", "A"};
     const QStringList digits = {"1", "2", "#"};
     // "?" and "*" in patterns make puzzles easier to find, the others harder.
     QStringList alphabet = {QStringLiteral("?"), pick(random, patternCharacters),
                             pick(random, letters), pick(random, letters)};
     if (random() % 2)
-        alphabet << pick(random, listCharacters);
+        alphabet << pick(random, {"[", "]", "!", "-"});
     if (random() % 3 == 0)
         alphabet << pick(random, digits);
-    auto fresh = [&]() -> QString {
+    return wordsWithTwins(random, [&]() -> QString {
         switch (random() % 12) {
         case 0:
             return randomWord(random, patternCharacters);
@@ -237,37 +265,12 @@ QStringList patternRichWords(std::mt19937& random) {
         default:
             return randomWord(random, alphabet);
         }
-    };
-    return wordsWithTwins(random, randomCount(random), fresh);
+    });
 }
 
-// Entries no dictionary load makes: short and long ones, a lone surrogate, an empty one.
-QStringList oddEntries(std::mt19937& random, const QStringList& alphabet) {
-    const QStringList odd = {"",
-                             "a",
-                             "ab*",
-                             "abc",
-                             "abcde",
-                             "abcdef*",
-                             "ba?",
-                             QString(QChar(0xD800)) + "abc",
-                             "b" + QString(QChar(0xDC00)) + "ab",
-                             "****",
-                             "a*",
-                             "[ab]"};
-    QStringList out;
-    const int n = 1 + static_cast<int>(random() % 3);
-    for (int k = 0; k < n; ++k) {
-        if (random() % 2)
-            out << odd[static_cast<qsizetype>(random() % odd.size())];
-        else
-            out << randomWord(random, alphabet) + alphabet.first();
-    }
-    return out;
-}
-
-// One random case: a dictionary, its loads, and a run of requests with reloads after failures,
-// occasional changes to the list between requests and odd entries. Returns the requests made.
+// One random case: a dictionary, its loads (sometimes with entries no dictionary load makes),
+// and a run of requests with reloads after failures and occasional edits of the list.
+// Returns the requests made.
 int runRandomCase(quint64 seed, QStringList (*makeWords)(std::mt19937&), int& failures) {
     SCOPED_TRACE("seed " + std::to_string(seed) +
                  " (rerun: PENTALINK_DIFF_SEED=" + std::to_string(seed) + ")");
@@ -275,14 +278,19 @@ int runRandomCase(quint64 seed, QStringList (*makeWords)(std::mt19937&), int& fa
     RandomSource shuffle(seed);
     const QStringList words = makeWords(random);
     const bool withOddEntries = random() % 8 == 0;
+    // Halves of a surrogate pair on their own.
+    const QString high = QString(QChar(0xD800)) + "abc", low = "b" + QString(QChar(0xDC00)) + "ab";
+    const QStringList odd = {"",    "a",  "ab*", "abc",  "abcde", "abcdef*",
+                             "ba?", high, low,   "****", "a*",    "[ab]"};
     Pair pair;
     auto load = [&] {
         QStringList entries = loadedEntries(words, shuffle);
-        if (withOddEntries) {
-            for (const QString& e : oddEntries(random, {"a", "b"}))
-                entries.insert(static_cast<qsizetype>(random() % (entries.size() + 1)), e);
-        }
-        pair.fill(entries);
+        QStringList added;
+        for (int k = withOddEntries ? 1 + static_cast<int>(random() % 3) : 0; k > 0; --k)
+            added << (random() % 2 ? pick(random, odd) : randomWord(random, {"a", "b"}) + u'a');
+        for (const QString& e : added)
+            entries.insert(static_cast<qsizetype>(random() % (entries.size() + 1)), e);
+        pair.fill(entries, !withOddEntries);
         pair.scribble(random);
     };
     load();
@@ -299,167 +307,78 @@ int runRandomCase(quint64 seed, QStringList (*makeWords)(std::mt19937&), int& fa
             if (random() % 3 != 0)
                 load(); // the reload that follows a failure (or once more without it)
         } else if (random() % 5 == 0 && pair.count() > 1) {
-            pair.removeBoth(static_cast<int>(random() % pair.count())); // someone else edits it
+            const int index = static_cast<int>(random() % pair.count());
+            pair.edit([index](clsSimpleArray& l) { l.RemoveItem(index); }); // someone else
         }
     }
     return requests;
 }
 
-std::optional<quint64> seedFromEnvironment() {
-    const QByteArray value = qgetenv("PENTALINK_DIFF_SEED");
+struct RandomRun {
+    int cases = 0;
+    int requests = 0; // 0 when PENTALINK_DIFF_SEED names one case: no claims about the mix
+    int failures = 0;
+};
+
+// Runs random dictionaries from seed `firstSeed` on: PENTALINK_DIFF_CASES of them, else
+// `standard`; only the one PENTALINK_DIFF_SEED names, when set.
+RandomRun runRandomCases(quint64 firstSeed, int standard, QStringList (*makeWords)(std::mt19937&)) {
     bool ok = false;
-    const quint64 seed = value.toULongLong(&ok);
-    return ok ? std::optional<quint64>(seed) : std::nullopt;
+    const int set = qEnvironmentVariableIntValue("PENTALINK_DIFF_CASES", &ok);
+    RandomRun run{ok && set > 0 ? set : standard};
+    bool one = false;
+    const quint64 only = qgetenv("PENTALINK_DIFF_SEED").toULongLong(&one);
+    const quint64 last = firstSeed + static_cast<quint64>(run.cases) - 1;
+    for (quint64 seed = firstSeed; seed <= last && !::testing::Test::HasFailure(); ++seed) {
+        if (!one || seed == only)
+            run.requests += runRandomCase(seed, makeWords, run.failures);
+    }
+    std::printf("[ info     ] seeds %llu..%llu: %d requests, %d failed\n",
+                static_cast<unsigned long long>(firstSeed), static_cast<unsigned long long>(last),
+                run.requests, run.failures);
+    if (one)
+        run.requests = 0;
+    return run;
 }
 
 } // namespace
 
-// The number of random dictionaries a run tries: `standard`, or PENTALINK_DIFF_CASES when set
-// (a slow build, such as the sanitizer one, sets fewer).
-int caseCount(int standard) {
-    bool ok = false;
-    const int set = qEnvironmentVariableIntValue("PENTALINK_DIFF_CASES", &ok);
-    return ok && set > 0 ? set : standard;
-}
-
-// Runs `cases` random dictionaries from seed `firstSeed` on; returns {requests, failed}.
-std::pair<int, int> runRandomCases(quint64 firstSeed, int cases,
-                                   QStringList (*makeWords)(std::mt19937&)) {
-    const std::optional<quint64> only = seedFromEnvironment();
-    int requests = 0;
-    int failures = 0;
-    int run = 0;
-    Pair::s_attempts = Pair::s_patternAttempts = Pair::s_literalAttempts = 0;
-    for (quint64 seed = firstSeed; seed < firstSeed + static_cast<quint64>(cases); ++seed) {
-        if (only && seed != *only)
-            continue;
-        requests += runRandomCase(seed, makeWords, failures);
-        ++run;
-        if (::testing::Test::HasFailure())
-            break; // the first differing case says it all
-    }
-    std::printf("[ info     ] %d random dictionaries (seeds %llu..%llu), %d requests, %d failed "
-                "requests; %ld attempts, %ld on pattern lists, %ld by scanning\n",
-                run, static_cast<unsigned long long>(firstSeed),
-                static_cast<unsigned long long>(firstSeed + static_cast<quint64>(cases) - 1),
-                requests, failures, Pair::s_attempts, Pair::s_patternAttempts,
-                Pair::s_literalAttempts);
-    if (only)
-        return {0, 0}; // one case: no claims about the mix
-    return {requests, failures};
-}
-
 TEST(DifferentialTest, RandomSmallAlphabetDictionaries) {
-    const int cases = caseCount(2000);
-    const auto [requests, failures] = runRandomCases(1000, cases, randomWords);
-    if (requests > 0) {
-        EXPECT_GT(failures, cases / 10) << "the cases should include many failed requests";
-        EXPECT_GT(requests - failures, cases / 2) << "the cases should include many puzzles";
+    const RandomRun run = runRandomCases(1000, 2000, randomWords);
+    if (run.requests > 0) {
+        EXPECT_GT(run.failures, run.cases / 10) << "the cases should include many failed requests";
+        EXPECT_GT(run.requests - run.failures, run.cases / 2) << "and many puzzles";
     }
 }
 
 TEST(DifferentialTest, RandomPatternRichDictionaries) {
-    const int cases = caseCount(600);
-    const auto [requests, failures] = runRandomCases(500000, cases, patternRichWords);
-    if (requests > 0) {
-        EXPECT_GT(failures, cases / 10) << "the cases should include many failed requests";
-        EXPECT_GT(requests - failures, cases / 10) << "the cases should include puzzles";
-        EXPECT_GT(Pair::s_patternAttempts, Pair::s_attempts / 2)
-            << "most attempts should meet pattern characters";
+    const RandomRun run = runRandomCases(500000, 600, patternRichWords);
+    if (run.requests > 0) {
+        EXPECT_GT(run.failures, run.cases / 10) << "the cases should include many failed requests";
+        EXPECT_GT(run.requests - run.failures, run.cases / 10) << "and puzzles";
     }
 }
 
-TEST(DifferentialTest, ShippedDictionaryWithSeveralSeeds) {
-    const QString path = shippedDataDir() + QStringLiteral("english1.txt");
-    ASSERT_TRUE(QFile::exists(path));
-    int puzzles = 0;
-    for (const quint64 seed : {1u, 2u, 77u}) {
-        SCOPED_TRACE("shuffle seed " + std::to_string(seed));
-        clsSimpleArray loaded;
-        RandomSource random(seed);
-        DictionaryLoader loader(loaded, random);
-        ASSERT_TRUE(loader.LoadDictionary(path));
-        Pair pair;
-        pair.fill(itemsOf(loaded));
-        for (int r = 0; r < 2; ++r) {
-            SCOPED_TRACE("request " + std::to_string(r));
-            GenerationResult result;
-            ASSERT_TRUE(pair.request(result));
-            ASSERT_TRUE(result.success);
-            ++puzzles;
-        }
-    }
-    EXPECT_EQ(puzzles, 6);
-}
-
-// The first `count` words of the shipped dictionary after skipping `skip`, as written.
-QStringList shippedWords(int skip, int count) {
-    clsSimpleArray all;
-    RandomSource random(0);
-    DictionaryLoader loader(all, random);
-    loader.setShuffled(false);
-    if (!loader.LoadDictionary(shippedDataDir() + QStringLiteral("english1.txt")))
-        return {};
-    QStringList words;
-    for (int i = skip; i < skip + count && 2 * i < all.ListCount(); ++i)
-        words << all.List(2 * i); // each word is followed by its reversed entry
-    return words;
-}
-
-TEST(DifferentialTest, SlicesOfTheShippedDictionaryUntilTheyFailAndAfterTheReload) {
-    // A few dozen shipped words give some puzzles, then a failure; the reload restores them.
-    // Half the slices add twins with the same ends ("cAKe" for "cake"), which fit every decoy
-    // place the word's line has: the case folding that makes them one word to the search is
-    // otherwise reached only by the long random runs.
-    int failures = 0;
-    int puzzles = 0;
-    for (int slice = 0; slice < 10; ++slice) {
-        SCOPED_TRACE("slice " + std::to_string(slice));
-        QStringList words = shippedWords(slice / 2 * 400, 60);
-        ASSERT_EQ(words.size(), 60);
-        for (const QString& word : words.mid(0, slice % 2 ? 40 : 0))
-            words << word.first(1) + word.sliced(1, 2).toUpper() + word.last(1);
-        RandomSource shuffle(static_cast<quint64>(slice));
-        Pair pair;
-        pair.fill(loadedEntries(words, shuffle));
-        for (int r = 0; r < 40; ++r) {
-            SCOPED_TRACE("request " + std::to_string(r));
-            GenerationResult result;
-            ASSERT_TRUE(pair.request(result));
-            if (result.success) {
-                ++puzzles;
-                continue;
-            }
-            ++failures;
-            pair.fill(loadedEntries(words, shuffle));
-            ASSERT_TRUE(pair.request(result)); // the first request after the reload
-            puzzles += result.success ? 1 : 0;
-            break;
-        }
-    }
-    EXPECT_GT(failures, 0);
-    EXPECT_GT(puzzles, 0);
-}
-
-TEST(DifferentialTest, IndexFollowsRemovalsAndNoticesOtherChanges) {
+TEST(DifferentialTest, ShippedDictionaryIndexFollowsRemovalsAndNoticesOtherChanges) {
     // Successive requests reuse the index; an edit by anyone else makes it start afresh.
-    const QStringList words = shippedWords(0, 400);
-    RandomSource shuffle(9);
+    clsSimpleArray loaded;
+    RandomSource random(77);
+    DictionaryLoader loader(loaded, random);
+    ASSERT_TRUE(loader.LoadDictionary(shippedDataDir() + QStringLiteral("english1.txt")));
     Pair pair;
-    pair.fill(loadedEntries(words, shuffle));
-    GenerationResult result;
-    ASSERT_TRUE(pair.request(result));
-    EXPECT_TRUE(pair.fast().statistics().indexBuilt);
-    ASSERT_TRUE(pair.request(result));
-    EXPECT_FALSE(pair.fast().statistics().indexBuilt);
-    pair.literalList().List(0, QStringLiteral("zzzz"));
-    pair.fastList().List(0, QStringLiteral("zzzz"));
-    ASSERT_TRUE(pair.request(result));
-    EXPECT_TRUE(pair.fast().statistics().indexBuilt);
-    pair.literalList().AddItem(QStringLiteral("abcd"), 3);
-    pair.fastList().AddItem(QStringLiteral("abcd"), 3);
-    ASSERT_TRUE(pair.request(result));
-    EXPECT_TRUE(pair.fast().statistics().indexBuilt);
-    ASSERT_TRUE(pair.request(result));
-    EXPECT_FALSE(pair.fast().statistics().indexBuilt);
+    pair.fill(itemsOf(loaded));
+    const std::pair<std::function<void(clsSimpleArray&)>, bool> steps[] = {
+        {[](clsSimpleArray&) {}, true},
+        {[](clsSimpleArray&) {}, false},
+        {[](clsSimpleArray& l) { l.List(0, QStringLiteral("zzzz")); }, true},
+        {[](clsSimpleArray& l) { l.AddItem(QStringLiteral("abcd"), 3); }, true},
+        {[](clsSimpleArray&) {}, false},
+    };
+    for (const auto& [edit, built] : steps) {
+        pair.edit(edit);
+        GenerationResult result;
+        ASSERT_TRUE(pair.request(result));
+        ASSERT_TRUE(result.success);
+        EXPECT_EQ(pair.fast().statistics().indexBuilt, built);
+    }
 }

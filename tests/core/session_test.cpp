@@ -4,13 +4,11 @@
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
+#include "support/testwords.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-const QStringList kKnownWords = {"sect", "peek", "heck", "poet", "hoes", "keep", "hawk", "smut"};
-const QStringList kTooFewWords = {"aaaa", "aaab", "abaa", "abab", "baba", "bbbb", "abba"};
 
 class SessionTest : public ::testing::Test {
 protected:
@@ -29,11 +27,6 @@ protected:
             [this](bool searching) { m_events << (searching ? "search" : "search-end"); });
     }
 
-    QString writeDictionary(const QString& name, const QStringList& words) {
-        m_folder.write(name, words.join(QStringLiteral("\r\n")).toUtf8());
-        return m_folder.file(name);
-    }
-
     TestFolder m_folder;
     RecordingNotifier m_notifier;
     PuzzleSession m_session{&m_notifier};
@@ -42,41 +35,30 @@ protected:
 
 } // namespace
 
-TEST_F(SessionTest, CreateWithoutDictionaryReportsItAndChangesNothing) {
+TEST_F(SessionTest, CreateTellsTheWindowInOrderAndUsesUpRootsUntilAFailureReloadsThem) {
     EXPECT_EQ(create(), PuzzleSession::CreateOutcome::NoDictionary);
     ASSERT_EQ(m_notifier.messages().size(), 1);
     EXPECT_EQ(m_notifier.messages()[0].text, QStringLiteral("No Dictioary Loaded"));
     EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbcritical+vbok"));
     EXPECT_FALSE(m_notifier.messages()[0].standard);
     EXPECT_TRUE(m_events.isEmpty());
-}
+    m_notifier.clear();
 
-TEST_F(SessionTest, CreateTellsTheWindowInOrderAndUsesUpRootsUntilAFailureReloadsThem) {
-    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString path = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
     ASSERT_TRUE(m_session.openDictionary(path));
     m_events.clear();
     EXPECT_EQ(create(), PuzzleSession::CreateOutcome::Created);
     EXPECT_EQ(m_events, QStringList({"wait", "search", "search-end", "arrow"}));
     EXPECT_TRUE(m_notifier.messages().isEmpty());
-
     QStringList roots = {m_session.lastGeneration().root};
     EXPECT_EQ(roots[0], QStringLiteral("sect"));
     PuzzleSession::CreateOutcome outcome;
-    while ((outcome = m_session.createPuzzle()) == PuzzleSession::CreateOutcome::Created) {
+    while (m_events.clear(), (outcome = create()) == PuzzleSession::CreateOutcome::Created) {
         EXPECT_FALSE(roots.contains(m_session.lastGeneration().root));
         roots << m_session.lastGeneration().root;
         ASSERT_EQ(m_session.WordList().ListCount(), 16 - roots.size());
     }
     EXPECT_EQ(outcome, PuzzleSession::CreateOutcome::Failed);
-    EXPECT_EQ(m_session.WordList().ListCount(), 16);
-}
-
-TEST_F(SessionTest, FailedCreateShowsTheFourLinesAndReloadsTheDictionary) {
-    const QString path = writeDictionary(QStringLiteral("few.txt"), kTooFewWords);
-    ASSERT_TRUE(m_session.openDictionary(path));
-    m_events.clear();
-    m_session.WordList().RemoveItem(0); // a reload must bring it back
-    EXPECT_EQ(create(), PuzzleSession::CreateOutcome::Failed);
     ASSERT_EQ(m_notifier.messages().size(), 1);
     EXPECT_EQ(m_notifier.messages()[0].text,
               QStringLiteral("Unable to create a puzzle\r\n"
@@ -85,22 +67,24 @@ TEST_F(SessionTest, FailedCreateShowsTheFourLinesAndReloadsTheDictionary) {
                              "Please try again"));
     EXPECT_EQ(m_notifier.messages()[0].style, QStringLiteral("vbcritical+vbok"));
     EXPECT_EQ(m_events, QStringList({"wait", "search", "search-end", "arrow", "wait", "arrow",
-                                     "Dictionary: few.txt (7 words)"}));
-    EXPECT_EQ(m_session.WordList().ListCount(), 14);
-    EXPECT_EQ(m_session.WordList().List(0), QStringLiteral("aaaa"));
+                                     "Dictionary: known.txt (8 words)"}));
+    EXPECT_EQ(m_session.WordList().ListCount(), 16);
     EXPECT_FALSE(m_session.grid().hasSolution());
 
     // A reload that fails keeps the used-up list.
-    ASSERT_TRUE(QFile::remove(path));
+    const QString few = m_folder.writeLines(QStringLiteral("few.txt"), testwords::kSeven);
+    ASSERT_TRUE(m_session.openDictionary(few));
+    ASSERT_TRUE(QFile::remove(few));
     m_session.WordList().RemoveItem(0);
+    m_notifier.clear();
     EXPECT_EQ(m_session.createPuzzle(), PuzzleSession::CreateOutcome::Failed);
-    EXPECT_EQ(m_notifier.messages().size(), 3); // the four lines, then the unreadable file
+    EXPECT_EQ(m_notifier.messages().size(), 2); // the four lines, then the unreadable file
     EXPECT_EQ(m_session.WordList().ListCount(), 13);
 }
 
 TEST_F(SessionTest, RequestsWhileCreatingAreIgnored) {
-    const QString known = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
-    const QString other = writeDictionary(QStringLiteral("other.txt"), kTooFewWords);
+    const QString known = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
+    const QString other = m_folder.writeLines(QStringLiteral("other.txt"), testwords::kSeven);
     ASSERT_TRUE(m_session.openDictionary(known));
     qint64 now = 0;
     m_session.eventPump().setClock([&now] { return now += 100; }); // every poll runs
@@ -120,7 +104,7 @@ TEST_F(SessionTest, RequestsWhileCreatingAreIgnored) {
 }
 
 TEST_F(SessionTest, DictionaryCommandKeepsEverythingOnCancelOrFailure) {
-    const QString path = writeDictionary(QStringLiteral("known.txt"), kKnownWords);
+    const QString path = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
     EXPECT_TRUE(m_session.openDictionary(path));
     EXPECT_EQ(m_session.DictionaryPath(), path);
     EXPECT_EQ(m_events, QStringList({"wait", "arrow", "Dictionary: known.txt (8 words)"}));

@@ -1,10 +1,12 @@
-// The program folder, start-up settings, the file-presence test and the choice of the
-// start-up dictionary.
+// The program folder and its seeding, the command line, the file-presence test and the choice
+// of the start-up dictionary.
 #include "core/appfolder.h"
 #include "core/commandline.h"
+#include "core/configfile.h"
 #include "core/fileexists.h"
 #include "core/settings.h"
 
+#include "support/recordingnotifier.h"
 #include "support/testfolder.h"
 
 #include <QDir>
@@ -51,17 +53,10 @@ TEST(SeedProgramFolder, KeepsThePlayersFilesAcrossAnUpgradeAndRefreshesTheHelpPa
     install.write(QStringLiteral("pentalink.cfg"), "never shipped");
 
     seedProgramFolder(user.path(), install.path());
-    const struct {
-        const char* name;
-        QByteArray expected;
-    } rows[] = {
-        {"all.col", "edited schemes"},
-        {"pentalink.cfg", "player's settings"},
-        {"english1.txt", "v2 english1.txt"}, // deleted by the player: seeded again
-        {"pentalink.htm", "v2 pentalink.htm"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(user.read(QString::fromLatin1(row.name)), row.expected) << row.name;
+    EXPECT_EQ(user.read(QStringLiteral("all.col")), "edited schemes");
+    EXPECT_EQ(user.read(QStringLiteral("pentalink.cfg")), "player's settings");
+    EXPECT_EQ(user.read(QStringLiteral("english1.txt")), "v2 english1.txt"); // seeded again
+    EXPECT_EQ(user.read(QStringLiteral("pentalink.htm")), "v2 pentalink.htm");
 
     // An unchanged dictionary is the player's too: it is not replaced by a newer one.
     install.write(QStringLiteral("english1.txt"), "v3 english1.txt");
@@ -93,11 +88,8 @@ TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {
         Action action;
         QStringList ignored;
     } rows[] = {
+        // (Each option alone is pentalinkgen_test's, which runs the game.)
         {{}, Action::Run, {}},
-        {{"--help"}, Action::Help, {}},
-        {{"-h"}, Action::Help, {}},
-        {{"--version"}, Action::Version, {}},
-        {{"-V"}, Action::Version, {}},
         {{"--version", "--help"}, Action::Version, {"--help"}},
         {{"puzzle.txt", "-h", "-v"}, Action::Help, {"puzzle.txt", "-v"}},
         {{"--helpme", "-help", "--"}, Action::Run, {"--helpme", "-help", "--"}},
@@ -111,18 +103,6 @@ TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {
     EXPECT_EQ(ignoredArgumentsWarning({"x y"}), "pentalink: ignoring unknown argument 'x y'\n");
     EXPECT_EQ(ignoredArgumentsWarning({"-a", "b"}),
               "pentalink: ignoring unknown arguments '-a' 'b'\n");
-}
-
-TEST(Settings, ForFolderSetsTheStartupValues) {
-    const Settings s = Settings::forFolder(QStringLiteral("/opt/pentalink"));
-    EXPECT_EQ(s.AppFolder, QStringLiteral("/opt/pentalink/"));
-    EXPECT_EQ(s.SchemeCollectionPath, QStringLiteral("/opt/pentalink/all.col"));
-    EXPECT_EQ(s.BoardFontName, QStringLiteral("Arial"));
-    EXPECT_EQ(s.BoardFontSize, 18);
-    EXPECT_EQ(s.TextColour, 28u + 256u * 28u + 65536u * 28u);
-    EXPECT_TRUE(s.ActiveSchemeFile.isEmpty());
-    EXPECT_TRUE(s.DictionaryPath.isEmpty());
-    EXPECT_EQ(Settings::forFolder(QStringLiteral("/a/b/")).AppFolder, QStringLiteral("/a/b/"));
 }
 
 TEST(FileExists, CountsOnlyReadableFilesWithContent) {
@@ -155,29 +135,40 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
     EXPECT_FALSE(FileExists(QString()));
 }
 
-TEST(StartupDictionary, LoadsTheConfiguredDictionaryWhenItExists) {
+// One rule for both readers of the dictionary setting: start-up and the configuration file.
+TEST(StartupDictionary, IsTheConfiguredFileWhenItExistsElseTheProgramFoldersEnglish1) {
     const TestFolder folder;
-    folder.write(QStringLiteral("mine.txt"), "abcd\r\n");
+    folder.write(QStringLiteral("Big Words.TXT"), "abcd\r\n");
     folder.write(QStringLiteral("english1.txt"), "word\r\n");
-    folder.write(QStringLiteral("blank.txt"), "");
-    Settings s = Settings::forFolder(folder.path());
+    folder.write(QStringLiteral("empty.txt"), "");
+    const QString mine = folder.file(QStringLiteral("Big Words.TXT"));
     const QString fallback = folder.file(QStringLiteral("english1.txt"));
-
     const struct {
         QString configured;
         QString expected;
     } rows[] = {
-        {folder.file(QStringLiteral("mine.txt")), folder.file(QStringLiteral("mine.txt"))},
-        {QStringLiteral("mine.txt"), folder.file(QStringLiteral("mine.txt"))},
-        {folder.file(QStringLiteral("blank.txt")), fallback},
-        {QStringLiteral("/nowhere/mine.txt"), fallback},
-        // The default configuration's "ENGLISH1.TXT" names no file on a case-sensitive
-        // file system; the program folder's english1.txt is loaded instead.
+        {mine, mine},
+        {QStringLiteral("Big Words.TXT"), mine}, // relative to the program folder
+        {folder.file(QStringLiteral("big words.txt")), fallback},
+        // The default configuration's "ENGLISH1.TXT" names no file on a case-sensitive file
+        // system.
         {QStringLiteral("ENGLISH1.TXT"), fallback},
+        {folder.file(QStringLiteral("empty.txt")), fallback},
+        {QStringLiteral("/nowhere/mine.txt"), fallback},
         {QString(), fallback},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.configured.toStdString());
+        Settings s = Settings::forFolder(folder.path().chopped(1)); // the "/" is added
         s.DictionaryPath = row.configured;
-        EXPECT_EQ(startupDictionaryPath(s), row.expected) << row.configured.toStdString();
+        EXPECT_EQ(startupDictionaryPath(s), row.expected);
+        // Line 3 of a file with CR line ends, a blank scheme line and a line too many.
+        const QByteArray bytes = "d\r\r" + row.configured.toUtf8() + "\rArial\r 18 \rmore\r";
+        folder.write(QStringLiteral("pentalink.cfg"), bytes);
+        RecordingNotifier notifier;
+        EXPECT_EQ(ConfigFile(s, notifier).ReadcfgFile(), ConfigFile::ReadResult::Read);
+        EXPECT_EQ(s.DictionaryPath, row.expected);
+        EXPECT_EQ(s.ActiveSchemeFile, QString());
+        EXPECT_EQ(folder.read(QStringLiteral("pentalink.cfg")), bytes); // never rewritten
     }
 }

@@ -1,7 +1,6 @@
 // The word-list class: insertion and sorted insertion, removal, the searches, the letter-pool
 // test, index errors and the capacity rules.
 #include "core/clssimplearray.h"
-#include "support/listitems.h"
 
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
@@ -12,23 +11,27 @@
 
 namespace {
 
-QList<int> dataOf(const clsSimpleArray& list) {
-    QList<int> data;
+// A list written as its items separated by blanks, each non-zero item data after "=":
+// "a b=7 c".
+void fill(clsSimpleArray& list, const QString& state) {
+    list.Clear();
+    list.Sorted(false);
+    for (const QString& item : state.split(u' ', Qt::SkipEmptyParts)) {
+        list.AddItem(item.section(u'=', 0, 0));
+        list.ItemData(list.NewIndex(), item.section(u'=', 1).toInt());
+    }
+}
+
+QString stateOf(const clsSimpleArray& list) {
+    QStringList items;
     for (int i = 0; i < list.ListCount(); ++i)
-        data << list.ItemData(i);
-    return data;
+        items << list.List(i) + (list.ItemData(i) ? u'=' + QString::number(list.ItemData(i)) : "");
+    return items.join(u' ');
 }
 
 // Lists that report errors go to a throw-away program folder.
 class WordListTest : public ::testing::Test {
 protected:
-    // Replaces the list's items by `items`, appended in order.
-    void fill(const QStringList& items) {
-        m_list.Clear();
-        for (const QString& item : items)
-            m_list.AddItem(item, -1);
-    }
-
     TestFolder m_folder;
     RecordingNotifier m_notifier;
     clsSimpleArray m_list{&m_notifier};
@@ -36,48 +39,86 @@ protected:
 
 } // namespace
 
-TEST_F(WordListTest, InsertsBeforeAnIndexMovingItemDataAlong) {
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    fill({"a", "b", "c"});
-    m_list.ItemData(1, 7);
-    m_list.AddItem(QStringLiteral("x"), 1);
-    EXPECT_EQ(itemsOf(m_list), QStringList({"a", "x", "b", "c"}));
-    EXPECT_EQ(dataOf(m_list), QList<int>({0, 0, 7, 0}));
-    EXPECT_EQ(m_list.Text(), QStringLiteral("x"));
-    m_list.AddItem(QStringLiteral("end"), m_list.ListCount()); // equal to the count appends
-    EXPECT_EQ(m_list.NewIndex(), 4);
-    m_list.List(2, QStringLiteral("z")); // writing the text keeps the item data
-    EXPECT_EQ(m_list.ItemData(2), 7);
-    m_list.Clear();
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_EQ(m_list.capacity(), 0);
-    EXPECT_EQ(m_list.Text(), QString());
+TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
+    using L = clsSimpleArray;
+    const auto all = [](L& l, const char* pattern, int calls) {
+        QStringList found;
+        for (int n = 0; n < calls; ++n)
+            found << QString::number(l.FindStringAll(QLatin1String(pattern)));
+        return found.join(u' ');
+    };
+    // NewIndex after filling is the last index; an operation that leaves it shows that.
+    const struct {
+        const char* before;
+        std::function<QString(L&)> operation; // returns what the operation gave, as text
+        const char* returned;
+        const char* after;
+        int newIndex;
+    } rows[] = {
+        {"a b=7 c", [](L& l) { return l.AddItem("x", 1), l.Text(); }, "x", "a x b=7 c", 1},
+        {"a b", [](L& l) { return l.AddItem("end", 2), ""; }, "", "a b end", 2}, // appends
+        {"a b=7", [](L& l) { return l.List(1, "z"), ""; }, "", "a z=7", 1},      // keeps the data
+        {"a b", [](L& l) { return l.Clear(), QString::number(l.capacity()) + l.Text(); }, "0", "",
+         -1},
+        // Sorted: before the first greater item (character codes), else at the given index;
+        // existing items are not reordered; equal items keep their order of arrival.
+        {"b a", [](L& l) { return l.Sorted(true), l.AddItem("z", 0), l.AddItem("c"), ""; }, "",
+         "c z b a", 0},
+        {"",
+         [](L& l) {
+             l.Sorted(true);
+             for (const char* item : {"b", "a", "c", "b", "B"})
+                 l.AddItem(item);
+             return QString::number(l.NewIndex());
+         },
+         "0", "B a b b c", 0},
+        {"B a b=1 b c", [](L& l) { return l.Sorted(true), l.AddItem("b"), ""; }, "",
+         "B a b=1 b b c", 4},
+        // FindStringAll steps through unused matches, marks them and forgets NewIndex.
+        {"cake bake kab* tram x", [&](L& l) { return all(l, "?a??*", 4); }, "0 1 2 -1",
+         "cake=1 bake=1 kab*=1 tram x", -1},
+        // FindString reads and sets the marks but leaves NewIndex; FindStringOld skips one
+        // index, ignores the marks and forgets NewIndex.
+        {"cake bake",
+         [](L& l) {
+             return QStringLiteral("%1 %2").arg(l.FindString("*ake")).arg(l.FindString("*ake"));
+         },
+         "0 1", "cake=1 bake=1", 1},
+        {"cake=1 bake=1",
+         [](L& l) {
+             return QStringLiteral("%1 %2")
+                 .arg(l.FindStringOld("*ake", 0))
+                 .arg(l.FindStringOld("*ake", 5));
+         },
+         "1 0", "cake=1 bake=1", -1},
+        // FindRandom marks each item the letter pool can spell with its length.
+        {"silent tins lilt=9 set enlists", [](L& l) { return l.FindRandom("listen"); }, "",
+         "silent=6 tins=4 lilt set enlists", 4},
+        {"a=2 b c=2 d", [](L& l) { return l.FindItemData(2) ? "found" : ""; }, "found",
+         "a=2 b c=2 d", 0},
+        {"a=2 b", [](L& l) { return l.FindItemData(6) ? "found" : ""; }, "", "a=2 b", -1},
+        // Removals make NewIndex the new last index.
+        {"a b c", [](L& l) { return l.RemoveItem(0), ""; }, "", "b c", 1},
+        // Equality ignoring case, no pattern.
+        {"cake Cake cakes c* x",
+         [](L& l) { return l.RemoveItemsMatching("CAKE"), l.RemoveItemsMatching("c*"), ""; }, "",
+         "cakes x", 1},
+        {"a=2 b c=2 d", [](L& l) { return l.RemoveItemDataMatching(2), ""; }, "", "b d", 1},
+        // The first occurrence of each value stays, in order.
+        {"b a=8 B c A b d", [](L& l) { return l.RemoveDuplicates(), ""; }, "", "b a=8 c d", 3},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string("before: ") + row.before);
+        fill(m_list, QLatin1String(row.before));
+        EXPECT_EQ(row.operation(m_list), QLatin1String(row.returned));
+        EXPECT_EQ(stateOf(m_list), QLatin1String(row.after));
+        EXPECT_EQ(m_list.NewIndex(), row.newIndex);
+    }
     EXPECT_TRUE(m_notifier.messages().isEmpty());
 }
 
-TEST_F(WordListTest, SortedInsertionUsesCharacterCodesAndKeepsArrivalOrderOfEquals) {
-    fill({"b", "a"});
-    m_list.Sorted(true);                    // existing items are not reordered
-    m_list.AddItem(QStringLiteral("z"), 0); // nothing greater: the given index
-    EXPECT_EQ(itemsOf(m_list), QStringList({"z", "b", "a"}));
-    m_list.AddItem(QStringLiteral("c")); // before the first greater item, "z"
-    EXPECT_EQ(m_list.NewIndex(), 0);
-
-    fill({"b", "a", "c", "b", "B"});
-    EXPECT_EQ(itemsOf(m_list), QStringList({"B", "a", "b", "b", "c"}));
-    EXPECT_EQ(m_list.NewIndex(), 0);
-    m_list.ItemData(2, 1); // tag the first "b": the next "b" goes after both, before "c"
-    m_list.AddItem(QStringLiteral("b"));
-    EXPECT_EQ(m_list.NewIndex(), 4);
-    EXPECT_EQ(m_list.ItemData(2), 1);
-}
-
 TEST_F(WordListTest, IndexErrorsLeaveTheListUnchangedAndNameTheirAccessor) {
-    struct Case {
-        const char* function;
-        std::function<void(clsSimpleArray&)> call;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<const char*, std::function<void(clsSimpleArray&)>> rows[] = {
         {"Get ItemData", [](clsSimpleArray& l) { EXPECT_EQ(l.ItemData(2), 0); }},
         {"Let ItemData", [](clsSimpleArray& l) { l.ItemData(-1, 5); }},
         {"Get List", [](clsSimpleArray& l) { EXPECT_EQ(l.List(2), QString()); }},
@@ -86,23 +127,24 @@ TEST_F(WordListTest, IndexErrorsLeaveTheListUnchangedAndNameTheirAccessor) {
         {"RemoveItem", [](clsSimpleArray& l) { l.RemoveItem(-1); }},
         {"AddItem", [](clsSimpleArray& l) { l.AddItem(QStringLiteral("x"), 3); }},
     };
-    for (const Case& c : cases) {
-        fill({"a", "b"});
-        m_list.ItemData(1, 4);
+    for (const auto& [function, call] : rows) {
+        SCOPED_TRACE(function);
+        fill(m_list, QStringLiteral("a b=4"));
         m_notifier.clear();
-        c.call(m_list);
-        EXPECT_EQ(itemsOf(m_list), QStringList({"a", "b"})) << c.function;
-        EXPECT_EQ(dataOf(m_list), QList<int>({0, 4})) << c.function;
-        ASSERT_EQ(m_notifier.messages().size(), 1) << c.function;
+        call(m_list);
+        EXPECT_EQ(stateOf(m_list), QStringLiteral("a b=4"));
+        ASSERT_EQ(m_notifier.messages().size(), 1);
         EXPECT_TRUE(m_notifier.messages()[0].text.endsWith(QStringLiteral("Function: ") +
-                                                           QString::fromLatin1(c.function)))
-            << c.function;
+                                                           QString::fromLatin1(function)));
     }
 }
 
-TEST_F(WordListTest, FindItemAndFindItemDataSetNewIndex) {
-    fill(
-        {"", "Bread", "cake", "CAKES", QStringLiteral("stra\u00dfe"), QStringLiteral("\u00dcBER")});
+TEST_F(WordListTest, FindItemComparesWholeItemsOrPartsIgnoringCase) {
+    fill(m_list, QString());
+    for (const QString& item :
+         {QString(), QStringLiteral("Bread"), QStringLiteral("cake"), QStringLiteral("CAKES"),
+          QStringLiteral("stra\u00dfe"), QStringLiteral("\u00dcBER")})
+        m_list.AddItem(item);
     const struct {
         QString text;
         bool exact;
@@ -121,86 +163,21 @@ TEST_F(WordListTest, FindItemAndFindItemDataSetNewIndex) {
         EXPECT_EQ(m_list.FindItem(row.text, row.exact), row.index >= 0) << qPrintable(row.text);
         EXPECT_EQ(m_list.NewIndex(), row.index) << qPrintable(row.text);
     }
-    m_list.ItemData(1, 5);
-    m_list.ItemData(2, 5);
-    EXPECT_TRUE(m_list.FindItemData(5));
-    EXPECT_EQ(m_list.NewIndex(), 1);
-    EXPECT_FALSE(m_list.FindItemData(6));
-    EXPECT_EQ(m_list.NewIndex(), -1);
-}
-
-TEST_F(WordListTest, PatternSearchesAndWhatTheyMark) {
-    fill({"cake", "bake", "kab*", "tram", "x"});
-    // FindStringAll steps through unused matches, marks them and forgets NewIndex.
-    for (const int expected : {0, 1, 2, -1})
-        EXPECT_EQ(m_list.FindStringAll(QStringLiteral("?a??*")), expected);
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_EQ(dataOf(m_list), QList<int>({1, 1, 1, 0, 0}));
-
-    // FindString reads and sets the marks but leaves NewIndex; FindStringOld skips one index
-    // and ignores the marks.
-    fill({"cake", "bake"});
-    m_list.FindItem(QStringLiteral("cake"), true);
-    EXPECT_EQ(m_list.FindString(QStringLiteral("*ake")), 0);
-    EXPECT_EQ(m_list.FindString(QStringLiteral("*ake")), 1);
-    EXPECT_EQ(m_list.NewIndex(), 0);
-    EXPECT_EQ(m_list.FindStringOld(QStringLiteral("*ake"), 0), 1);
-    EXPECT_EQ(m_list.NewIndex(), -1);
-    EXPECT_EQ(m_list.FindStringOld(QStringLiteral("*ake"), 5), 0);
-    EXPECT_EQ(dataOf(m_list), QList<int>({1, 1}));
-
-    // FindRandom marks each item the letter pool can spell with its length.
-    fill({"silent", "tins", "lilt", "set", "enlists"});
-    m_list.ItemData(2, 9);
-    EXPECT_EQ(m_list.FindRandom(QStringLiteral("listen")), QString());
-    EXPECT_EQ(dataOf(m_list), QList<int>({6, 4, 0, 0, 0}));
-}
-
-TEST_F(WordListTest, Removals) {
-    fill({"cake", "Cake", "cakes", "c*", "x"});
-    m_list.RemoveItem(4);
-    EXPECT_EQ(m_list.NewIndex(), 3);                    // the new last index
-    m_list.RemoveItemsMatching(QStringLiteral("CAKE")); // equality ignoring case, no pattern
-    m_list.RemoveItemsMatching(QStringLiteral("c*"));
-    EXPECT_EQ(itemsOf(m_list), QStringList({"cakes"}));
-
-    fill({"a", "b", "c", "d"});
-    m_list.ItemData(0, 2);
-    m_list.ItemData(2, 2);
-    m_list.RemoveItemDataMatching(2);
-    EXPECT_EQ(itemsOf(m_list), QStringList({"b", "d"}));
-    EXPECT_EQ(m_list.NewIndex(), 1);
-
-    fill({"b", "a", "B", "c", "A", "b", "d"});
-    m_list.ItemData(1, 8);
-    m_list.RemoveDuplicates(); // first occurrences stay, in order
-    EXPECT_EQ(itemsOf(m_list), QStringList({"b", "a", "c", "d"}));
-    EXPECT_EQ(dataOf(m_list), QList<int>({0, 8, 0, 0}));
 }
 
 TEST(WordListCapacity, GrowsPastTheLastSlotAndShrinksPastOneHundredUnused) {
     clsSimpleArray list;
-    list.AddItem(QStringLiteral("0"));
-    EXPECT_EQ(list.capacity(), 101);
-    while (list.ListCount() < 101)
-        list.AddItem(QString::number(list.ListCount()));
-    EXPECT_EQ(list.capacity(), 101);
-    list.AddItem(QStringLiteral("w"), 0); // the 102nd item, inserted: last index 101
-    EXPECT_EQ(list.capacity(), 202);
-    list.RemoveItem(5); // last index 100: 201 > 200 unused
-    EXPECT_EQ(list.capacity(), 101);
-    EXPECT_EQ(list.List(5), QStringLiteral("5"));
-    list.RemoveItem(0); // last index 99: 100 is not more than 199
-    EXPECT_EQ(list.capacity(), 101);
-
-    while (list.ListCount() < 300)
-        list.AddItem(QString::number(list.ListCount()));
-    ASSERT_EQ(list.capacity(), 303);
-    while (list.ListCount() > 203)
-        list.RemoveItem(0);
-    EXPECT_EQ(list.capacity(), 303); // last index 202: exactly 100 unused slots
-    list.RemoveItem(0);
-    EXPECT_EQ(list.capacity(), 202); // 101 unused: shrink to the 202 items
+    // Appending (the 102nd item inserted at the front) or removing from the front until
+    // the list holds `count` items leaves `capacity` slots.
+    const std::pair<int, int> steps[] = {{1, 101},   {101, 101}, {102, 202}, {101, 101},
+                                         {100, 101}, {300, 303}, {203, 303}, {202, 202}};
+    for (const auto& [count, capacity] : steps) {
+        while (list.ListCount() < count)
+            list.AddItem(QString::number(list.ListCount()), list.ListCount() == 101 ? 0 : -1);
+        while (list.ListCount() > count)
+            list.RemoveItem(0);
+        EXPECT_EQ(list.capacity(), capacity) << count << " items";
+    }
     EXPECT_EQ(list.List(201), QStringLiteral("299"));
 
     list.Clear();
