@@ -13,8 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace {
 
 using namespace PickerColours;
@@ -46,64 +44,47 @@ TEST(PickerColours, ShadesRoundHalfToEvenInSinglePrecision) {
     }
 }
 
-// A picker after its first sizing, logging "sel r,g,b" for each SelColor and "strips r,g,b"
-// for each redrawing of the strips, in the order they happen.
-class PickerTest : public ::testing::Test {
-protected:
-    PickerTest() {
-        QObject::connect(&m_picker, &ColourPicker::SelColor,
-                         [this](quint32 c) { m_log << QStringLiteral("sel ") + rgb(c); });
-        QObject::connect(&m_picker, &ColourPicker::stripsDrawn,
-                         [this](quint32 c) { m_log << QStringLiteral("strips ") + rgb(c); });
-        m_picker.sized();
-    }
-    QStringList take() { return std::exchange(m_log, {}); }
-
-    ColourPicker m_picker{desktop};
-    QStringList m_log;
-};
-
-TEST_F(PickerTest, EverySelectionReportsEachBarThatMovesAndStripClicksKeepTheStrips) {
-    EXPECT_EQ(m_picker.SchemeColor(), StartColour); // light grey after the first sizing
-    EXPECT_EQ(m_picker.RedrawStrips(), 1);
-    take();
-    const struct {
-        std::function<void(ColourPicker&)> act;
-        QStringList log;
-    } rows[] = {
+// A picker after its first sizing logs "r,g,b" for each SelColor and "~r,g,b" for each
+// redrawing of the strips, in the order they happen.
+TEST(ColourPicker, EverySelectionReportsEachBarThatMovesAndStripClicksKeepTheStrips) {
+    ColourPicker picker{desktop};
+    QStringList log;
+    QObject::connect(&picker, &ColourPicker::SelColor, [&log](quint32 c) { log << rgb(c); });
+    QObject::connect(&picker, &ColourPicker::stripsDrawn,
+                     [&log](quint32 c) { log << QStringLiteral("~") + rgb(c); });
+    picker.sized();
+    EXPECT_EQ(picker.SchemeColor(), StartColour); // light grey after the first sizing
+    EXPECT_EQ(picker.RedrawStrips(), 1);
+    using P = ColourPicker;
+    const std::pair<std::function<void(ColourPicker&)>, const char*> rows[] = {
         // All three channels differ: three events, the strips redrawn for each intermediate
-        // colour and once more at the end.
-        {[](ColourPicker& p) { p.setSchemeColor(packRgb(10, 20, 30)); },
-         {"strips 10,192,192", "sel 10,192,192", "strips 10,20,192", "sel 10,20,192",
-          "strips 10,20,30", "sel 10,20,30", "strips 10,20,30"}},
-        // The same colour again: no event, the strips redrawn.
-        {[](ColourPicker& p) { p.setSchemeColor(packRgb(10, 20, 30)); }, {"strips 10,20,30"}},
+        // colour and once more at the end; the same colour again: the strips redrawn.
+        {[](P& p) { p.setSchemeColor(packRgb(10, 20, 30)); },
+         "~10,192,192 10,192,192 ~10,20,192 10,20,192 ~10,20,30 10,20,30 ~10,20,30"},
+        {[](P& p) { p.setSchemeColor(packRgb(10, 20, 30)); }, "~10,20,30"},
         // A system colour is selected as the RGB the desktop shows for it.
-        {[](ColourPicker& p) { p.setSchemeColor(SystemWindow); },
-         {"strips 250,20,30", "sel 250,20,30", "strips 250,240,30", "sel 250,240,30",
-          "strips 250,240,230", "sel 250,240,230", "strips 250,240,230"}},
-        {[](ColourPicker& p) { p.setBarValue(ColourPicker::Green, 7); },
-         {"strips 250,7,230", "sel 250,7,230"}},
-        {[](ColourPicker& p) { p.setBarValue(ColourPicker::Green, 7); }, {}}, // not a change
-        {[](ColourPicker& p) { p.setBarValue(ColourPicker::Red, 400); },      // held to 255
-         {"strips 255,7,230", "sel 255,7,230"}},
+        {[](P& p) { p.setSchemeColor(SystemWindow); },
+         "~250,20,30 250,20,30 ~250,240,30 250,240,30 ~250,240,230 250,240,230 ~250,240,230"},
+        {[](P& p) { p.setBarValue(P::Green, 7); }, "~250,7,230 250,7,230"},
+        {[](P& p) { p.setBarValue(P::Green, 7); }, ""},                     // not a change
+        {[](P& p) { p.setBarValue(P::Red, 400); }, "~255,7,230 255,7,230"}, // held to 255
         // A click on the surface from y 900 on is a strip click: the strips stay.
-        {[](ColourPicker& p) { p.surfaceClicked(packRgb(0, 0, 255), 900.0); },
-         {"sel 0,7,230", "sel 0,0,230", "sel 0,0,255", "sel 0,0,255"}},
-        {[](ColourPicker& p) { p.surfaceClicked(packRgb(0, 7, 230), 899.9); },
-         {"strips 0,7,255", "sel 0,7,255", "strips 0,7,230", "sel 0,7,230", "strips 0,7,230",
-          "sel 0,7,230"}},
+        {[](P& p) { p.surfaceClicked(packRgb(0, 0, 255), 900.0); },
+         "0,7,230 0,0,230 0,0,255 0,0,255"},
+        {[](P& p) { p.surfaceClicked(packRgb(0, 7, 230), 899.9); },
+         "~0,7,255 0,7,255 ~0,7,230 0,7,230 ~0,7,230 0,7,230"},
     };
-    for (const auto& row : rows) {
-        row.act(m_picker);
-        EXPECT_EQ(take(), row.log);
+    for (const auto& [act, expected] : rows) {
+        log.clear();
+        act(picker);
+        EXPECT_EQ(log.join(u' '), QString::fromLatin1(expected));
     }
-    EXPECT_EQ(m_picker.SchemeColor(), packRgb(0, 7, 230));
-    EXPECT_EQ(m_picker.RedrawStrips(), 1);
-    EXPECT_EQ(m_picker.degreeCaption(ColourPicker::Blue), QStringLiteral("230"));
-    EXPECT_EQ(m_picker.channelSwatch(ColourPicker::Green), packRgb(0, 7, 0));
-    m_picker.setSchemeColor(0x80000063u); // cannot be translated: black
-    EXPECT_EQ(m_picker.SchemeColor(), 0u);
+    EXPECT_EQ(picker.SchemeColor(), packRgb(0, 7, 230));
+    EXPECT_EQ(picker.RedrawStrips(), 1);
+    EXPECT_EQ(picker.degreeCaption(P::Blue), QStringLiteral("230"));
+    EXPECT_EQ(picker.channelSwatch(P::Green), packRgb(0, 7, 0));
+    picker.setSchemeColor(0x80000063u); // cannot be translated: black
+    EXPECT_EQ(picker.SchemeColor(), 0u);
 }
 
 // The Options window's rules over a collection of three schemes, xp being the active one,
@@ -215,9 +196,12 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
 
 TEST_F(OptionsTest, SampleSizeStepsWithLeftAndRightAndStaysIn8To32) {
     using M = OptionsModel; // configured size, button, size after
-    const std::array<int, 3> rows[] = {{18, M::LeftButton, 19}, {18, M::RightButton, 17},
-                                       {18, M::MiddleButton, 18}, {8, M::RightButton, 8},
-                                       {32, M::LeftButton, 32},   {40, M::MiddleButton, 32},
+    const std::array<int, 3> rows[] = {{18, M::LeftButton, 19},
+                                       {18, M::RightButton, 17},
+                                       {18, M::MiddleButton, 18},
+                                       {8, M::RightButton, 8},
+                                       {32, M::LeftButton, 32},
+                                       {40, M::MiddleButton, 32},
                                        {3, 0, 8}};
     for (const auto& [configured, button, size] : rows) {
         m_settings.BoardFontSize = configured;
@@ -228,7 +212,7 @@ TEST_F(OptionsTest, SampleSizeStepsWithLeftAndRightAndStaysIn8To32) {
     }
 }
 
-TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontAndResetsContrastWithoutRebuilding) {
+TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontResetsContrastAndApplyTakesBoth) {
     m_settings.BoardFontName = QStringLiteral("ARIAL");
     m_settings.BoardFontSize = 20;
     m_scheme.LoadColourScheme(QStringLiteral("ocean.col"));
@@ -249,12 +233,23 @@ TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontAndResetsContrastWithou
     EXPECT_EQ(m_model.fontTopRow(), m_model.fontRow());
     EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("ARIAL"));
 
-    m_model.fontClicked(2);
-    EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("DejaVu Sans"));
     // -100 lightens colours 3 to 5 and darkens 6 to 8; the bar holds at its minimum.
     m_model.setContrast(-500);
     EXPECT_EQ(m_model.contrast(), -100);
     EXPECT_EQ(m_scheme.SchemeColours[6], packRgb(122, 112, 102));
+
+    // Apply takes the sample font, and the selection if any, then presses Command2.
+    m_model.fontClicked(2);
+    EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("DejaVu Sans"));
+    m_model.sampleReleased(OptionsModel::LeftButton);
+    m_model.selectScheme(-1);
+    m_model.apply(); // nothing selected: the active scheme stays
+    EXPECT_EQ(std::tie(m_settings.ActiveSchemeFile, m_settings.BoardFontName, m_command2Presses),
+              std::make_tuple(QStringLiteral("xp.col"), QStringLiteral("DejaVu Sans"), 1));
+    EXPECT_EQ(m_settings.BoardFontSize, 21);
+    select(QStringLiteral("ocean"));
+    m_model.apply();
+    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("ocean.col"));
 }
 
 TEST_F(OptionsTest, PreviewRebuildsFromThePickerOnlyWhenTheContrastBarWasElsewhere) {
@@ -282,19 +277,6 @@ TEST_F(OptionsTest, PreviewRebuildsFromThePickerOnlyWhenTheContrastBarWasElsewhe
     EXPECT_EQ(messages(), QStringList{"Color Scheme: .col not found"});
     EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("default.col"));
     EXPECT_EQ(m_scheme.SchemeColours[2], 0u);
-}
-
-TEST_F(OptionsTest, ApplyTakesTheSelectionIfAnyAndTheSampleFontThenPressesCommand2) {
-    m_model.activate();
-    m_model.fontClicked(1);
-    m_model.sampleReleased(OptionsModel::LeftButton);
-    m_model.apply(); // nothing selected: the active scheme stays
-    EXPECT_EQ(std::tie(m_settings.ActiveSchemeFile, m_settings.BoardFontName, m_command2Presses),
-              std::make_tuple(QStringLiteral("xp.col"), QStringLiteral("Courier New"), 1));
-    EXPECT_EQ(m_settings.BoardFontSize, m_model.sampleFontSize());
-    select(QStringLiteral("ocean"));
-    m_model.apply();
-    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("ocean.col"));
 }
 
 } // namespace
