@@ -34,13 +34,8 @@ QStringList numberedSection(const QString& header) {
     return section(header, colours);
 }
 
-// Lines joined as the program writes them: CR LF after each.
-QByteArray bytes(const QStringList& lines) {
-    QByteArray out;
-    for (const QString& line : lines)
-        out += line.toUtf8() + "\r\n";
-    return out;
-}
+// Lines joined as the program writes them (checked against the shipped file elsewhere).
+const auto bytes = SchemeFile::toBytes;
 
 class ColourSchemeTest : public SchemeTest {
 protected:
