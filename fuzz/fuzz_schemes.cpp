@@ -5,7 +5,9 @@
 //  - Append adds exactly the header and the thirteen colour lines of the table, and a preview
 //    of that header (when it is the first of its name) gives those colours back;
 //  - Replace puts the table's colours under every header of that name and changes nothing
-//    else; Delete drops whole sections and leaves no line equal to the header.
+//    else; Delete drops whole sections and leaves no line equal to the header;
+//  - Append refuses as existing only a name the file lists, and Replace and Delete report as
+//    not found exactly the headers the file lacks, writing nothing in either case.
 #include "fuzzsupport.h"
 
 #include "appearance/colourscheme.h"
@@ -29,6 +31,16 @@ QStringList tableLines(const ColourScheme& scheme, const QString& header) {
 // The lines with every section headed `header` taken out, as Delete scans them.
 QStringList withoutSections(const QStringList& lines, const QString& header) {
     return SchemeFile::rewriteSections(lines, header, {}).value_or(QStringList());
+}
+
+// The names the file lists (the text before the first ".col" of a line), ignoring case.
+bool lists(const QStringList& lines, const QString& name) {
+    for (const QString& line : lines) {
+        const qsizetype at = line.indexOf(QStringLiteral(".col"));
+        if (at >= 0 && line.left(at).compare(name, Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
 }
 
 void checkRewrite(bool ok, const QByteArray& before, const QString& path) {
@@ -76,8 +88,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                                 provider.ConsumeIntegralInRange(-1000, 1000));
             break;
         case 3: {
-            const bool ok = scheme.AppendScheme(name);
+            const SchemeEdit result = scheme.AppendScheme(name);
+            const bool ok = result == SchemeEdit::Done;
             checkRewrite(ok, before, path);
+            if (result == SchemeEdit::Exists)
+                check(lists(linesBefore, name), "append refuses only names the file lists");
+            if (ok)
+                check(!lists(linesBefore, name), "append never doubles a listed name");
             if (!ok)
                 break;
             const QStringList section = tableLines(scheme, header);
@@ -91,8 +108,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             break;
         }
         case 4: {
-            const bool ok = scheme.ReplaceScheme(name);
+            const SchemeEdit result = scheme.ReplaceScheme(name);
+            const bool ok = result == SchemeEdit::Done;
             checkRewrite(ok, before, path);
+            if (result == SchemeEdit::NotFound || ok)
+                check(linesBefore.contains(header) == ok, "only a header in the file is found");
             if (!ok)
                 break;
             const QStringList after = linesOf(path);
@@ -105,8 +125,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             break;
         }
         case 5: {
-            const bool ok = scheme.DeleteScheme(name);
+            const SchemeEdit result = scheme.DeleteScheme(name);
+            const bool ok = result == SchemeEdit::Done;
             checkRewrite(ok, before, path);
+            if (result == SchemeEdit::NotFound || ok)
+                check(linesBefore.contains(header) == ok, "only a header in the file is found");
             if (ok) {
                 check(!linesOf(path).contains(header), "delete leaves no such header");
                 check(linesOf(path) == withoutSections(linesBefore, header),

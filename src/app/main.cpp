@@ -3,6 +3,7 @@
 #include "app/appsetup.h"
 #include "appearance/colourscheme.h"
 #include "board/form1.h"
+#include "core/appfolder.h"
 #include "core/commandline.h"
 #include "core/settings.h"
 #include "ui/msgform.h"
@@ -41,6 +42,12 @@ int main(int argc, char* argv[]) {
         return 0;
     case GameArguments::Action::Run:
         break;
+    }
+    // A program folder that cannot be used as named is said, never silently replaced.
+    if (const QString problem = homeVariableProblem(); !problem.isEmpty()) {
+        std::fputs((QStringLiteral("pentalink: ") + problem + u'\n').toLocal8Bit().constData(),
+                   stderr);
+        return 1;
     }
     if (!displayAvailable()) {
         std::fputs("pentalink: no display found (DISPLAY is not set); on a machine without a "

@@ -4,6 +4,7 @@
 #include "core/notifier.h"
 
 #include <QFileInfo>
+#include <QLockFile>
 
 #include <algorithm>
 #include <cmath>
@@ -33,6 +34,18 @@ std::optional<QStringList> storedLines(const QString& path, const QString& schem
     if (header < 0)
         return std::nullopt;
     return lines->mid(header + 1, ColourScheme::StoredColours);
+}
+
+// The names the scheme list shows for `lines`: the text before the first ".col" of every line
+// that holds one.
+QStringList listedNames(const QStringList& lines) {
+    QStringList names;
+    for (const QString& line : lines) {
+        const qsizetype at = line.indexOf(QStringLiteral(".col"));
+        if (at >= 0)
+            names.append(line.left(at));
+    }
+    return names;
 }
 
 } // namespace
@@ -148,13 +161,7 @@ std::optional<QStringList> ColourScheme::ListSchemeNames() const {
     const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
     if (!lines)
         return std::nullopt;
-    QStringList names;
-    for (const QString& line : *lines) {
-        const qsizetype at = line.indexOf(QStringLiteral(".col"));
-        if (at >= 0)
-            names.append(line.left(at));
-    }
-    return names;
+    return listedNames(*lines);
 }
 
 QString ColourScheme::scratchPath() const {
@@ -171,57 +178,80 @@ QStringList ColourScheme::sectionFor(const QString& header) const {
     return section;
 }
 
-bool ColourScheme::AppendScheme(const QString& name) {
+QString ColourScheme::lockPath() const {
+    return m_settings.SchemeCollectionPath + QStringLiteral(".lock");
+}
+
+SchemeEdit ColourScheme::locked(const std::function<SchemeEdit()>& edit) const {
+    // A lock left by a copy that was killed is taken over (QLockFile checks its process).
+    QLockFile lock(lockPath());
+    if (!lock.tryLock(m_lockWaitMs))
+        return lock.error() == QLockFile::LockFailedError ? SchemeEdit::Busy : SchemeEdit::Failed;
+    return edit();
+}
+
+SchemeEdit ColourScheme::AppendScheme(const QString& name) {
     // A header is one line: a name holding a line break would split it and shift every
     // colour line of the section.
     if (name.contains(u'\r') || name.contains(u'\n'))
-        return false;
+        return SchemeEdit::Failed;
     QStringList section;
     try {
         // Every colour is split before anything is written, so no partial section is left.
         section = sectionFor(SchemeFileName(name));
     } catch (const ColourOverflow&) {
-        return false;
+        return SchemeEdit::Failed;
     }
-    QStringList lines;
-    if (QFileInfo::exists(m_settings.SchemeCollectionPath)) {
-        const std::optional<QStringList> existing =
-            SchemeFile::readLines(m_settings.SchemeCollectionPath);
-        if (!existing)
-            return false;
-        lines = *existing;
-    }
-    lines.append(section);
-    const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(lines);
-    return bytes && m_writer(m_settings.SchemeCollectionPath, *bytes);
+    return locked([&] {
+        QStringList lines;
+        if (QFileInfo::exists(m_settings.SchemeCollectionPath)) {
+            const std::optional<QStringList> existing =
+                SchemeFile::readLines(m_settings.SchemeCollectionPath);
+            if (!existing)
+                return SchemeEdit::Failed;
+            lines = *existing;
+        }
+        if (listedNames(lines).contains(name, Qt::CaseInsensitive))
+            return SchemeEdit::Exists;
+        lines.append(section);
+        const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(lines);
+        return bytes && m_writer(m_settings.SchemeCollectionPath, *bytes) ? SchemeEdit::Done
+                                                                          : SchemeEdit::Failed;
+    });
 }
 
-bool ColourScheme::rewrite(const QString& name, bool replace) {
+SchemeEdit ColourScheme::rewrite(const QString& name, bool replace) {
     const QString header = SchemeFileName(name);
-    const std::optional<QStringList> lines = SchemeFile::readLines(m_settings.SchemeCollectionPath);
-    if (!lines)
-        return false;
-    // The table's colours are split only when a section takes them: with no matching header
-    // the file is rewritten unchanged, whatever the table holds (system colours included).
-    QStringList section;
-    try {
-        if (replace && lines->contains(header))
-            section = sectionFor(header);
-    } catch (const ColourOverflow&) {
-        return false;
-    }
-    const std::optional<QStringList> copy = SchemeFile::rewriteSections(*lines, header, section);
-    if (!copy)
-        return false;
-    const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(*copy);
-    return bytes && m_writer(scratchPath(), *bytes) &&
-           m_writer(m_settings.SchemeCollectionPath, *bytes);
+    return locked([&] {
+        const std::optional<QStringList> lines =
+            SchemeFile::readLines(m_settings.SchemeCollectionPath);
+        if (!lines)
+            return SchemeEdit::Failed;
+        if (!lines->contains(header))
+            return SchemeEdit::NotFound;
+        QStringList section;
+        try {
+            if (replace)
+                section = sectionFor(header);
+        } catch (const ColourOverflow&) {
+            return SchemeEdit::Failed;
+        }
+        const std::optional<QStringList> copy =
+            SchemeFile::rewriteSections(*lines, header, section);
+        if (!copy)
+            return SchemeEdit::Failed;
+        const std::optional<QByteArray> bytes = SchemeFile::toReadableBytes(*copy);
+        return bytes && m_writer(scratchPath(), *bytes) &&
+                       m_writer(m_settings.SchemeCollectionPath, *bytes)
+                   ? SchemeEdit::Done
+                   : SchemeEdit::Failed;
+    });
 }
 
-bool ColourScheme::ReplaceScheme(const QString& name) {
+SchemeEdit ColourScheme::ReplaceScheme(const QString& name) {
     return rewrite(name, true);
 }
 
-bool ColourScheme::DeleteScheme(const QString& name) {
+SchemeEdit ColourScheme::DeleteScheme(const QString& name) {
     return rewrite(name, false);
 }

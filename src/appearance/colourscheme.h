@@ -17,8 +17,18 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 
 class Notifier;
+
+// What an edit of the collection came to (the Options window words a message for each).
+enum class SchemeEdit {
+    Done,     // the collection was rewritten
+    Exists,   // Append: the file already lists a scheme of that name
+    NotFound, // Replace, Delete: the file has no section with that header (any more)
+    Busy,     // another running copy of the game held the collection's lock for the whole wait
+    Failed    // nothing could be written; the collection is as it was
+};
 
 class ColourScheme {
 public:
@@ -85,29 +95,41 @@ public:
 
     // The editor's rewrites, each for the header SchemeFileName(name) and the current colours
     // 0..12. Append adds a section at the end (creating the file when missing); Replace puts
-    // the colours in place of every section with that header; Delete drops every such
-    // section. When no section matches, Replace and Delete change no section but still
-    // rewrite the collection (as UTF-8 with CR LF line ends) and succeed.
+    // the colours in place of every section with that header; Delete drops every such section.
+    // Each edit holds the collection's lock (lockPath(), a QLockFile beside it, waited for up
+    // to lockWait()) and reads the file afresh under it, so two running copies of the game
+    // never lose each other's edits and every decision is taken on the file as it is now:
+    // Append of a name the file already lists (ignoring case) is Exists; Replace and Delete
+    // of a header the file no longer holds are NotFound; neither writes anything.
     // Replace and Delete write the whole new collection to "newall.cox" in the program folder
-    // first (it stays there) and only then replace "all.col". Every failure (the collection
-    // unreadable or unwritable, a matching section cut short, a colour of a section being
-    // written that cannot be split) returns false and leaves "all.col" exactly as it was; no
-    // message is shown here. Append refuses a name holding a line break (CR or LF), which
-    // cannot be one header line. So does a rewrite whose result would be larger than the
-    // reader accepts (SchemeFile::MaxBytes, reached for example when LF line ends become
-    // CR LF): the collection stays readable.
-    bool AppendScheme(const QString& name);
-    bool ReplaceScheme(const QString& name);
-    bool DeleteScheme(const QString& name);
+    // first (it stays there) and only then replace "all.col". Every failure (the lock held by
+    // another copy: Busy; the collection unreadable, not a regular file or unwritable, a
+    // matching section cut short, a colour of a section being written that cannot be split:
+    // Failed) leaves "all.col" exactly as it was; no message is shown here. Append refuses a
+    // name holding a line break (CR or LF), which cannot be one header line. So does a rewrite
+    // whose result would be larger than the reader accepts (SchemeFile::MaxBytes, reached for
+    // example when LF line ends become CR LF): the collection stays readable.
+    SchemeEdit AppendScheme(const QString& name);
+    SchemeEdit ReplaceScheme(const QString& name);
+    SchemeEdit DeleteScheme(const QString& name);
+
+    // The lock file of the collection, SchemeCollectionPath + ".lock".
+    QString lockPath() const;
+    int lockWait() const { return m_lockWaitMs; }
+    void setLockWait(int milliseconds) { m_lockWaitMs = milliseconds; }
 
     // The scratch copy Replace and Delete write first.
     QString scratchPath() const;
 
 private:
     QStringList sectionFor(const QString& header) const; // throws ColourOverflow
-    bool rewrite(const QString& name, bool replace);
+    SchemeEdit rewrite(const QString& name, bool replace);
+    // Runs `edit` while holding the collection's lock.
+    SchemeEdit locked(const std::function<SchemeEdit()>& edit) const;
 
     Settings& m_settings;
     Notifier* m_notifier = nullptr;
     SchemeFile::Writer m_writer;
+    // Long enough for any edit of another copy to finish, short enough for a click to wait.
+    int m_lockWaitMs = 2000;
 };

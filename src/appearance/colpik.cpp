@@ -31,6 +31,11 @@ QLabel* makeLabel(QWidget* parent, const char* name, const QRect& place) {
     return label;
 }
 
+// A channel value as the bar's position from the top, and back (the same sum both ways).
+int barPosition(int value) {
+    return 255 - value;
+}
+
 } // namespace
 
 ColPik::ColPik(QWidget* parent)
@@ -41,6 +46,7 @@ ColPik::ColPik(QWidget* parent)
 
     static constexpr struct {
         const char* bar;
+        const char* name;
         int barLeft;
         const char* swatch;
         int swatchLeft;
@@ -48,22 +54,26 @@ ColPik::ColPik(QWidget* parent)
         int degreeLeft, degreeWidth;
         QRgb text;
     } Channels[] = {
-        {"hsrRed", 1050, "PicRGB0", 1065, "lblRedDegree", 1050, 270, qRgb(255, 0, 0)},
-        {"hsrGreen", 1395, "PicRGB1", 1395, "lblGreenDegree", 1380, 285, qRgb(0, 192, 0)},
-        {"hsrBlue", 1725, "PicRGB2", 1755, "lblBlueDegree", 1725, 270, qRgb(0, 0, 255)},
+        {"hsrRed", "Red", 1050, "PicRGB0", 1065, "lblRedDegree", 1050, 270, qRgb(255, 0, 0)},
+        {"hsrGreen", "Green", 1395, "PicRGB1", 1395, "lblGreenDegree", 1380, 285, qRgb(0, 192, 0)},
+        {"hsrBlue", "Blue", 1725, "PicRGB2", 1755, "lblBlueDegree", 1725, 270, qRgb(0, 0, 255)},
     };
     for (int ch = 0; ch < 3; ++ch) {
         const auto& c = Channels[ch];
         auto* bar = new QScrollBar(Qt::Vertical, this);
         bar->setObjectName(QString::fromLatin1(c.bar));
+        bar->setAccessibleName(QString::fromLatin1(c.name));
         bar->setGeometry(twipsRect(c.barLeft, 25, 250, 1126));
-        // 255 at the top, 0 at the bottom; the value changes once the thumb is let go.
+        // 255 at the top, 0 at the bottom. The bar itself counts from the top (its position
+        // is 255 minus the channel), so its arrows, the groove, the keys and the wheel all
+        // move the value the way the thumb goes: up is more. The value changes once the
+        // thumb is let go.
         bar->setRange(0, 255);
-        bar->setInvertedAppearance(true);
-        bar->setValue(255);
+        bar->setValue(barPosition(255));
         bar->setTracking(false);
-        connect(bar, &QScrollBar::valueChanged, this,
-                [this, ch](int value) { m_rules.setBarValue(Channel(ch), value); });
+        connect(bar, &QScrollBar::valueChanged, this, [this, ch](int position) {
+            m_rules.setBarValue(Channel(ch), barPosition(position));
+        });
         m_bars[ch] = bar;
 
         m_swatches[ch] = makeLabel(this, c.swatch, twipsRect(c.swatchLeft, 1170, 225, 195));
@@ -95,7 +105,7 @@ void ColPik::render() {
     for (int ch = 0; ch < 3; ++ch) {
         const auto channel = Channel(ch);
         const QSignalBlocker blocker(m_bars[ch]);
-        m_bars[ch]->setValue(m_rules.barValue(channel));
+        m_bars[ch]->setValue(barPosition(m_rules.barValue(channel)));
         m_degrees[ch]->setText(m_rules.degreeCaption(channel));
         setBackground(m_swatches[ch], OleTranslateColor(m_rules.channelSwatch(channel)));
     }

@@ -39,6 +39,7 @@ public:
     // The drawn surface in device pixels (the palette, the strips, the plain background), at
     // the control's size times its device pixel ratio.
     const QImage& surface() const { return m_surface; }
+    // A channel's bar; its own value counts from the top (255 minus the channel's value).
     QScrollBar* bar(ColourPicker::Channel channel) const { return m_bars[channel]; }
     QLabel* degreeLabel(ColourPicker::Channel channel) const { return m_degrees[channel]; }
     QLabel* channelSwatch(ColourPicker::Channel channel) const { return m_swatches[channel]; }

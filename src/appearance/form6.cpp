@@ -15,8 +15,10 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSizeGrip>
+#include <QStyledItemDelegate>
 
 #include <initializer_list>
+#include <iterator>
 
 namespace {
 
@@ -90,8 +92,24 @@ void showSelection(QListWidget* list, int row) {
         list->setCurrentRow(row);
 }
 
+// Draws a list's rows without the current-row marker on a row that is not selected: a list
+// that takes the focus makes its first row current, and that row must not look chosen.
+class SelectedOnlyDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem row(option);
+        if (!(row.state & QStyle::State_Selected))
+            row.state &= ~QStyle::State_HasFocus;
+        QStyledItemDelegate::paint(painter, row, index);
+    }
+};
+
 QListWidget* makeList(QWidget* parent, const char* name, const QRect& place) {
     auto* list = new QListWidget(parent);
+    list->setItemDelegate(new SelectedOnlyDelegate(list));
     list->setObjectName(QString::fromLatin1(name));
     list->setGeometry(place);
     list->setFont(fontOf(QStringLiteral("Courier New"), 8.25));
@@ -113,11 +131,13 @@ Form6::Form6(Settings& settings, ColourScheme& scheme, Notifier& notifier, QWidg
     m_schemeFrame->setObjectName(QStringLiteral("Frame1"));
     m_schemeFrame->setGeometry(twipsRect(60, 90, 2205, 3000));
     m_schemeList = makeList(m_schemeFrame, "List1", twipsRect(75, 240, 2040, 2580));
+    m_schemeList->setAccessibleName(QStringLiteral("Colour Scheme"));
 
     m_fontFrame = new PlainFrame(QStringLiteral("Fonts"), this);
     m_fontFrame->setObjectName(QStringLiteral("Frame2"));
     m_fontFrame->setGeometry(twipsRect(2340, 90, 3000, 3855));
     m_fontList = makeList(m_fontFrame, "List2", twipsRect(120, 240, 2775, 2790));
+    m_fontList->setAccessibleName(QStringLiteral("Fonts"));
     m_fontSample = new QLabel(QStringLiteral("X"), m_fontFrame);
     m_fontSample->setObjectName(QStringLiteral("Label1"));
     m_fontSample->setGeometry(twipsRect(1230, 3180, 555, 525));
@@ -130,6 +150,7 @@ Form6::Form6(Settings& settings, ColourScheme& scheme, Notifier& notifier, QWidg
 
     m_contrastBar = new QScrollBar(Qt::Horizontal, this);
     m_contrastBar->setObjectName(QStringLiteral("ContrastV"));
+    m_contrastBar->setAccessibleName(QStringLiteral("Contrast"));
     m_contrastBar->setGeometry(twipsRect(6870, 1920, 2028, 228));
     m_contrastBar->setRange(OptionsModel::ContrastMinimum, OptionsModel::ContrastMaximum);
     m_contrastBar->setSingleStep(5);
@@ -154,11 +175,13 @@ Form6::Form6(Settings& settings, ColourScheme& scheme, Notifier& notifier, QWidg
         makeButton("AddSch", QStringLiteral("Add"), QStringLiteral("Add this color scheme"),
                    twipsRect(7890, 2670, 990, 330));
 
-    setTabOrder(m_exitButton, m_applyButton);
-    setTabOrder(m_applyButton, m_schemeList);
-    setTabOrder(m_schemeList, m_fontList);
-    setTabOrder(m_fontList, m_contrastBar);
-    setTabOrder(m_contrastBar, m_picker);
+    // Tab goes Exit, Apply, the two lists, then the editor's buttons; each button shows
+    // its focus as a ring.
+    QWidget* const tabOrder[] = {m_exitButton,   m_applyButton, m_schemeList, m_fontList,
+                                 m_contrastBar,  m_picker,      m_viewButton, m_replaceButton,
+                                 m_deleteButton, m_addButton};
+    for (size_t i = 1; i < std::size(tabOrder); ++i)
+        setTabOrder(tabOrder[i - 1], tabOrder[i]);
 
     // The editor lies beyond the first view: the window widens (not heightens) to show it,
     // and its right edge and size grip say so.
@@ -213,6 +236,7 @@ BoxControl* Form6::makeButton(const char* name, const QString& caption, const QS
     button->setToolTip(tip);
     button->setControlFont(fontOf(QStringLiteral("Arial"), 7.5));
     button->setFontSize(7.5f);
+    button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
 
@@ -280,7 +304,9 @@ void Form6::render() {
     for (QWidget* widget : std::initializer_list<QWidget*>{this, m_schemeFrame, m_fontSample,
                                                            m_fontFrame, m_schemeList, m_fontList})
         setColours(widget, background);
-    for (BoxControl* button :
-         {m_applyButton, m_exitButton, m_viewButton, m_addButton, m_deleteButton, m_replaceButton})
+    for (BoxControl* button : {m_applyButton, m_exitButton, m_viewButton, m_addButton,
+                               m_deleteButton, m_replaceButton}) {
         button->setBackColor(m_model.buttonFace());
+        button->setForeColor(m_model.textColour());
+    }
 }

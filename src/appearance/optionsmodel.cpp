@@ -6,6 +6,9 @@
 #include "core/notifier.h"
 #include "core/settings.h"
 
+#include <QRegularExpression>
+#include <QSet>
+
 #include <algorithm>
 #include <cmath>
 
@@ -48,8 +51,24 @@ OptionsModel::OptionsModel(Settings& settings, ColourScheme& scheme, Notifier& n
     });
 }
 
+quint32 OptionsModel::textColour() const {
+    return m_settings.TextColour;
+}
+
 void OptionsModel::fillFontList(const QStringList& families) {
-    m_fonts = sortedIgnoringCase(families);
+    // Fontconfig lists a family once per foundry that makes it ("C059 [urw]", "C059 [UKWN]");
+    // players know it by its name alone, and the name alone finds it.
+    static const QRegularExpression foundry(QStringLiteral("\\s*\\[[^\\]]*\\]$"));
+    QStringList names;
+    QSet<QString> seen;
+    for (const QString& family : families) {
+        const QString name = QString(family).remove(foundry);
+        if (!seen.contains(name.toCaseFolded())) {
+            seen.insert(name.toCaseFolded());
+            names << name;
+        }
+    }
+    m_fonts = sortedIgnoringCase(names);
     m_fontRow = -1;
     m_fontTop = 0;
     Q_EMIT fontListChanged();
@@ -156,16 +175,31 @@ void OptionsModel::add() {
         m_notifier.inputBox(QStringLiteral("Enter new Color Scheme name"), BoxTitle);
     if (name.isEmpty())
         return;
-    if (findExact(m_schemes, name) >= 0) {
-        message(QStringLiteral("Color Scheme: ") + name + QStringLiteral(" already exists"));
+    // Whether the name is taken is decided on the file, which another copy may have changed
+    // since the list was filled; the list then shows what the file holds.
+    const SchemeEdit result = m_scheme.AppendScheme(name);
+    if (result == SchemeEdit::Done || result == SchemeEdit::Exists) {
+        if (result == SchemeEdit::Done || findExact(m_schemes, name) < 0)
+            fillSchemeList();
+        message(QStringLiteral("Color Scheme: ") + name +
+                (result == SchemeEdit::Done ? QStringLiteral(" added")
+                                            : QStringLiteral(" already exists")));
         return;
     }
-    if (!m_scheme.AppendScheme(name)) {
-        message(QStringLiteral("Error in adding Color Scheme:\n") + SchemeFileName(name));
-        return;
+    notDone(result, SchemeFileName(name), QStringLiteral("Error in adding Color Scheme:\n"));
+}
+
+void OptionsModel::notDone(SchemeEdit result, const QString& file, const QString& error) {
+    if (result == SchemeEdit::Busy) {
+        message(QStringLiteral("The color schemes are being changed by another copy of "
+                               "Pentalink.\nPlease try again."));
+    } else if (result == SchemeEdit::NotFound) {
+        fillSchemeList();
+        message(QStringLiteral("Color Scheme: ") + file +
+                QStringLiteral(" is no longer in the collection; nothing was changed"));
+    } else {
+        message(error + file);
     }
-    fillSchemeList();
-    message(QStringLiteral("Color Scheme: ") + name + QStringLiteral(" added"));
 }
 
 QString OptionsModel::confirmedSelection(const QString& noneSelected, const QString& question) {
@@ -183,10 +217,9 @@ void OptionsModel::replace() {
     if (name.isEmpty())
         return;
     const QString file = SchemeFileName(name);
-    if (!m_scheme.ReplaceScheme(name)) {
-        message(QStringLiteral("Error in updating Color Scheme:\n") + file);
-        return;
-    }
+    const SchemeEdit result = m_scheme.ReplaceScheme(name);
+    if (result != SchemeEdit::Done)
+        return notDone(result, file, QStringLiteral("Error in updating Color Scheme:\n"));
     message(QStringLiteral("Color Scheme: ") + file + QStringLiteral(" replaced"));
 }
 
@@ -200,10 +233,9 @@ void OptionsModel::remove() {
         message(QStringLiteral("Cannot delete currently active Color Scheme"));
         return;
     }
-    if (!m_scheme.DeleteScheme(name)) {
-        message(QStringLiteral("Error in updating Color Scheme:\n") + file);
-        return;
-    }
+    const SchemeEdit result = m_scheme.DeleteScheme(name);
+    if (result != SchemeEdit::Done)
+        return notDone(result, file, QStringLiteral("Error in updating Color Scheme:\n"));
     fillSchemeList();
     message(QStringLiteral("Color Scheme: ") + file + QStringLiteral(" deleted"));
 }

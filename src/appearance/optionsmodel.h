@@ -17,6 +17,7 @@
 
 class ColourPicker;
 class ColourScheme;
+enum class SchemeEdit;
 class Notifier;
 struct Settings;
 
@@ -40,7 +41,8 @@ public:
     // from the file and repaint). None does nothing.
     void setCommand2(std::function<void()> command2) { m_command2 = std::move(command2); }
 
-    // Start-up. The font list takes `families` sorted ignoring case. The scheme list is
+    // Start-up. The font list takes `families` sorted ignoring case, each family once by its
+    // name alone (a foundry suffix such as " [urw]" dropped). The scheme list is
     // refilled from the collection; when the file cannot be read it keeps its entries.
     void fillFontList(const QStringList& families);
     void fillSchemeList();
@@ -70,6 +72,8 @@ public:
     // table when the window is activated or recoloured, not on every change of the table.
     quint32 background() const { return m_background; }
     quint32 buttonFace() const { return m_buttonFace; }
+    // The buttons' captions: the program's fixed text colour, whatever the desktop says.
+    quint32 textColour() const;
 
     // The window becomes active: the contrast bar goes back to 100 without rebuilding the
     // table, the picker takes colour 2, the window is recoloured from the table with the
@@ -92,11 +96,14 @@ public:
     // Takes the selected scheme (if any) and the sample font as the active ones and presses
     // the main window's Command2. Writes nothing to disk.
     void apply();
-    // Asks for a name and appends the current colours as that scheme.
+    // Asks for a name and appends the current colours as that scheme, unless the collection
+    // file (not the list, which another copy of the game may have outdated) already has it.
     void add();
     // After a Yes, writes the current colours over the selected scheme.
     void replace();
     // After a Yes, deletes the selected scheme unless it is the active one.
+    // Each edit that finds the scheme gone from the file, or the file being edited by another
+    // copy of the game, says so (and refreshes the list when the file changed).
     void remove();
 
 Q_SIGNALS:
@@ -110,6 +117,8 @@ Q_SIGNALS:
 private:
     void RecolourOptions();
     void message(const QString& text);
+    // The message for an edit of `file` that was not done: `error` + file for a failure.
+    void notDone(SchemeEdit result, const QString& file, const QString& error);
     bool confirm(const QString& question);
     // The selected scheme's name once the player said Yes to `question` + name; "" when none
     // is selected (after showing `noneSelected`) or the answer was not Yes.

@@ -1,23 +1,17 @@
 // The scheme collection file as lines; see schemefile.h.
 #include "appearance/schemefile.h"
 
+#include "core/atomicwrite.h"
+#include "core/regularfile.h"
 #include "core/textdecoding.h"
-
-#include <QFile>
-#include <QSaveFile>
 
 namespace SchemeFile {
 
 std::optional<QStringList> readLines(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > MaxBytes)
+    const RegularFileRead read = readRegularFile(path, MaxBytes);
+    if (read.status != RegularFileRead::Status::Read)
         return std::nullopt;
-    // A special file can claim size 0 and still stream for ever: read at most one byte more
-    // than allowed and refuse when it arrives.
-    const QByteArray bytes = file.read(MaxBytes + 1);
-    if (bytes.size() > MaxBytes || file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return splitTextLines(decodeText(bytes));
+    return splitTextLines(decodeText(read.bytes));
 }
 
 QByteArray toBytes(const QStringList& lines) {
@@ -35,14 +29,7 @@ std::optional<QByteArray> toReadableBytes(const QStringList& lines) {
 }
 
 bool writeAtomically(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    return writeFileAtomically(path, bytes);
 }
 
 std::optional<QStringList> rewriteSections(const QStringList& lines, const QString& header,

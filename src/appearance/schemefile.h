@@ -23,7 +23,8 @@ constexpr qint64 MaxBytes = 4 * 1024 * 1024;
 using Writer = std::function<bool(const QString& path, const QByteArray& bytes)>;
 
 // The lines of the file at `path` (ended by CR LF, LF or CR; UTF-8 when valid, else
-// Windows-1252). Empty when the file is missing, unreadable or larger than MaxBytes.
+// Windows-1252). Empty when the file is missing, unreadable, not a regular file (a FIFO there
+// is never waited on) or larger than MaxBytes.
 std::optional<QStringList> readLines(const QString& path);
 
 // The bytes the program writes for `lines`: UTF-8, every line ended by CR LF.
@@ -33,8 +34,8 @@ QByteArray toBytes(const QStringList& lines);
 // a rewrite must never leave a collection the program can no longer read.
 std::optional<QByteArray> toReadableBytes(const QStringList& lines);
 
-// The default Writer: a QSaveFile written unbuffered (so a short write on a full disk is
-// seen) and committed with a rename, so a failure leaves the old file as it was.
+// The default Writer: writeFileAtomically() (core/atomicwrite.h), so a failure leaves the old
+// file as it was and a power cut cannot bring it back after a success.
 bool writeAtomically(const QString& path, const QByteArray& bytes);
 
 // `lines` with every section headed exactly `header` (the header and the ColourLines lines

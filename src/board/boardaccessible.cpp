@@ -5,7 +5,7 @@
 #include "board/boardhit.h"
 #include "board/boardspeech.h"
 #include "board/boardview.h"
-#include "ui/boxcontrol.h"
+#include "ui/kitaccessible.h"
 
 #include <QAccessibleWidget>
 
@@ -175,9 +175,6 @@ private:
 QAccessibleInterface* boardFactory(const QString& className, QObject* object) {
     if (className == QLatin1String("BoardView") && object && object->isWidgetType())
         return new BoardViewAccessible(static_cast<BoardView*>(object));
-    if (className == QLatin1String("BoxControl") && object && object->isWidgetType()) {
-        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Button);
-    }
     return nullptr;
 }
 
@@ -186,6 +183,7 @@ QAccessibleInterface* boardFactory(const QString& className, QObject* object) {
 void installBoardAccessibility() {
     static bool installed = false;
     if (!installed) {
+        installKitAccessibility();
         QAccessible::installFactory(boardFactory);
         installed = true;
     }

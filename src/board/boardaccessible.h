@@ -2,9 +2,9 @@
 // view is one widget, so its accessible interface gives it children of its own: the ten
 // letter cells (children 0..9, role Cell), the eight word tiles (10..17) and the ten
 // word-number markers (18..27), both role Button, named as BoardSpeech says and stating
-// which one has the keyboard focus. The self-drawn buttons (BoxControl) get role Button.
-// installBoardAccessibility() registers both with QAccessible; call it before the first
-// query (the main window does; later calls do nothing).
+// which one has the keyboard focus. installBoardAccessibility() registers it, and the kit's
+// interfaces (kitaccessible.h), with QAccessible; call it before the first query (the main
+// window does; later calls do nothing).
 #pragma once
 
 #include "board/boardfocus.h"

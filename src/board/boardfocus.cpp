@@ -23,15 +23,24 @@ std::array<FocusItem, ItemCount> tabOrder() {
     return order;
 }
 
-FocusItem tabFrom(const FocusItem& from, bool backwards) {
+bool stopsOn(const FocusItem& item, const BoardState& board) {
+    return item.kind != FocusKind::Tile ||
+           board.tiles[static_cast<size_t>(item.index)].status != TileStatus::Placed;
+}
+
+FocusItem tabFrom(const FocusItem& from, bool backwards, const BoardState& board) {
     const auto order = tabOrder();
     size_t at = 0;
     while (at < order.size() && !(order[at] == from))
         ++at;
     if (at == order.size())
-        return order.front();
+        at = order.size() - 1; // as if from the last item
     const size_t step = backwards ? order.size() - 1 : 1;
-    return order[(at + step) % order.size()];
+    // At most five tiles are placed, so some item always stops the keyboard.
+    do
+        at = (at + step) % order.size();
+    while (!stopsOn(order[at], board));
+    return order[at];
 }
 
 QRect rectOf(const FocusItem& item) {
@@ -48,7 +57,8 @@ QRect rectOf(const FocusItem& item) {
     return snapped(buttons[static_cast<size_t>(item.index)]);
 }
 
-std::optional<FocusItem> nearest(const FocusItem& from, FocusDirection direction) {
+std::optional<FocusItem> nearest(const FocusItem& from, FocusDirection direction,
+                                 const BoardState& board) {
     const QPoint origin = rectOf(from).center();
     std::optional<FocusItem> best;
     long bestScore = std::numeric_limits<long>::max();
@@ -70,7 +80,7 @@ std::optional<FocusItem> nearest(const FocusItem& from, FocusDirection direction
             along = d.y(), across = d.x();
             break;
         }
-        if (along <= 0)
+        if (along <= 0 || !stopsOn(item, board))
             continue;
         const long score = along + 3 * std::abs(across);
         if (score < bestScore) {
@@ -87,7 +97,8 @@ std::optional<FocusItem> letterJump(const FocusItem& from, QChar letter, const B
     for (int n = 1; n <= StarGrid::CandidateCount; ++n) {
         const int i = (start + n - 1) % StarGrid::CandidateCount + 1;
         const QString& word = board.tiles[static_cast<size_t>(i)].word;
-        if (!word.isEmpty() && word.left(1).toCaseFolded() == wanted)
+        if (!word.isEmpty() && word.left(1).toCaseFolded() == wanted &&
+            stopsOn(FocusItem::tile(i), board))
             return FocusItem::tile(i);
     }
     return std::nullopt;

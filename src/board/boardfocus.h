@@ -45,7 +45,12 @@ constexpr int ItemCount = 22;
 // Tab order: tiles 1..8, markers 1..10, then the buttons left to right. Tab moves forwards
 // and Shift+Tab backwards through it, wrapping round at both ends.
 std::array<FocusItem, ItemCount> tabOrder();
-FocusItem tabFrom(const FocusItem& from, bool backwards);
+
+// Whether the keyboard stops on `item`: not on a tile whose word is placed, where a click
+// does nothing. Tab, the arrows and the letters pass such tiles by.
+bool stopsOn(const FocusItem& item, const BoardState& board);
+
+FocusItem tabFrom(const FocusItem& from, bool backwards, const BoardState& board);
 
 // Where the item stands, in board twips (the window's client area, see boardgeometry.h).
 QRect rectOf(const FocusItem& item);
@@ -54,12 +59,13 @@ QRect rectOf(const FocusItem& item);
 // `from`'s centre in that direction, the one with the smallest distance along it plus three
 // times the distance across it (the star is no grid, so straight ahead wins over near but
 // aside). Empty when nothing lies that way.
-std::optional<FocusItem> nearest(const FocusItem& from, FocusDirection direction);
+std::optional<FocusItem> nearest(const FocusItem& from, FocusDirection direction,
+                                 const BoardState& board);
 
 // The next tile after `from` (in tile order, wrapping round; from the first tile when `from`
 // is no tile) whose word starts with `letter`, compared without case. A tile without a word
-// never matches. Empty when no tile matches; `from` itself is found again only when it is
-// the one tile that matches.
+// or with its word placed never matches. Empty when no tile matches; `from` itself is found
+// again only when it is the one tile that matches.
 std::optional<FocusItem> letterJump(const FocusItem& from, QChar letter, const BoardState& board);
 
 // The move Enter or Space makes on a tile or marker: the click on it. Empty for a button,

@@ -22,12 +22,12 @@ void sunkenBorder(QPainter& p, const QRect& r, const QColor& light, const QColor
     p.fillRect(QRect(r.x() + r.width() - Pixel, r.y(), Pixel, r.height() - Pixel), light);
 }
 
-// A one-pixel border inside `r` in one colour.
-void flatBorder(QPainter& p, const QRect& r, const QColor& colour) {
-    p.fillRect(QRect(r.x(), r.y(), r.width(), Pixel), colour);
-    p.fillRect(QRect(r.x(), r.y() + r.height() - Pixel, r.width(), Pixel), colour);
-    p.fillRect(QRect(r.x(), r.y(), Pixel, r.height()), colour);
-    p.fillRect(QRect(r.x() + r.width() - Pixel, r.y(), Pixel, r.height()), colour);
+// A border `width` twips wide inside `r`, in one colour.
+void flatBorder(QPainter& p, const QRect& r, const QColor& colour, int width) {
+    p.fillRect(QRect(r.x(), r.y(), r.width(), width), colour);
+    p.fillRect(QRect(r.x(), r.y() + r.height() - width, r.width(), width), colour);
+    p.fillRect(QRect(r.x(), r.y(), width, r.height()), colour);
+    p.fillRect(QRect(r.x() + r.width() - width, r.y(), width, r.height()), colour);
 }
 
 void centredText(QPainter& p, const QRect& r, const QString& text, const QFont& font,
@@ -52,7 +52,7 @@ void paintTile(QPainter& p, const QRect& r, const TileState& tile, const BoardSt
     const QColor text = tile.status == TileStatus::Placed ? style.ground : style.text;
     p.fillRect(r, style.tileFace);
     if (tile.status == TileStatus::Selected)
-        flatBorder(p, r, text);
+        flatBorder(p, r, text, SelectedBorderPixels * Pixel);
     else
         sunkenBorder(p, r, style.light, style.shadow);
     QFont font = style.tileFont;

@@ -1,8 +1,9 @@
 // The one drawing of the board: the star's lines, the letter cells with their letters, the
-// word-number markers and the word tiles in their looks (sunken or flat border, faded when
-// placed, struck through when a revealed decoy), all from a BoardState. The board view paints
-// the screen with it; the printed page and the clipboard picture paint with it too, with the
-// parts they do not show switched off in the style.
+// word-number markers and the word tiles in their looks (sunken border; the selected one a
+// flat border SelectedBorderPixels wide, so it stands out with or without the keyboard's
+// ring; faded when placed, struck through when a revealed decoy), all from a BoardState. The board
+// view paints the screen with it; the printed page and the clipboard picture paint with it too,
+// with the parts they do not show switched off in the style.
 #pragma once
 
 #include "board/boardstate.h"
@@ -13,6 +14,9 @@
 #include <QString>
 
 class QPainter;
+
+// The width of a selected tile's flat border, in screen pixels.
+constexpr int SelectedBorderPixels = 3;
 
 struct BoardStyle {
     QColor ground = Qt::white;       // star area, window ground, cells; a placed tile's text

@@ -1,6 +1,10 @@
 // What a screen reader says about the board; see boardspeech.h.
 #include "board/boardspeech.h"
 
+#include <QStringList>
+
+#include <array>
+
 namespace BoardSpeech {
 
 namespace {
@@ -13,13 +17,43 @@ const TileState& tileOf(const BoardState& board, int i) {
     return board.tiles[static_cast<size_t>(i)];
 }
 
+// Where each cell 0..9 stands on the star.
+const char* const Places[StarGrid::CellCount] = {
+    "top tip",
+    "left tip",
+    "upper left crossing",
+    "upper right crossing",
+    "right tip",
+    "lower left crossing",
+    "lower right crossing",
+    "bottom crossing",
+    "bottom left tip",
+    "bottom right tip",
+};
+
+// Each line 0..4 by the two tips it joins.
+const char* const LineNames[StarGrid::LineCount] = {
+    "top to bottom left",   "top to bottom right",  "left to right",
+    "left to bottom right", "right to bottom left",
+};
+
+QString place(int cell) {
+    return QString::fromLatin1(Places[cell]);
+}
+
+QString letterIn(const BoardState& board, int cell, const QString& none) {
+    const QString& letter = board.Entries[static_cast<size_t>(cell)];
+    return letter.isEmpty() ? none : letter;
+}
+
 } // namespace
 
 QString cellName(const BoardState& board, int cell) {
-    const QString& letter = board.Entries[static_cast<size_t>(cell)];
-    return QStringLiteral("cell %1, %2")
+    const std::array<int, 2> lines = StarGrid::linesThrough(cell);
+    return QStringLiteral("cell %1, %2, %3 of the lines %4 and %5")
         .arg(cell + 1)
-        .arg(letter.isEmpty() ? QStringLiteral("empty") : letter);
+        .arg(letterIn(board, cell, QStringLiteral("empty")), place(cell),
+             QString::fromLatin1(LineNames[lines[0]]), QString::fromLatin1(LineNames[lines[1]]));
 }
 
 QString tileName(const BoardState& board, int tile) {
@@ -37,10 +71,22 @@ QString tileName(const BoardState& board, int tile) {
 }
 
 QString markerName(const BoardState& board, int marker) {
+    static const StarGrid star;
     const int tile = board.placedTile[static_cast<size_t>(marker)];
-    if (tile == BoardState::NoTile)
-        return QStringLiteral("start %1, empty").arg(marker);
-    return QStringLiteral("start %1, holds %2").arg(marker).arg(tileOf(board, tile).word);
+    const QString holds = tile == BoardState::NoTile
+                              ? QStringLiteral("empty")
+                              : QStringLiteral("holds ") + tileOf(board, tile).word;
+    const std::array<int, 4> cells = star.cellsOf(marker);
+    QStringList numbers;
+    QStringList letters;
+    for (const int c : cells) {
+        numbers << QString::number(c + 1);
+        letters << letterIn(board, c, QStringLiteral("blank"));
+    }
+    return QStringLiteral("start %1, %2, %3 to %4, fills cells %5: %6")
+        .arg(marker)
+        .arg(holds, place(cells.front()), place(cells.back()), numbers.join(QStringLiteral(", ")),
+             letters.join(QStringLiteral(", ")));
 }
 
 QString announcement(const Move& move, const BoardState& before, const BoardState& after) {

@@ -12,12 +12,16 @@
 
 namespace BoardSpeech {
 
-// "cell 3, A" or "cell 3, empty" for cell 0..9 (here cell 2).
+// Where a cell is and what it holds, so that a player who cannot see the star can build it
+// in mind: "cell 3, A, upper left crossing of the lines top to bottom left and left to right"
+// for cell 0..9 (here cell 2; "empty" for no letter). Lines are named by the tips they join.
 QString cellName(const BoardState& board, int cell);
 // "word CAKE, available" / "selected" / "placed" / "struck out" (a revealed decoy) for tile
 // 1..8; "word tile 3, empty" while the tile shows no word.
 QString tileName(const BoardState& board, int tile);
-// "start 4, holds CAKE" or "start 4, empty" for marker 1..10.
+// What a marker holds, where its word runs and which four cells it fills with the letters
+// already there: "start 4, empty, right tip to left tip, fills cells 5, 4, 3, 2: blank, A,
+// blank, blank" or "start 4, holds CAKE, ..." for marker 1..10.
 QString markerName(const BoardState& board, int marker);
 
 // What to announce after `move` turned `before` into `after`; "" when there is nothing to

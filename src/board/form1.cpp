@@ -52,11 +52,23 @@ void setTextColour(QWidget* widget, const QColor& colour) {
 }
 
 // Gives the menu bar and every menu below it a solid background of exactly `colour`, with
-// black text. A style sheet, because styles paint drop-down menus from a lightened palette
-// colour; it reaches the drop-down menus because they are children of the bar.
+// black text in the window's font, the entry under the pointer or the keys in a darker shade,
+// and each drop-down menu a one-pixel frame in a darker shade still so it stands off what
+// lies below. A style sheet, because styles paint drop-down menus
+// from a lightened palette colour; it reaches the drop-down menus because they are children
+// of the bar. It names the font, because a style sheet set again would give the bar the
+// application's font, and the fixed window would grow with it.
 void setMenuColour(QMenuBar* bar, const QColor& colour) {
-    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; }")
-                           .arg(colour.name()));
+    const QFont font = bar->window()->font();
+    bar->setStyleSheet(QStringLiteral("QMenuBar, QMenu { background-color: %1; color: black; "
+                                      "font: %3pt \"%4\"; }"
+                                      "QMenu { border: 1px solid %2; }"
+                                      "QMenuBar::item:selected, QMenu::item:selected "
+                                      "{ background-color: %5; }")
+                           .arg(colour.name(), colour.darker(200).name())
+                           .arg(font.pointSizeF())
+                           .arg(font.family())
+                           .arg(colour.darker(140).name()));
 }
 
 QFont boardFont(const QString& family, int pointSize, bool bold) {
@@ -224,8 +236,9 @@ void Form1::startUp() {
     m_settings.AppFolder = AppFolder();
 
     if (m_msgForm) {
-        // Until a scheme is applied the message window looks like a plain list background.
-        const QColor listBackground = QApplication::palette().color(QPalette::Base);
+        // Until a scheme is applied the message window looks like a plain list: black on
+        // white, whatever the desktop's theme (a dark list ground would hide the black text).
+        const QColor listBackground = Qt::white;
         m_msgForm->setWindowTitle(QStringLiteral("Pentalink"));
         m_msgForm->setBackColor(listBackground);
         m_msgForm->setButtonColor(listBackground);

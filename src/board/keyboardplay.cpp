@@ -67,11 +67,11 @@ bool KeyboardPlay::eventFilter(QObject* watched, QEvent* event) {
 
     if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
         const bool backwards = key->key() == Qt::Key_Backtab || (mods & Qt::ShiftModifier);
-        focusOn(BoardFocus::tabFrom(m_focus, backwards));
+        focusOn(BoardFocus::tabFrom(m_focus, backwards, m_view->state()));
         return true;
     }
     if (const auto direction = directionOf(key->key())) {
-        if (const auto next = BoardFocus::nearest(m_focus, *direction))
+        if (const auto next = BoardFocus::nearest(m_focus, *direction, m_view->state()))
             focusOn(*next);
         return true;
     }

@@ -5,6 +5,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace {
 
@@ -62,4 +63,23 @@ MainMenu::MainMenu(QMenuBar* bar) {
     copyEntries[0]->setShortcut(QKeySequence::Copy);
     help->setShortcut(QKeySequence(Qt::Key_F1));
     exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+
+    // The menus open from the keyboard as on other desktop programs: F10 the first, Alt with
+    // a caption's first letter its own. The captions carry no "&", so nothing is underlined.
+    const struct {
+        QKeySequence keys;
+        QMenu* menu;
+    } openers[] = {
+        {QKeySequence(Qt::Key_F10), fileMenu},
+        {QKeySequence(Qt::ALT | Qt::Key_F), fileMenu},
+        {QKeySequence(Qt::ALT | Qt::Key_P), puzzleMenu},
+    };
+    for (const auto& opener : openers) {
+        auto* shortcut = new QShortcut(opener.keys, bar);
+        // Opened with its first entry lit, so Enter and the arrow keys go on from there.
+        QObject::connect(shortcut, &QShortcut::activated, bar, [bar, menu = opener.menu] {
+            bar->setActiveAction(menu->menuAction());
+            menu->setActiveAction(menu->actions().value(0));
+        });
+    }
 }

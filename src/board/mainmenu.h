@@ -4,7 +4,7 @@
 // menu, ...; docs/historic-names.md maps them), so the window and the tests find them either
 // way. The "Cancel" entries are there to close a menu and do nothing. Shortcuts: Ctrl+N
 // Create, Ctrl+O Load a Dictionary, Ctrl+P Print, Ctrl+C Copy to Clipboard > Puzzle, F1 Help,
-// Ctrl+Q Exit.
+// Ctrl+Q Exit; F10 or Alt+F opens the File menu, Alt+P the Puzzle menu.
 #pragma once
 
 #include <QObject>

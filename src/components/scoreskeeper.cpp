@@ -3,13 +3,13 @@
 
 #include "components/scorescrambler.h"
 #include "core/appfolder.h"
+#include "core/atomicwrite.h"
 #include "core/notifier.h"
 #include "core/textdecoding.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <utility>
 
@@ -102,12 +102,5 @@ QString ScoresKeeper::allSessions(int row) const {
 
 bool ScoresKeeper::writeRecord(const QString& record) const {
     const QByteArray line = ScrambleScores(record).toLatin1() + "\r\n";
-    QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (file.write(line) != line.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    return writeFileAtomically(m_path, line);
 }

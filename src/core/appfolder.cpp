@@ -1,17 +1,23 @@
 // Resolution of the program folder; see appfolder.h for the rules.
 #include "core/appfolder.h"
 
+#include "core/atomicwrite.h"
+#include "core/regularfile.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
 
 #include <optional>
 
 namespace {
+
+// The shipped data files are a few kilobytes; a larger file under one of their names is not
+// one of them, and seeding never reads more than this.
+constexpr qint64 kMaxSeedBytes = 16 * 1024 * 1024;
 
 std::optional<QString>& cachedFolder() {
     static std::optional<QString> folder;
@@ -33,23 +39,34 @@ bool followsTheInstall(const QString& name) {
     return name == QStringLiteral("pentalink.htm");
 }
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+// Every name the program writes whole in its folder, through a temporary file beside it.
+QStringList rewrittenFiles() {
+    QStringList names = shippedDataFiles();
+    names << QStringLiteral("pentalink.cfg") << QStringLiteral("newall.cox");
+    if (QCoreApplication::instance())
+        names << QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName() +
+                     QStringLiteral(".sco");
+    return names;
+}
+
+QString prepared(const QString& folder) {
+    removeStaleTemporaries(folder, rewrittenFiles());
+    return folder;
 }
 
 QString resolve() {
-    const QString home = qEnvironmentVariable("PENTALINK_HOME");
-    if (!home.isEmpty()) {
-        QDir().mkpath(home);
-        const QString folder = withSlash(QDir(home).absolutePath());
+    const QByteArray home = qgetenv("PENTALINK_HOME");
+    if (!home.isEmpty() && homeVariableProblem().isEmpty()) {
+        const QString path = QFile::decodeName(home);
+        QDir().mkpath(path);
+        const QString folder = withSlash(QDir(path).absolutePath());
         seedProgramFolder(folder, installedDataFolder());
-        return folder;
+        return prepared(folder);
     }
     const QString exeDir =
         QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
     if (QFileInfo::exists(exeDir + QStringLiteral("/all.col")) && isWritableDir(exeDir))
-        return withSlash(exeDir);
+        return prepared(withSlash(exeDir));
 
     QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     if (user.isEmpty())
@@ -57,10 +74,18 @@ QString resolve() {
     QDir().mkpath(user);
     const QString folder = withSlash(user);
     seedProgramFolder(folder, installedDataFolder());
-    return folder;
+    return prepared(folder);
 }
 
 } // namespace
+
+QString homeVariableProblem() {
+    const QByteArray home = qgetenv("PENTALINK_HOME");
+    if (QFile::encodeName(QFile::decodeName(home)) == home)
+        return QString();
+    return QStringLiteral("PENTALINK_HOME is not valid UTF-8, so no file name of the program "
+                          "can reach that folder; rename the folder or unset the variable");
+}
 
 QStringList shippedDataFiles() {
     return {QStringLiteral("english1.txt"), QStringLiteral("all.col"),
@@ -85,21 +110,26 @@ QString installedDataFolder() {
 }
 
 void seedProgramFolder(const QString& folder, const QString& source) {
+    using Status = RegularFileRead::Status;
     for (const QString& name : shippedDataFiles()) {
-        QFile from(source + name);
-        if (!from.open(QIODevice::ReadOnly))
+        const RegularFileRead shipped = readRegularFile(source + name, kMaxSeedBytes);
+        if (shipped.status != Status::Read)
             continue;
-        const QByteArray shipped = from.readAll();
         const QString target = folder + name;
-        if (QFileInfo::exists(target) && (!followsTheInstall(name) || contentOf(target) == shipped))
-            continue;
+        if (QFileInfo::exists(target) || QFileInfo(target).isSymLink()) {
+            // Only the help page is refreshed, and only a regular file is read or replaced:
+            // anything else at the name is left for that file's reader to refuse.
+            if (!followsTheInstall(name))
+                continue;
+            const RegularFileRead present = readRegularFile(target, kMaxSeedBytes);
+            const bool stale = present.status == Status::TooLarge ||
+                               (present.status == Status::Read && present.bytes != shipped.bytes);
+            if (!stale)
+                continue;
+        }
         // Written whole and renamed into place, so an interrupted seed leaves no half file
         // that a later start would take for the user's own copy.
-        QSaveFile out(target);
-        if (out.open(QIODevice::WriteOnly)) {
-            out.write(shipped);
-            out.commit();
-        }
+        writeFileAtomically(target, shipped.bytes);
     }
 }
 

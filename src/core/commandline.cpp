@@ -98,7 +98,7 @@ QString gameHelpText() {
             "all.col and is writable; else in ~/.local/share/pentalink, which the first\n"
             "start fills with copies of the installed data files.\n"
             "\n"
-            "See pentalink(6) and the game's Help menu for more."));
+            "See pentalink(6) and the game's help page (File > Help) for more."));
 }
 
 QString ignoredArgumentsWarning(const QStringList& ignored) {

@@ -1,11 +1,10 @@
 // Reading and writing the configuration file; see configfile.h for the format.
 #include "core/configfile.h"
 
+#include "core/atomicwrite.h"
 #include "core/notifier.h"
+#include "core/regularfile.h"
 #include "core/textdecoding.h"
-
-#include <QFile>
-#include <QSaveFile>
 
 #include <optional>
 #include <utility>
@@ -87,13 +86,10 @@ struct FileValues {
 };
 
 std::optional<FileValues> readValues(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileSize)
+    const RegularFileRead read = readRegularFile(path, kMaxFileSize);
+    if (read.status != RegularFileRead::Status::Read)
         return std::nullopt;
-    const QByteArray bytes = file.read(kMaxFileSize + 1);
-    if (file.error() != QFileDevice::NoError || bytes.size() > kMaxFileSize)
-        return std::nullopt;
-    const QStringList lines = splitTextLines(decodeText(bytes));
+    const QStringList lines = splitTextLines(decodeText(read.bytes));
     if (lines.size() < 5)
         return std::nullopt;
     // A size the Options window cannot set (tiny, negative, clipping) is as damaged as none.
@@ -157,16 +153,7 @@ bool ConfigFile::SavecfgFile() {
 }
 
 bool ConfigFile::writeFile(const QString& content) const {
-    // Unbuffered, so a short write (a full disk) shows in write()'s count; a buffered
-    // QSaveFile can lose the tail in its final flush and still commit.
     // A file the reader would refuse as too large must not replace a good one.
     const QByteArray bytes = content.toUtf8();
-    if (bytes.size() > kMaxFileSize)
-        return false;
-    QSaveFile file(path());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (file.write(bytes) != bytes.size())
-        return false;
-    return file.commit();
+    return bytes.size() <= kMaxFileSize && writeFileAtomically(path(), bytes);
 }

@@ -5,9 +5,9 @@
 #include "core/textdecoding.h"
 
 #include "core/eventpump.h"
+#include "core/regularfile.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <array>
 
@@ -168,15 +168,11 @@ bool readChunks(QFile& file, EventPump* pump, QString& error, Decode decode) {
 
 DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump) {
     DictionaryFileContents result;
-    if (QFileInfo(path).isDir()) {
-        result.error = QStringLiteral("It is a folder, not a file.");
+    // Only a regular file, opened without waiting: english1.txt, the fallback of every start,
+    // may be a FIFO or a device as well as a configured dictionary may.
+    QFile file;
+    if (!openRegularFile(file, path, &result.error))
         return result;
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        result.error = file.errorString();
-        return result;
-    }
 
     // First as UTF-8; at the first invalid byte start again as Windows-1252.
     {

@@ -3,6 +3,7 @@
 
 #include "ui/boxgeometry.h"
 #include "ui/contrast.h"
+#include "ui/kitaccessible.h"
 #include "ui/olecolor.h"
 
 #include <QFontMetricsF>
@@ -66,6 +67,8 @@ BoxControl::BoxControl(QWidget* parent)
     setFont(face);
     // The face is opaque and painted whole every time.
     setAttribute(Qt::WA_OpaquePaintEvent);
+    // A screen reader calls it a push button and reads its caption.
+    installKitAccessibility();
 }
 
 void BoxControl::setForeColor(quint32 colour) {

@@ -10,6 +10,7 @@
 // pressed and MouseUp when released (so holding it holds the button down), Enter raises both
 // at once; both with Button 0 and the point (0, 0). While it has the focus the control shows
 // a ring FocusRingWidth pixels wide along its edges, black or white against its face.
+// Assistive technology sees a push button named by its accessible name or else its caption.
 //
 // Colours are packed 32-bit values; a system colour (top bit set) is kept as given, reads
 // back unchanged and is translated through the palette only for painting (olecolor.h).

@@ -1,6 +1,8 @@
 // The file-name picker; see fndialog.h.
 #include "ui/fndialog.h"
 
+#include "ui/kitaccessible.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QKeyEvent>
@@ -13,6 +15,8 @@ FNDialog::FNDialog(QWidget* parent)
     : QWidget(parent)
     , m_button(new QPushButton(QStringLiteral("..."), this))
     , m_runner(&FNDialog::runFileDialog) {
+    // Hidden, the control and its button are no part of the window's accessible tree.
+    installKitAccessibility();
     m_button->setGeometry(rect());
     m_button->installEventFilter(this);
     connect(m_button, &QPushButton::clicked, this, &FNDialog::Click);
@@ -89,8 +93,13 @@ QString FNDialog::runFileDialog(const FileNameRequest& request) {
     // blanks only. Appending "(*.txt *.dic)" and hiding that detail shows the entry's name
     // exactly, "Dictionary File (*.txt;*.dic)", while both patterns filter.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilter(request.filterName + QStringLiteral(" (") + request.patterns.join(u' ') +
-                         u')');
+    // A second entry shows every file, such as a word list without an extension
+    // (/usr/share/dict/words).
+    const auto entry = [](const QString& name, const QStringList& patterns) {
+        return name + QStringLiteral(" (") + patterns.join(u' ') + u')';
+    };
+    dialog.setNameFilters({entry(request.filterName, request.patterns),
+                           entry(AllFilesFilter, {QStringLiteral("*")})});
     if (request.save) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);

@@ -24,6 +24,9 @@ struct FileNameRequest {
     QStringList patterns; // its patterns, e.g. {"*.txt", "*.dic"}; empty: every file
 };
 
+// The second filter entry of every file dialog, after the request's own.
+inline const QString AllFilesFilter = QStringLiteral("All files (*)");
+
 // Shows a file dialog for the request and returns the chosen path, or "" when the player
 // cancelled or the dialog failed.
 using FileNameRunner = std::function<QString(const FileNameRequest&)>;

@@ -1,9 +1,12 @@
 // The help window; see form4.h.
 #include "ui/form4.h"
 
+#include "core/regularfile.h"
 #include "core/settings.h"
 #include "core/twips.h"
+#include "ui/helpdocument.h"
 #include "ui/helprules.h"
+#include "ui/kitaccessible.h"
 #include "ui/programicon.h"
 
 #include <QGuiApplication>
@@ -28,11 +31,40 @@ QFont arial(qreal points) {
     return font;
 }
 
+// The browser of the help window: every local file it asks for is read only through the
+// bounded reads, the page itself through the window's LoadedPage.
+class HelpBrowser : public QTextBrowser {
+public:
+    HelpBrowser(HelpPage::LoadedPage& page, QWidget* parent)
+        : QTextBrowser(parent)
+        , m_page(page) {}
+
+    QVariant loadResource(int type, const QUrl& name) override {
+        const QUrl url = name.isRelative() ? source().resolved(name) : name;
+        if (!url.isLocalFile())
+            return QTextBrowser::loadResource(type, name);
+        const QString path = url.toLocalFile();
+        if (type == QTextDocument::HtmlResource)
+            return m_page.text(path);
+        if (type == QTextDocument::ImageResource) {
+            RegularFileRead picture = readRegularFile(path, HelpPage::MaxBytes);
+            if (picture.status == RegularFileRead::Status::Read)
+                return std::move(picture.bytes);
+        }
+        return QVariant();
+    }
+
+private:
+    HelpPage::LoadedPage& m_page;
+};
+
 } // namespace
 
 Form4::Form4(QWidget* parent)
-    : QWidget(parent, Qt::Window) {
+    : QWidget(parent, Qt::Window)
+    , m_page(helpTableDepth) {
     setObjectName(QStringLiteral("Form4"));
+    installKitAccessibility();
     setWindowTitle(QStringLiteral("Pentalink Help"));
     setWindowIcon(programIcon());
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -49,7 +81,7 @@ Form4::Form4(QWidget* parent)
     connect(m_forward, &QPushButton::clicked, this, &Form4::Command2Click);
     connect(m_exit, &QPushButton::clicked, this, &Form4::Command3Click);
 
-    m_browser = new QTextBrowser(this);
+    m_browser = new HelpBrowser(m_page, this);
     m_browser->setObjectName(QStringLiteral("WebBrowser1"));
     m_browser->setGeometry(Twips::toPixels(QRect(HelpRules::BrowserLeft, HelpRules::BrowserTop,
                                                  DesignedBrowserWidth, DesignedBrowserHeight)));
@@ -85,8 +117,13 @@ QPushButton* Form4::makeButton(const char* name, const QString& caption, int lef
 }
 
 void Form4::activated() {
-    // Navigating to the plain page address scrolls to the top even when it is already shown.
-    m_browser->setSource(HelpRules::pageAddress(m_pagePath));
+    // Navigating to the plain page address scrolls to the top even when it is already shown;
+    // the browser reads the page again only when it is told to, and only when the file
+    // changed is it told.
+    const QUrl page = HelpRules::pageAddress(m_pagePath);
+    if (m_browser->source().adjusted(QUrl::RemoveFragment) == page && m_page.changed(m_pagePath))
+        m_browser->reload();
+    m_browser->setSource(page);
     const SchemeLook look = m_look ? m_look() : SchemeLook{};
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, OleTranslateColor(look.background));
@@ -94,6 +131,8 @@ void Form4::activated() {
     for (QPushButton* button : {m_back, m_forward, m_exit}) {
         QPalette face = button->palette();
         face.setColor(QPalette::Button, OleTranslateColor(look.button));
+        // The scheme decides the face, so the caption takes the fixed text colour.
+        face.setColor(QPalette::ButtonText, OleTranslateColor(Settings::DefaultTextColour));
         button->setPalette(face);
     }
 }

@@ -3,12 +3,17 @@
 // between uses.
 //
 // Every activation (the first showing included) shows the page from the top again and takes
-// the scheme's colours: colour 2 for the window, colour 4 for the button faces. Back and
+// the scheme's colours: colour 2 for the window, colour 4 for the button faces. The page is
+// read and laid out once per change of its file, and only within the bounds of HelpPage
+// (helppage.h): past them, or when it is no regular file, a short text says why instead. Pages
+// and pictures it links to on the local disk go through the same bounded reads; linked style
+// sheets are not loaded. Back and
 // Forward step through the browser's history only while the address shown points inside the
 // page (contains "#"); from the plain page they do nothing. Links to anything but a local file
 // open in the desktop's browser (QDesktopServices), never in this window.
 #pragma once
 
+#include "ui/helppage.h"
 #include "ui/schemelook.h"
 
 #include <QWidget>
@@ -53,6 +58,7 @@ protected:
 private:
     QPushButton* makeButton(const char* name, const QString& caption, int left);
 
+    HelpPage::LoadedPage m_page;
     QTextBrowser* m_browser = nullptr;
     QPushButton* m_back = nullptr;
     QPushButton* m_forward = nullptr;

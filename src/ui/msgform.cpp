@@ -127,8 +127,10 @@ void MsgForm::prepare(const QString& s, const QString& typ, qint64 BGCol, qint64
     labelPalette.setColor(QPalette::WindowText, OleTranslateColor(m_foreColor));
     m_label->setPalette(labelPalette);
 
-    // Button fonts: face, size and weight; their text colour is left alone.
+    // Button fonts: face, size and weight. Their captions take the message's text colour,
+    // which the program fixes like the faces, so a dark desktop cannot make them unreadable.
     for (BoxControl* button : m_cmd) {
+        button->setForeColor(m_foreColor);
         QFont buttonFont = button->Font();
         buttonFont.setFamily(m_fontName);
         buttonFont.setPointSizeF(font.pointSizeF());

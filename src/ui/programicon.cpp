@@ -2,6 +2,7 @@
 #include "ui/programicon.h"
 
 #include <QPainter>
+#include <QPen>
 #include <QPixmap>
 #include <QtMath>
 
@@ -21,12 +22,19 @@ QPolygonF programStar(qreal size) {
     return star;
 }
 
+qreal programOutlineWidth(qreal size) {
+    return size * 10.0 / 128.0;
+}
+
 QImage programIconImage(int size) {
     QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing, true);
-    p.setPen(Qt::NoPen);
+    // A white outline keeps the black star in sight on a dark panel.
+    QPen outline(Qt::white, programOutlineWidth(size));
+    outline.setJoinStyle(Qt::RoundJoin);
+    p.setPen(outline);
     p.setBrush(Qt::black);
     p.drawPolygon(programStar(size));
     return image;

@@ -10,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace {
 
 const QString AllCol = QStringLiteral("all.col");
@@ -170,7 +173,8 @@ TEST_F(ColourSchemeTest, DerivedColoursShiftTheBaseByTheContrastRoundingHalfToEv
 TEST_F(ColourSchemeTest, ListAppendReplaceAndDeleteWorkOnEverySectionWithThatHeader) {
     EXPECT_FALSE(m_scheme.ListSchemeNames().has_value()); // no collection: nothing to list
     m_scheme.DeriveScheme(packRgb(1, 2, 3), 100);
-    ASSERT_TRUE(m_scheme.AppendScheme(QStringLiteral("first"))); // creates the missing file
+    ASSERT_EQ(m_scheme.AppendScheme(QStringLiteral("first")),
+              SchemeEdit::Done); // creates the missing file
     const QStringList first = section(QStringLiteral("first.col"), stored());
     EXPECT_EQ(collection(), bytes(first));
 
@@ -178,7 +182,7 @@ TEST_F(ColourSchemeTest, ListAppendReplaceAndDeleteWorkOnEverySectionWithThatHea
     m_folder.write(AllCol, bytes(first).chopped(2));
     ASSERT_TRUE(m_scheme.DeriveScheme(packRgb(200, 180, 160), 80));
     const Colours derived = stored();
-    ASSERT_TRUE(m_scheme.AppendScheme(QStringLiteral("Warm Sand")));
+    ASSERT_EQ(m_scheme.AppendScheme(QStringLiteral("Warm Sand")), SchemeEdit::Done);
     const QStringList sand = section(QStringLiteral("warm sand.col"), derived);
     EXPECT_EQ(collection(), bytes(first + sand));
     m_scheme.SchemeColours.fill(0);
@@ -195,24 +199,26 @@ TEST_F(ColourSchemeTest, ListAppendReplaceAndDeleteWorkOnEverySectionWithThatHea
     EXPECT_EQ(m_scheme.ListSchemeNames(),
               (QStringList{"sea", "first", "a note about x", "sea", "Capital"}));
     m_scheme.DeriveScheme(packRgb(90, 160, 220), 100);
-    ASSERT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("Sea")));
+    ASSERT_EQ(m_scheme.ReplaceScheme(QStringLiteral("Sea")), SchemeEdit::Done);
     const QStringList fresh = section(QStringLiteral("sea.col"), stored());
     EXPECT_EQ(collection(), bytes(fresh + first + note + fresh + capital));
     // The scratch copy stays, holding the same collection.
     EXPECT_EQ(m_folder.read(QStringLiteral("newall.cox")), collection());
-    ASSERT_TRUE(m_scheme.DeleteScheme(QStringLiteral("SEA")));
+    ASSERT_EQ(m_scheme.DeleteScheme(QStringLiteral("SEA")), SchemeEdit::Done);
     EXPECT_EQ(collection(), bytes(first + note + capital));
-    // Absent names rewrite the same file and succeed; "Capital" is searched as "capital.col".
-    EXPECT_TRUE(m_scheme.ReplaceScheme(QStringLiteral("Capital")));
-    EXPECT_TRUE(m_scheme.DeleteScheme(QStringLiteral("nothing")));
+    // Absent names are not found and write nothing; "Capital" is searched as "capital.col".
+    QFile::remove(m_scheme.scratchPath());
+    EXPECT_EQ(m_scheme.ReplaceScheme(QStringLiteral("Capital")), SchemeEdit::NotFound);
+    EXPECT_EQ(m_scheme.DeleteScheme(QStringLiteral("nothing")), SchemeEdit::NotFound);
     EXPECT_EQ(collection(), bytes(first + note + capital));
+    EXPECT_FALSE(QFile::exists(m_scheme.scratchPath()));
 
     // A rewrite normalises line ends and encoding but keeps every line: "cafe notes" with a
     // Windows-1252 e-acute, then LF line ends.
     m_folder.write(AllCol, QByteArray::fromHex("636166e9206e6f7465730a") +
                                bytes(first).replace("\r\n", "\n"));
-    ASSERT_TRUE(m_scheme.DeleteScheme(QStringLiteral("none")));
-    EXPECT_EQ(collection(), QByteArray::fromHex("636166c3a9206e6f7465730d0a") + bytes(first));
+    ASSERT_EQ(m_scheme.DeleteScheme(QStringLiteral("first")), SchemeEdit::Done);
+    EXPECT_EQ(collection(), QByteArray::fromHex("636166c3a9206e6f7465730d0a"));
 }
 
 TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
@@ -244,10 +250,11 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
         const char* name = "sea";
     } rows[] = {
         {"colours 2 and 4 are system colours", systemColours, false, false, true},
-        {"system colours, a name with no section", systemColours, false, true, true, "nosuch"},
+        // A name with no section is not found: nothing is written, whatever the colours.
+        {"system colours, a name with no section", systemColours, false, false, false, "nosuch"},
         // Found by fuzz_schemes: the header split into two lines and shifted the colours.
-        {"a name with CR LF", {}, false, true, true, " 233; 216\r\n 254"},
-        {"a name with CR", {}, false, true, true, "c\r"},
+        {"a name with CR LF", {}, false, false, false, " 233; 216\r\n 254"},
+        {"a name with CR", {}, false, false, false, "c\r"},
         {"the matching section cut short", cutShort, true, false, false, "sea2"},
         {"another section cut short", cutShort, true, true, true}, // carried as plain lines
         {"the scratch copy a folder", [&] { QDir().mkdir(m_scheme.scratchPath()); }, true, false,
@@ -267,9 +274,10 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
     for (const auto& row : rows) {
         const QString name = QString::fromLatin1(row.name);
         const std::pair<std::function<bool()>, bool> operations[] = {
-            {[&] { return m_scheme.AppendScheme(name); }, row.append},
-            {[&] { return m_scheme.ReplaceScheme(name); }, row.replace},
-            {[&] { return m_scheme.DeleteScheme(name); }, row.remove},
+            // Append takes a name of its own: one the file lists is refused as existing.
+            {[&] { return m_scheme.AppendScheme(name + " new") == SchemeEdit::Done; }, row.append},
+            {[&] { return m_scheme.ReplaceScheme(name) == SchemeEdit::Done; }, row.replace},
+            {[&] { return m_scheme.DeleteScheme(name) == SchemeEdit::Done; }, row.remove},
         };
         for (const auto& [operation, succeeds] : operations) {
             QDir(all).removeRecursively();
@@ -286,6 +294,34 @@ TEST_F(ColourSchemeTest, ARefusedRewriteLeavesTheCollectionAsItWas) {
             }
         }
     }
+}
+
+// Two running copies of the game adding schemes at the same moment: each edit reads and
+// rewrites the whole file, so without the lock one copy's schemes would be lost.
+TEST(SchemeLock, TwoProcessesAddingAtOnceKeepEveryScheme) {
+    const TestFolder folder;
+    constexpr int PerProcess = 25;
+    pid_t children[2] = {};
+    for (pid_t& child : children) {
+        child = fork();
+        if (child == 0) {
+            Settings settings = Settings::forFolder(folder.path());
+            ColourScheme scheme(settings);
+            bool added = true;
+            for (int n = 0; n < PerProcess; ++n)
+                added &= scheme.AppendScheme(QStringLiteral("%1-%2").arg(getpid()).arg(n)) ==
+                         SchemeEdit::Done;
+            _exit(added ? 0 : 1);
+        }
+    }
+    for (const pid_t child : children) {
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    }
+    Settings settings = Settings::forFolder(folder.path());
+    EXPECT_EQ(ColourScheme(settings).ListSchemeNames().value_or(QStringList()).size(),
+              2 * PerProcess);
 }
 
 } // namespace

@@ -14,7 +14,12 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QTimer>
+#include <QWheelEvent>
+
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -36,10 +41,12 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
                    "01-31-2010 17:05:09\r\nxp.col\r\nenglish1.txt\r\nliberation serif\r\n 18 \r\n");
     Form1& form = start();
     Form6& options = *form.optionsWindow();
-    // A font list far longer than the list shows, whatever fonts the machine has.
+    // A font list far longer than the list shows, whatever fonts the machine has, with families
+    // listed once per foundry as fontconfig does.
     QStringList fonts{QStringLiteral("Liberation Serif"), QStringLiteral("DejaVu Sans")};
     for (int i = 0; i < 40; ++i)
-        fonts << QStringLiteral("A%1").arg(i) << QStringLiteral("Z%1").arg(i);
+        fonts << QStringLiteral("A%1 [urw]").arg(i) << QStringLiteral("A%1 [UKWN]").arg(i)
+              << QStringLiteral("Z%1").arg(i);
     options.model().fillFontList(fonts);
 
     bool ran = false;
@@ -51,6 +58,7 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         ASSERT_NE(fontList->currentItem(), nullptr);
         EXPECT_EQ(fontList->currentItem()->text(), QStringLiteral("Liberation Serif"));
         EXPECT_EQ(fontList->visualItemRect(fontList->currentItem()).top(), 0); // scrolled to top
+        EXPECT_EQ(fontList->count(), 82); // one entry per family, by its name alone
         EXPECT_EQ(options.fontSample()->font().pointSize(), 18);
 
         // Narrow, the editor lies beyond the right edge and the edge says so; widened, it shows.
@@ -60,9 +68,38 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         EXPECT_TRUE(options.rect().contains(options.addButton()->geometry()));
         EXPECT_FALSE(options.editorHint()->isVisible());
 
+        // Focus makes a row current but nothing looks chosen.
+        const QImage unfocused = options.schemeList()->viewport()->grab().toImage();
+        options.schemeList()->setFocus();
+        QApplication::processEvents();
+        EXPECT_EQ(options.schemeList()->viewport()->grab().toImage(), unfocused);
+        // The bars count up toward the top: arrow, groove, key and wheel alike.
+        ColPik* picker = options.picker();
+        QScrollBar* red = picker->bar(ColourPicker::Red);
+        const auto wheel = [red](int delta) {
+            QWheelEvent event({5, 50}, red->mapToGlobal(QPointF(5, 50)), {}, {0, delta},
+                              Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(red, &event);
+        };
+        using Bar = QScrollBar;
+        const std::pair<std::function<void()>, int> moves[] = {
+            {[red] { red->triggerAction(Bar::SliderSingleStepSub); }, 1}, // up arrow
+            {[red] { red->triggerAction(Bar::SliderPageStepSub); }, 1},   // groove above
+            {[red] { QTest::keyClick(red, Qt::Key_Up); }, 1},
+            {[&wheel] { wheel(120); }, 1},
+            {[red] { red->triggerAction(Bar::SliderSingleStepAdd); }, -1}, // down arrow
+            {[red] { QTest::keyClick(red, Qt::Key_Down); }, -1},
+            {[&wheel] { wheel(-120); }, -1},
+        };
+        for (const auto& [move, sign] : moves) {
+            picker->setSchemeColor(packRgb(100, 0, 0));
+            move();
+            const int now = RedByte(picker->SchemeColor());
+            EXPECT_EQ((now > 100) - (now < 100), sign);
+        }
+
         // A click on a palette cell selects its colour, and colour 2 follows; View derives.
         clickRow(options.schemeList(), QStringLiteral("ocean"));
-        ColPik* picker = options.picker();
         const QPointF cell = QRectF(PickerColours::paletteRect(4, 2)).center() / 15.0;
         click(picker, cell.toPoint());
         EXPECT_EQ(m_scheme.SchemeColours[2], packRgb(255, 0, 255));
@@ -82,6 +119,15 @@ TEST_F(OptionsWindowTest, ChooseEditAddAndApplyASchemeThroughTheWindow) {
         clickRow(options.schemeList(), QStringLiteral("orchid"));
         click(options.applyButton());
         EXPECT_TRUE(options.isVisible());
+        // Tab goes Exit, Apply, the lists, then the editor's buttons.
+        options.exitButton()->setFocus(Qt::TabFocusReason);
+        QStringList order;
+        for (int n = 0; n < 9; ++n) {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(order.join(u' '),
+                  "Command2 Command1 List1 List2 ShowSch RepSch DelSch AddSch Command2");
         click(options.exitButton());
     });
     form.menu().options->trigger();

@@ -9,6 +9,7 @@
 
 #include "support/schemefixture.h"
 
+#include <QLockFile>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -132,6 +133,9 @@ TEST_F(OptionsTest, StartUpListsSortedIgnoringCaseAndKeepsThemWhenTheFileCannotB
     m_folder.write(QStringLiteral("all.col"), "no sections here\r\n");
     m_model.fillSchemeList(); // read, and empty
     EXPECT_TRUE(m_model.schemeNames().isEmpty());
+    // A family listed once per foundry is one entry, by its name alone.
+    m_model.fillFontList({"C059 [urw]", "c059 [UKWN]", "D050000L [URW ]", "Noto Sans"});
+    EXPECT_EQ(m_model.fontNames(), (QStringList{"C059", "D050000L", "Noto Sans"}));
 }
 
 TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
@@ -191,6 +195,71 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         const bool refilled = headers() != before;
         EXPECT_EQ(m_model.schemeText(), refilled ? QString() : QString::fromLatin1(row.selected));
         EXPECT_EQ(m_model.schemeNames().size(), headers().size());
+    }
+}
+
+// Another running copy of the game changed the file after this window listed it: every edit
+// is decided on the file, and a copy still editing makes the edit wait, then say so.
+TEST_F(OptionsTest, EditsFollowTheFileAnotherCopyChangedAndWaitForItsLock) {
+    Settings theirSettings = m_settings;
+    ColourScheme theirs(theirSettings);
+    const QString busy = QStringLiteral("The color schemes are being changed by another copy of "
+                                        "Pentalink.\nPlease try again.");
+    const auto gone = [](const char* file) {
+        return QStringLiteral("Color Scheme: %1 is no longer in the collection; nothing was "
+                              "changed")
+            .arg(QLatin1StringView(file));
+    };
+    enum Flow { Add, Replace, Delete };
+    const struct {
+        Flow flow;
+        const char* name; // typed or selected
+        std::function<void()> elsewhere;
+        QString message;
+        QStringList headers;
+        QStringList listed;
+    } rows[] = {
+        {Add,
+         "Teal",
+         [&] { theirs.AppendScheme(QStringLiteral("teal")); },
+         "Color Scheme: Teal already exists",
+         {"xp.col", "ocean.col", "sand.col", "teal.col"},
+         {"ocean", "sand", "teal", "xp"}},
+        {Replace,
+         "sand",
+         [&] { theirs.DeleteScheme(QStringLiteral("sand")); },
+         gone("sand.col"),
+         {"xp.col", "ocean.col", "teal.col"},
+         {"ocean", "teal", "xp"}},
+        {Delete,
+         "ocean",
+         [&] { theirs.DeleteScheme(QStringLiteral("ocean")); },
+         gone("ocean.col"),
+         {"xp.col", "teal.col"},
+         {"teal", "xp"}},
+        {Add, "Mint", [] {}, busy, {"xp.col", "teal.col"}, {"teal", "xp"}},
+    };
+    m_model.fillSchemeList();
+    QLockFile theirLock(m_scheme.lockPath());
+    m_scheme.setLockWait(0);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        m_notifier.clear();
+        select(QString::fromLatin1(row.name));
+        row.elsewhere();
+        if (row.message == busy) {
+            ASSERT_TRUE(theirLock.tryLock(0));
+        }
+        if (row.flow == Add) {
+            m_notifier.queueText(QString::fromLatin1(row.name));
+            m_model.add();
+        } else {
+            m_notifier.queueAnswer(AnswerYes);
+            row.flow == Replace ? m_model.replace() : m_model.remove();
+        }
+        EXPECT_EQ(m_notifier.messages().last().text, row.message);
+        EXPECT_EQ(headers(), row.headers);
+        EXPECT_EQ(m_model.schemeNames(), row.listed);
     }
 }
 

@@ -3,7 +3,10 @@
 // About, and Exit against the close box, also during a search.
 #include "windowfixture.h"
 
+#include "support/fifowatch.h"
+
 #include "app/appsetup.h"
+#include "appearance/form6.h"
 #include "board/mainmenu.h"
 #include "ui/aboutform.h"
 #include "ui/fndialog.h"
@@ -15,8 +18,11 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QTimer>
+
+#include <optional>
 
 namespace {
 
@@ -146,13 +152,24 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFontsAndFixedTextColoursOnADarkDes
         w->ensurePolished();
         return w->palette().color(QPalette::WindowText);
     };
-    EXPECT_EQ(style.text, QColor(28, 28, 28));
     for (const QColor& c : {style.letters, style.markers, text(form.statusLine()),
                             text(form.menuBar()), text(form.menu().fileMenu)})
         EXPECT_EQ(c, QColor(Qt::black));
+    // So are the captions on the scheme's button faces (message, Options, help).
+    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbYesNo"));
+    form.optionsWindow()->show();
+    form.helpCommand();
+    for (const QColor& c : {style.text, OleTranslateColor(m_msgForm.button(1)->ForeColor()),
+                            OleTranslateColor(form.optionsWindow()->applyButton()->ForeColor()),
+                            form.helpWindow()->Command1()->palette().color(QPalette::ButtonText)})
+        EXPECT_EQ(c, QColor(28, 28, 28));
+    form.optionsWindow()->hide();
     QApplication::setPalette(desktop);
 
-    // "My Default.col" leaves the menu bar as it is; any other scheme paints it.
+    // "My Default.col" leaves the menu bar as it is; any other scheme paints it. The fixed
+    // window keeps its size.
+    QApplication::processEvents();
+    const QSize size = form.size();
     const QColor before = background(form.menuBar());
     m_scheme.SchemeColours[3] = 0x0000FF; // a red that would show
     m_settings.ActiveSchemeFile = QStringLiteral("My Default.col");
@@ -161,6 +178,8 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFontsAndFixedTextColoursOnADarkDes
     m_settings.ActiveSchemeFile = QStringLiteral("plain.col");
     form.SetCol();
     EXPECT_EQ(background(form.menuBar()), QColor(255, 0, 0));
+    QApplication::processEvents();
+    EXPECT_EQ(form.size(), size);
 }
 
 TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) {
@@ -176,27 +195,45 @@ TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) 
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+// Start-up without usable schemes or dictionary: the files missing, or a FIFO at each of the
+// program's file names, which nothing opens (the window thread would wait for a writer for
+// ever); each counts as missing or damaged, as its own rules say.
 TEST_F(Form1Test, StartUpWithoutSchemesOrDictionaryGoesOnAndEveryMessageHasTheNormalPointer) {
-    QFile::remove(m_folder.file(QStringLiteral("all.col")));
-    QFile::remove(m_folder.file(QStringLiteral("english1.txt")));
-    QList<Qt::CursorShape> shapes;
-    m_notifier.duringMessage = [&] {
-        const QCursor* pointer = QApplication::overrideCursor();
-        shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
-    };
-    Form1& form = start();
-    form.menu().create->trigger();
-    m_notifier.duringMessage = {};
-    ASSERT_EQ(m_notifier.texts().size(), 3);
-    EXPECT_EQ(m_notifier.texts()[0], QStringLiteral("Colour Scheme: xp.col not found"));
-    EXPECT_TRUE(m_notifier.texts()[1].startsWith(QStringLiteral("Unable to read")));
-    EXPECT_EQ(m_notifier.texts()[2], QStringLiteral("No Dictioary Loaded"));
-    EXPECT_EQ(shapes, QList<Qt::CursorShape>(3, Qt::ArrowCursor));
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    // The window paints in the built-in xp colours, not black.
-    EXPECT_EQ(form.boardView().boardStyle().ground, OleTranslateColor(ColourScheme::BuiltInXp[2]));
-    EXPECT_EQ(form.boardView().boardStyle().tileFace,
-              OleTranslateColor(ColourScheme::BuiltInXp[4]));
+    for (const bool fifos : {false, true}) {
+        SCOPED_TRACE(fifos ? "FIFOs" : "missing");
+        QFile::remove(m_folder.file(QStringLiteral("all.col")));
+        QFile::remove(m_folder.file(QStringLiteral("english1.txt")));
+        std::optional<FifoWatch> watch;
+        if (fifos)
+            watch.emplace(QStringList{m_folder.file("all.col"), m_folder.file("pentalink.cfg"),
+                                      m_folder.file("pentalink.htm"),
+                                      m_folder.file("english1.txt")});
+        m_notifier.clear();
+        QList<Qt::CursorShape> shapes;
+        m_notifier.duringMessage = [&] {
+            const QCursor* pointer = QApplication::overrideCursor();
+            shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
+        };
+        Form1& form = start();
+        form.menu().create->trigger();
+        m_notifier.duringMessage = {};
+        ASSERT_EQ(m_notifier.texts().size(), 3);
+        EXPECT_EQ(m_notifier.texts()[0], QStringLiteral("Colour Scheme: xp.col not found"));
+        EXPECT_TRUE(m_notifier.texts()[1].startsWith(QStringLiteral("Unable to read")));
+        EXPECT_EQ(m_notifier.texts()[2], QStringLiteral("No Dictioary Loaded"));
+        EXPECT_EQ(shapes, QList<Qt::CursorShape>(3, Qt::ArrowCursor));
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        // The window paints in the built-in xp colours, not black.
+        EXPECT_EQ(form.boardView().boardStyle().ground,
+                  OleTranslateColor(ColourScheme::BuiltInXp[2]));
+        EXPECT_EQ(form.boardView().boardStyle().tileFace,
+                  OleTranslateColor(ColourScheme::BuiltInXp[4]));
+        form.menu().help->trigger();
+        EXPECT_EQ(form.helpWindow()->WebBrowser1()->toPlainText().contains(
+                      QStringLiteral("is not shown: it is not a regular file")),
+                  fifos);
+        EXPECT_EQ(watch ? watch->opened() : 0, 0);
+    }
 }
 
 TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {

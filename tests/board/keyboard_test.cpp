@@ -23,6 +23,8 @@ FocusItem M(int k) {
     return FocusItem::marker(k);
 }
 
+const BoardState Empty; // no word placed
+
 } // namespace
 
 TEST(BoardFocus, TabCyclesTilesMarkersAndButtonsBothWays) {
@@ -36,15 +38,15 @@ TEST(BoardFocus, TabCyclesTilesMarkersAndButtonsBothWays) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << int(row.from.kind) << ":" << row.from.index);
-        EXPECT_EQ(BoardFocus::tabFrom(row.from, false), row.forwards);
-        EXPECT_EQ(BoardFocus::tabFrom(row.from, true), row.backwards);
+        EXPECT_EQ(BoardFocus::tabFrom(row.from, false, Empty), row.forwards);
+        EXPECT_EQ(BoardFocus::tabFrom(row.from, true, Empty), row.backwards);
     }
     // Twenty-two steps come back to the start and pass every item once.
     std::set<std::pair<int, int>> seen;
     FocusItem at = T(1);
     for (int n = 0; n < BoardFocus::ItemCount; ++n) {
         seen.insert({int(at.kind), at.index});
-        at = BoardFocus::tabFrom(at, false);
+        at = BoardFocus::tabFrom(at, false, Empty);
     }
     EXPECT_EQ(at, T(1));
     EXPECT_EQ(seen.size(), size_t(BoardFocus::ItemCount));
@@ -66,7 +68,7 @@ TEST(BoardFocus, ArrowsGoToTheNearestItemThatWayAndReachEverything) {
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message()
                      << int(row.from.kind) << ":" << row.from.index << " " << int(row.direction));
-        EXPECT_EQ(BoardFocus::nearest(row.from, row.direction), row.to);
+        EXPECT_EQ(BoardFocus::nearest(row.from, row.direction, Empty), row.to);
     }
     // From the first tile the arrows alone reach all 22 items.
     std::set<std::pair<int, int>> reached{{int(FocusKind::Tile), 1}};
@@ -75,7 +77,7 @@ TEST(BoardFocus, ArrowsGoToTheNearestItemThatWayAndReachEverything) {
         const FocusItem at = queue.front();
         queue.pop_front();
         for (const D d : {D::Left, D::Right, D::Up, D::Down}) {
-            const auto next = BoardFocus::nearest(at, d);
+            const auto next = BoardFocus::nearest(at, d, Empty);
             if (next && reached.insert({int(next->kind), next->index}).second)
                 queue.push_back(*next);
         }
@@ -101,6 +103,25 @@ TEST_F(Keyboard, ALetterJumpsToTheNextTileWhoseWordStartsWithIt) {
     }
     m_board.apply(Move::searchStarted()); // blank tiles match nothing
     EXPECT_EQ(BoardFocus::letterJump(T(1), u'g', m_board.state()), std::nullopt);
+}
+
+TEST_F(Keyboard, TabArrowsAndLettersPassPlacedTilesBy) {
+    place(Gnaw, GnawOn);
+    place(Pony, PonyOn);
+    const BoardState& b = m_board.state();
+    const struct {
+        std::optional<FocusItem> got;
+        FocusItem expected;
+    } rows[] = {
+        {BoardFocus::tabFrom(Create, false, b), T(2)},
+        {BoardFocus::tabFrom(T(2), true, b), Create},
+        {BoardFocus::tabFrom(T(5), false, b), T(7)},
+        {BoardFocus::nearest(T(2), FocusDirection::Down, b), T(5)},
+        {BoardFocus::letterJump(T(4), u'g', b), T(2)},
+        {BoardFocus::letterJump(T(5), u'p', b), T(5)},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.got, row.expected) << row.expected.index;
 }
 
 TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
@@ -145,10 +166,17 @@ TEST_F(Keyboard, NamesSayWhatTheBoardMeansNotHowItLooks) {
         {BoardSpeech::tileName(b, Gnaw), "word gnaw, selected"},
         {BoardSpeech::tileName(b, Goad), "word goad, available"},
         {BoardSpeech::tileName(b, Pony), "word pony, placed"},
-        {BoardSpeech::markerName(b, PonyOn), "start 3, holds pony"},
-        {BoardSpeech::markerName(b, GnawOn), "start 2, empty"},
-        {BoardSpeech::cellName(b, 1), "cell 2, p"},
-        {BoardSpeech::cellName(b, 0), "cell 1, empty"},
+        {BoardSpeech::markerName(b, PonyOn),
+         "start 3, holds pony, left tip to right tip, fills cells 2, 3, 4, 5: p, o, n, y"},
+        {BoardSpeech::markerName(b, GnawOn),
+         "start 2, empty, top tip to bottom right tip, fills cells 1, 4, 7, 10: blank, n, blank, "
+         "blank"},
+        {BoardSpeech::cellName(b, 1), "cell 2, p, left tip of the lines left to right and left "
+                                      "to bottom right"},
+        {BoardSpeech::cellName(b, 0), "cell 1, empty, top tip of the lines top to bottom left "
+                                      "and top to bottom right"},
+        {BoardSpeech::cellName(b, 7), "cell 8, empty, bottom crossing of the lines left to "
+                                      "bottom right and right to bottom left"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.name, QString::fromLatin1(row.expected));

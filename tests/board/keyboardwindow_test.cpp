@@ -4,6 +4,7 @@
 // colour scheme.
 #include "windowfixture.h"
 
+#include "appearance/form6.h"
 #include "board/boardaccessible.h"
 #include "board/boardgeometry.h"
 #include "board/keyboardplay.h"
@@ -14,6 +15,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 
 namespace {
 
@@ -114,6 +116,46 @@ TEST_F(KeyboardWindowTest, AWholeGameWithKeysAlone) {
     m_notifier.queueAnswer(AnswerNo);
     type(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(m_notifier.texts(), QStringList({"All Done!", "Clear all User Entries?", "Exit?"}));
+
+    // F10 opens the first menu, Alt with a caption's first letter its menu, its first entry lit.
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers mods;
+        QMenu* menu;
+    } openers[] = {{Qt::Key_F10, {}, menu.fileMenu},
+                   {Qt::Key_F, Qt::AltModifier, menu.fileMenu},
+                   {Qt::Key_P, Qt::AltModifier, menu.puzzleMenu}};
+    for (const auto& o : openers) {
+        type(o.key, o.mods);
+        EXPECT_TRUE(o.menu->isVisible()) << o.menu->title().toStdString();
+        EXPECT_EQ(o.menu->activeAction(), o.menu->actions().value(0));
+        const QImage shown = o.menu->grab().toImage();
+        const auto at = [&o](int n) {
+            const QRect entry = o.menu->actionGeometry(o.menu->actions()[n]);
+            return QPoint(entry.left() + 2, entry.center().y());
+        };
+        EXPECT_NE(shown.pixel(at(0)), shown.pixel(at(1)));
+        o.menu->hide();
+    }
+    EXPECT_EQ(menu.fileMenu->title(), QStringLiteral("File"));
+}
+
+// What a screen reader finds wrong below `node`: a hidden widget, or a control a player can
+// reach (or a button) without a name. Drop-down menus show when opened.
+QStringList unnamedOrHidden(QAccessibleInterface* node) {
+    QStringList found;
+    if (node->role() == QAccessible::PopupMenu)
+        return found;
+    const QObject* object = node->object();
+    const QString what = object ? object->objectName() : QString::number(node->role());
+    if (object && object->isWidgetType() && !static_cast<const QWidget*>(object)->isVisible())
+        found << what + QStringLiteral(" hidden");
+    if ((node->state().focusable || node->role() == QAccessible::Button) &&
+        node->text(QAccessible::Name).isEmpty())
+        found << what + QStringLiteral(" unnamed");
+    for (int i = 0; i < node->childCount(); ++i)
+        found << unnamedOrHidden(node->child(i));
+    return found;
 }
 
 TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
@@ -144,9 +186,11 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
     }
     EXPECT_EQ(tree, "cccccccccc txttsttt mmmmmmm*mmm");
     const QStringList some = {names[0], names[1], names[10], names[11], names[14], names[24]};
-    EXPECT_EQ(some.join(u'|').toStdString(), "cell 1, k|cell 2, empty|word hawk, available|"
-                                             "word heck, placed|word peek, selected|"
-                                             "start 7, holds heck");
+    EXPECT_EQ(some.join(u'|').toStdString(),
+              "cell 1, k, top tip of the lines top to bottom left and top to bottom right|"
+              "cell 2, empty, left tip of the lines left to right and left to bottom right|"
+              "word hawk, available|word heck, placed|word peek, selected|start 7, holds heck, "
+              "bottom left tip to top tip, fills cells 9, 6, 3, 1: h, e, c, k");
     EXPECT_EQ(root->focusChild(), root->child(24));
     const QPoint tile3 = root->child(12)->rect().center();
     EXPECT_EQ(root->childAt(tile3.x(), tile3.y()), root->child(12));
@@ -164,6 +208,23 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
     EXPECT_EQ(reset->role(), QAccessible::Button);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(m_form->statusLine())->text(QAccessible::Name),
               m_form->statusLine()->text());
+
+    // In every window each control a player can reach has a name, a button its caption's, and
+    // nothing hidden is in the tree.
+    Form6& options = *m_form->optionsWindow();
+    options.show();
+    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
+    m_msgForm.show();
+    for (QWidget* window : std::initializer_list<QWidget*>{m_form.get(), &options, &m_msgForm}) {
+        EXPECT_EQ(unnamedOrHidden(QAccessible::queryAccessibleInterface(window)).join(u','), "")
+            << window->objectName().toStdString();
+    }
+    for (BoxControl* button : {options.applyButton(), m_msgForm.button(1)}) {
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name),
+                  button->Caption());
+    }
+    m_msgForm.hide();
+    options.hide();
 }
 
 TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme) {
@@ -185,9 +246,10 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
         for (const int x : {tile2.left() - 1, tile2.left() - 2})
             EXPECT_GE(contrastRatio(board.pixelColor(x, y), ground), 3.0) << x;
         EXPECT_EQ(board.pixelColor(tile2.left() - 3, y), ground);
-        // The selected look: the tile's border against its face.
-        EXPECT_GE(contrastRatio(board.pixelColor(tile2.left(), y), face), 3.0);
-        EXPECT_EQ(board.pixelColor(tile2.left() + 2, y), face);
+        // The selected look: the tile's wide border against its face.
+        for (int x = tile2.left(); x < tile2.left() + SelectedBorderPixels; ++x)
+            EXPECT_GE(contrastRatio(board.pixelColor(x, y), face), 3.0);
+        EXPECT_EQ(board.pixelColor(tile2.left() + SelectedBorderPixels, y), face);
 
         m_form->keyboard().focusOn(FocusItem::button(BoardButton::Create));
         const QImage button = m_form->cmdcreate()->grab().toImage();

@@ -6,6 +6,7 @@
 #include "support/writefault.h"
 
 #include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -158,6 +159,24 @@ TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithTwo) {
     }
 }
 
+// A PENTALINK_HOME that is not valid UTF-8 names no folder the programs could use: both stop
+// and say why, rather than work in another folder.
+TEST_F(PentalinkGenTest, AHomeThatIsNotUtf8StopsBothProgramsWithTheReason) {
+    qputenv("PENTALINK_HOME", QFile::encodeName(m_folder.path()) + "games\xff");
+    const std::pair<QString, int> rows[] = {
+        {QStringLiteral(PENTALINK_GEN_PATH), 2},
+#ifdef PENTALINK_GAME_PATH
+        {QStringLiteral(PENTALINK_GAME_PATH), 1},
+#endif
+    };
+    for (const auto& [program, exitCode] : rows) {
+        const GenRun run = runGen({}, program);
+        EXPECT_EQ(run.exitCode, exitCode) << program.toStdString();
+        EXPECT_TRUE(run.err.contains(QStringLiteral("PENTALINK_HOME is not valid UTF-8")))
+            << run.err.toStdString();
+    }
+}
+
 // A booklet holds the puzzles --format=json gives for the same seed and count, each puzzle's
 // words in the game's order on the puzzle pages and again on the answer pages; the paper
 // follows the locale unless --paper says; it needs no display and embeds its fonts.
@@ -260,6 +279,7 @@ TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
         QString contains;
     } rows[] = {
         {game, {"--help"}, "Usage: pentalink [OPTION]...\n", "\n  -V, --version  output version"},
+        {game, {"--help"}, "Usage: pentalink [OPTION]...\n", "(File > Help)"},
         {game, {"-h", "--version"}, "Usage: pentalink [OPTION]...\n", "\n  -h, --help     display"},
         {game, {"--bogus", "--version"}, "pentalink" + version, "NO WARRANTY"},
         {game, {"-V"}, "pentalink" + version, ""},

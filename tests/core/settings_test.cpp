@@ -1,14 +1,18 @@
 // The program folder and its seeding, the command line, the file-presence test and the choice
 // of the start-up dictionary.
 #include "core/appfolder.h"
+#include "core/atomicwrite.h"
 #include "core/commandline.h"
 #include "core/configfile.h"
 #include "core/fileexists.h"
 #include "core/settings.h"
 
+#include "support/fifowatch.h"
+#include "support/peakgrowth.h"
 #include "support/recordingnotifier.h"
 #include "support/testfolder.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -30,6 +34,35 @@ TEST(AppFolder, FollowsPentalinkHomeCreatingAndSeedingItAndEndsInSlash) {
     EXPECT_TRUE(QFileInfo(nested).isDir());
     for (const QString& name : {QStringLiteral("all.col"), QStringLiteral("english1.txt")})
         EXPECT_TRUE(QFileInfo(nested + u'/' + name).size() > 0) << name.toStdString();
+}
+
+// Leftovers of writes a kill interrupted go at start-up: only temporary files of the
+// program's own names, and only old ones (another running copy may be writing a fresh one).
+TEST(AppFolder, RemovesOnlyStaleTemporariesOfItsOwnFiles) {
+    const TestFolder folder;
+    const QDateTime old = QDateTime::currentDateTime().addSecs(-StaleTemporarySeconds - 60);
+    const struct {
+        const char* name;
+        bool old;
+        bool removed;
+    } rows[] = {
+        {"all.col.Ab12Cd", true, true},    {"pentalink.cfg.zzzzzz", true, true},
+        {"newall.cox.000000", true, true}, {"all.col.Xy34Ef", false, false},
+        {"all.col.Ab12C", true, false},    {"all.col.Ab-2Cd", true, false},
+        {"notes.txt.Ab12Cd", true, false}, {"all.col", true, false},
+    };
+    for (const auto& row : rows) {
+        QFile file(folder.file(QString::fromLatin1(row.name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("x") == 1 && file.flush());
+        if (row.old) {
+            ASSERT_TRUE(file.setFileTime(old, QFileDevice::FileModificationTime));
+        }
+    }
+    resetAppFolderForTests();
+    ASSERT_EQ(AppFolder(), folder.path());
+    for (const auto& row : rows)
+        EXPECT_NE(QFile::exists(folder.file(QString::fromLatin1(row.name))), row.removed)
+            << row.name;
 }
 
 // Two starts of an installed game: the first seeds an empty folder, the player then edits
@@ -79,6 +112,33 @@ TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
     seedProgramFolder(blocked, install.path());
     EXPECT_EQ(user.read(QStringLiteral("all.col")), "schemes");
     EXPECT_FALSE(QFileInfo::exists(blocked));
+}
+
+// Seeding reads only regular files, never waiting on a FIFO, and never more than any shipped
+// file could need: a help page as a link to /dev/zero was read until memory ran out.
+TEST(SeedProgramFolder, ReadsOnlyRegularFilesWithinABound) {
+    const TestFolder user;
+    const TestFolder install;
+    for (const QString& name : shippedDataFiles())
+        install.write(name, "v1 " + name.toUtf8());
+    {
+        const FifoWatch fifos({user.file("pentalink.htm"), user.file("all.col")});
+        seedProgramFolder(user.path(), install.path());
+        EXPECT_EQ(fifos.opened(), 0);
+    }
+    EXPECT_FALSE(QFileInfo(user.file("pentalink.htm")).isFile()); // left for its reader
+    EXPECT_EQ(user.read(QStringLiteral("english1.txt")), "v1 english1.txt");
+
+    QFile::remove(user.file("pentalink.htm"));
+    QFile huge(user.file("pentalink.htm"));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(64 << 20)); // sparse
+    huge.close();
+    const qint64 growth =
+        peakmemory::peakGrowth([&] { seedProgramFolder(user.path(), install.path()); });
+    if (growth >= 0) {
+        EXPECT_LT(growth, 16 << 20);
+    }
+    EXPECT_EQ(user.read(QStringLiteral("pentalink.htm")), "v1 pentalink.htm");
 }
 
 TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {

@@ -68,7 +68,7 @@ Write zipWrite(bool compress) {
 
 // Append writes the collection of the target folder itself; Replace and Delete work on the
 // earlier collection and fail at the scratch copy in the target folder.
-Write schemeWrite(bool (ColourScheme::*operation)(const QString&), bool append) {
+Write schemeWrite(SchemeEdit (ColourScheme::*operation)(const QString&), bool append) {
     return [=](const QString& folder, const QString& target, Notifier& notifier) {
         Settings settings = Settings::forFolder(target);
         if (!append)
@@ -76,7 +76,8 @@ Write schemeWrite(bool (ColourScheme::*operation)(const QString&), bool append) 
         ColourScheme scheme(settings);
         scheme.setNotifier(&notifier);
         scheme.DeriveScheme(packRgb(50, 60, 70), 100);
-        return QString::number((scheme.*operation)(QStringLiteral("sea")));
+        const QString name = append ? QStringLiteral("new") : QStringLiteral("sea");
+        return QString::number((scheme.*operation)(name) == SchemeEdit::Done);
     };
 }
 

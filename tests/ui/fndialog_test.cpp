@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -93,6 +94,9 @@ TEST(FNDialogRealDialog, OpenShowsTheRequestSaveAsksNoQuestionCancelGivesNothing
         const auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
         EXPECT_EQ(combo ? combo->currentText() : QString(),
                   QStringLiteral("Dictionary File (*.txt;*.dic)"));
+        EXPECT_EQ(combo ? combo->itemText(1) : QString(), QStringLiteral("All files (*)"));
+        const auto* model = dialog.findChild<QFileSystemModel*>(); // both patterns filter
+        EXPECT_EQ(model ? model->nameFilters() : QStringList(), (QStringList{"*.txt", "*.dic"}));
         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
         EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
         EXPECT_EQ(dialog.parentWidget(), &window);

@@ -6,7 +6,9 @@
 #include "support/testfolder.h"
 #include "ui/aboutform.h"
 #include "ui/boxcontrol.h"
+#include "ui/contrast.h"
 #include "ui/form4.h"
+#include "ui/helppage.h"
 #include "ui/msgform.h"
 #include "ui/programicon.h"
 
@@ -14,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -24,6 +27,8 @@
 #include <QTextBrowser>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -68,6 +73,10 @@ TEST(HelpPage, EverySectionIsReachedByAnInPageLinkAndEveryLinkHasItsTarget) {
         EXPECT_TRUE(names.contains(href)) << qPrintable(href);
     for (const QString& name : names)
         EXPECT_TRUE(hrefs.contains(name) || name == QStringLiteral("top")) << qPrintable(name);
+    // Where the page counts the shipped words, it counts the file's lines.
+    for (const QString& count : shippedMatches(QStringLiteral("pentalink.htm"), "(\\d+) common"))
+        EXPECT_EQ(count.toLongLong(),
+                  shippedMatches(QStringLiteral("english1.txt"), "(\n)").size());
 }
 
 class UrlRecorder : public QObject {
@@ -151,6 +160,54 @@ TEST(HelpWindow, WebLinksGoToTheDesktopStepsOnlyBetweenAnchorsAndActivationShows
     EXPECT_EQ(browser.geometry(), QRect(2, 28, 100, 340));
 }
 
+// What the window shows for pages the browser cannot lay out at once (each refused before it
+// reaches the browser, with the reason), and that a page is read once per change of its file.
+TEST(HelpWindow, EveryPageIsBoundedAndLaidOutOncePerChangeOfTheFile) {
+    TestFolder folder;
+    const QString page = folder.file(QStringLiteral("pentalink.htm"));
+    Form4 help;
+    help.setPagePath(page);
+    const QTextBrowser& browser = *help.WebBrowser1();
+    const QByteArray nested = QByteArray("<table><tr><td>").repeated(3000) + "deep";
+    const struct {
+        const char* what;
+        QByteArray content; // null: a FIFO
+        const char* shown;
+    } rows[] = {
+        {"3,000 nested tables", nested, "it has more than 2000 elements"},
+        {"5 nested tables", QByteArray("<table><tr><td>").repeated(5), "nested more than 4 deep"},
+        {"4 nested tables", QByteArray("<table><tr><td>").repeated(4) + "four", "four"},
+        // Found by fuzz_helppage: tables standing in a table outside its cells nest deeper.
+        {"tables outside cells", "<td>a</tr><td>b</table>c<td>d</table>e<td>f</table>g<td>",
+         "nested more than 4 deep"},
+        {"over 1 MB", QByteArray(HelpPage::MaxBytes + 1, ' '), "it is larger than 1 MB"},
+        {"a word of 3,000 letters", QByteArray(3000, 'w'), "that cannot be broken"},
+        {"2,001 list items", "<ul>" + QByteArray("<li>i").repeated(2001),
+         "more than 2000 elements"},
+        {"201 style rules", "<style>" + QByteArray("p{}").repeated(201), "more than 200 style"},
+        {"a FIFO", QByteArray(), "it is not a regular file"},
+        {"the shipped page", QByteArray(), "Pentalink Help"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        QFile::remove(page);
+        if (row.shown == std::string_view("Pentalink Help")) {
+            QFile::copy(shippedDataDir() + QStringLiteral("pentalink.htm"), page);
+        } else if (row.content.isNull()) {
+            ASSERT_EQ(mkfifo(QFile::encodeName(page).constData(), 0600), 0);
+        } else {
+            folder.write(QStringLiteral("pentalink.htm"), row.content);
+        }
+        help.activated();
+        EXPECT_TRUE(browser.toPlainText().contains(QString::fromLatin1(row.shown)))
+            << browser.toPlainText().left(200).toStdString();
+        // Shown again without a change of the file, the page is not laid out again.
+        const int revision = browser.document()->revision();
+        help.activated();
+        EXPECT_EQ(browser.document()->revision(), revision);
+    }
+}
+
 TEST(AboutForm, TakesTheSchemeAtEveryShowingWithTheFixedDarkGreyTextAndCloses) {
     SchemeLook look;
     AboutForm about;
@@ -198,6 +255,15 @@ TEST(ProgramIcon, ABlackStarInEverySizeTheSameAsTheThemeIconAndNoneOnTheMessageB
         EXPECT_EQ(qAlpha(image.pixel(0, size - 1)), 0) << size;                  // between feet
         EXPECT_EQ(image.pixel(size / 2, size / 2), qRgba(0, 0, 0, 255)) << size; // the star
         EXPECT_EQ(qAlpha(image.pixel(size / 2, size - 2)), 0) << size;           // the bottom notch
+        for (const QColor ground : {QColor(Qt::white), QColor(48, 48, 48)}) {    // it shows on both
+            QImage panel(size, size, QImage::Format_RGB32);
+            panel.fill(ground);
+            QPainter(&panel).drawImage(0, 0, image);
+            int seen = 0;
+            for (int p = 0; p < size * size; ++p)
+                seen += contrastRatio(panel.pixelColor(p % size, p / size), ground) >= 3.0;
+            EXPECT_GE(seen, size * size / 20) << size << ground.name().toStdString();
+        }
     }
     const QStringList theme =
         shippedMatches(QStringLiteral("icons/pentalink.svg"), "points=\"([^\"]*)\"")

@@ -172,12 +172,11 @@ TEST_F(MsgFormTest, ColoursGivenToACallStayInForceAndAttributesReachLabelAndButt
     m_form.setFontName(QStringLiteral("Courier New"));
     m_form.setFontBold(true);
     m_form.setForeColor(packRgb(200, 0, 0));
-    m_form.button(0)->setForeColor(packRgb(0, 0, 90));
     m_form.prepare(QStringLiteral("m"), QStringLiteral("vbok"));
     for (const QFont& font : {m_form.label()->font(), m_form.button(0)->Font()})
         EXPECT_TRUE(font.bold() && font.family() == QStringLiteral("Courier New"));
     EXPECT_EQ(m_form.label()->palette().color(QPalette::WindowText), QColor(200, 0, 0));
-    EXPECT_EQ(m_form.button(0)->ForeColor(), packRgb(0, 0, 90)); // the text colour is left alone
+    EXPECT_EQ(m_form.button(0)->ForeColor(), packRgb(200, 0, 0)); // the message's text colour
 }
 
 TEST_F(MsgFormTest, WithoutAHookTheWindowIsModalUntilAButtonAnswers) {

@@ -109,6 +109,7 @@ TEST_F(X11Test, DropDownMenuIsPaintedInColour3) {
         const auto ground = std::max_element(counts.begin(), counts.end());
         EXPECT_EQ(QColor(ground.key()).name().toStdString(), colour3.name().toStdString());
         EXPECT_GT(ground.value() * 2, shown.width() * shown.height());
+        EXPECT_NE(QColor(shown.pixel(0, shown.height() / 2)), colour3); // a frame round it
         menu->hide();
         ASSERT_TRUE(waitFor([menu] { return !menu->isVisible(); }));
     }

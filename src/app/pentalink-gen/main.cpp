@@ -80,6 +80,8 @@ int main(int argc, char* argv[]) {
     if (parsed.status == GenParseResult::Status::Error)
         return usageError(parsed.message);
     const GenOptions& options = parsed.options;
+    if (const QString problem = homeVariableProblem(); !problem.isEmpty())
+        return usageError(problem);
     const bool booklet = !options.booklet.isEmpty();
 
     // Only a booklet paints, and painting needs the GUI part of Qt (fonts), never a window.
