@@ -138,9 +138,22 @@ TEST_F(OptionsTest, StartUpListsSortedIgnoringCaseAndKeepsThemWhenTheFileCannotB
     EXPECT_EQ(m_model.fontNames(), (QStringList{"C059", "D050000L", "Noto Sans"}));
 }
 
+// The last rows: another running copy of the game changed the file after this window listed
+// it, so every edit is decided on the file; a copy still editing makes the edit say so.
 TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
     const QStringList all{"xp.col", "ocean.col", "sand.col"};
     const QString ask = QStringLiteral("? Enter new Color Scheme name");
+    const QString busy = QStringLiteral("The color schemes are being changed by another copy of "
+                                        "Pentalink.\nPlease try again.");
+    const auto gone = [](const char* file) {
+        return QStringLiteral(
+                   "Color Scheme: %1 is no longer in the collection; nothing was changed")
+            .arg(QLatin1StringView(file));
+    };
+    Settings theirSettings = m_settings;
+    ColourScheme theirs(theirSettings);
+    QLockFile theirLock(m_scheme.lockPath());
+    m_scheme.setLockWait(0);
     enum Flow { Add, Replace, Delete };
     // clang-format off
     const struct {
@@ -151,6 +164,7 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         bool writerFails;
         QStringList messages;
         QStringList headers;
+        std::function<void()> elsewhere = {}; // another copy, after the selection
     } rows[] = {
         {Add, "sand", "xp.col", "", false, {ask}, all},
         {Add, "sand", "xp.col", "OCEAN", false, {ask, "Color Scheme: OCEAN already exists"}, all},
@@ -172,6 +186,15 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         {Delete, "ocean", "xp.col", "yes", false,
          {"Delete color scheme: ocean", "Color Scheme: ocean.col deleted"},
          {"xp.col", "sand.col", "deep sea.col"}},
+        {Add, "", "xp.col", "Teal", false, {ask, "Color Scheme: Teal already exists"},
+         {"xp.col", "sand.col", "deep sea.col", "teal.col"}, [&] { theirs.AppendScheme("teal"); }},
+        {Replace, "sand", "xp.col", "yes", false, {"Replace color scheme: sand", gone("sand.col")},
+         {"xp.col", "deep sea.col", "teal.col"}, [&] { theirs.DeleteScheme("sand"); }},
+        {Delete, "deep sea", "xp.col", "yes", false,
+         {"Delete color scheme: deep sea", gone("deep sea.col")}, {"xp.col", "teal.col"},
+         [&] { theirs.DeleteScheme("deep sea"); }},
+        {Add, "", "xp.col", "Mint", false, {ask, busy}, {"xp.col", "teal.col"},
+         [&] { ASSERT_TRUE(theirLock.tryLock(0)); }},
     };
     // clang-format on
     const SchemeFile::Writer failing = [](const QString&, const QByteArray&) { return false; };
@@ -181,6 +204,8 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         m_settings.ActiveSchemeFile = QString::fromLatin1(row.active);
         const QStringList before = headers();
         select(QString::fromLatin1(row.selected));
+        if (row.elsewhere)
+            row.elsewhere();
         m_scheme.setWriter(row.writerFails ? failing : SchemeFile::Writer());
         if (row.flow == Add)
             m_notifier.queueText(QString::fromLatin1(row.answer));
@@ -195,71 +220,6 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         const bool refilled = headers() != before;
         EXPECT_EQ(m_model.schemeText(), refilled ? QString() : QString::fromLatin1(row.selected));
         EXPECT_EQ(m_model.schemeNames().size(), headers().size());
-    }
-}
-
-// Another running copy of the game changed the file after this window listed it: every edit
-// is decided on the file, and a copy still editing makes the edit wait, then say so.
-TEST_F(OptionsTest, EditsFollowTheFileAnotherCopyChangedAndWaitForItsLock) {
-    Settings theirSettings = m_settings;
-    ColourScheme theirs(theirSettings);
-    const QString busy = QStringLiteral("The color schemes are being changed by another copy of "
-                                        "Pentalink.\nPlease try again.");
-    const auto gone = [](const char* file) {
-        return QStringLiteral("Color Scheme: %1 is no longer in the collection; nothing was "
-                              "changed")
-            .arg(QLatin1StringView(file));
-    };
-    enum Flow { Add, Replace, Delete };
-    const struct {
-        Flow flow;
-        const char* name; // typed or selected
-        std::function<void()> elsewhere;
-        QString message;
-        QStringList headers;
-        QStringList listed;
-    } rows[] = {
-        {Add,
-         "Teal",
-         [&] { theirs.AppendScheme(QStringLiteral("teal")); },
-         "Color Scheme: Teal already exists",
-         {"xp.col", "ocean.col", "sand.col", "teal.col"},
-         {"ocean", "sand", "teal", "xp"}},
-        {Replace,
-         "sand",
-         [&] { theirs.DeleteScheme(QStringLiteral("sand")); },
-         gone("sand.col"),
-         {"xp.col", "ocean.col", "teal.col"},
-         {"ocean", "teal", "xp"}},
-        {Delete,
-         "ocean",
-         [&] { theirs.DeleteScheme(QStringLiteral("ocean")); },
-         gone("ocean.col"),
-         {"xp.col", "teal.col"},
-         {"teal", "xp"}},
-        {Add, "Mint", [] {}, busy, {"xp.col", "teal.col"}, {"teal", "xp"}},
-    };
-    m_model.fillSchemeList();
-    QLockFile theirLock(m_scheme.lockPath());
-    m_scheme.setLockWait(0);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        m_notifier.clear();
-        select(QString::fromLatin1(row.name));
-        row.elsewhere();
-        if (row.message == busy) {
-            ASSERT_TRUE(theirLock.tryLock(0));
-        }
-        if (row.flow == Add) {
-            m_notifier.queueText(QString::fromLatin1(row.name));
-            m_model.add();
-        } else {
-            m_notifier.queueAnswer(AnswerYes);
-            row.flow == Replace ? m_model.replace() : m_model.remove();
-        }
-        EXPECT_EQ(m_notifier.messages().last().text, row.message);
-        EXPECT_EQ(headers(), row.headers);
-        EXPECT_EQ(m_model.schemeNames(), row.listed);
     }
 }
 
