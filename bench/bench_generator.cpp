@@ -119,8 +119,8 @@ template <typename Generator> void abandon(benchmark::State& state, const QStrin
     quint64 seed = 0;
     for (auto _ : state) {
         state.PauseTiming();
+        game.pump.clearStop(); // the last iteration's request would stop the load as well
         game.load(path, seed++);
-        game.pump.clearStop();
         using Clock = std::chrono::steady_clock;
         const Clock::time_point start = Clock::now();
         Clock::time_point requested{};

@@ -1,14 +1,20 @@
-// Peak memory of loading the 100,000-line file, and of the word list with the generator's
-// index for a 5,000,000-line file. The load runs in a child process forked at the
-// very start of main(), before the input files are generated, so the figure is the peak
-// resident size (getrusage ru_maxrss) of a whole process that has done nothing but start and
-// load: the child's peak starts at the parent's size at the fork (the program with its
-// libraries mapped, measured as baseline), then the load, then a second load of the same file
-// over the first (the reload after a failed request, when both lists briefly coexist).
+// Memory of the word list, measured on whole processes: the peak of loading the 100,000-line
+// file (and loading it again over the first list), the peak of a 5,000,000-line file with one
+// create request (the list and the generator's index), and the resident size left after a
+// 12,000-word list is loaded following the 5,000,000-line one and a create request.
+//
+// Each measurement runs in its own child process, forked at the very start of main() before
+// the input files are generated, so a figure is that of a process that has done nothing but
+// start and serve its one request: its peak (getrusage ru_maxrss) starts at the parent's size
+// at the fork (the program with its libraries mapped, reported as the baseline). The loads and
+// requests go through the game's own session (PuzzleSession), which also gives the
+// generator's index back when another list is loaded.
 #include "benchfiles.h"
-#include "benchgame.h"
 
-#include "core/indexedgenerator.h"
+#include "core/memoryinfo.h"
+#include "core/puzzlesession.h"
+
+#include <benchmark/benchmark.h>
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -16,32 +22,38 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <ctime>
+#include <chrono>
+#include <cstdio>
 #include <memory>
 
 namespace {
 
-struct ChildReport {
-    double baselineMb = 0; // peak before loading
-    double indexedMb = 0;  // peak after one create request on the first load (the index built)
-    double loadMb = 0;     // peak after the first load
-    double reloadMb = 0;   // peak after loading again over the first list
-    double loadMs = 0;     // wall time of the first load
-    double loadCpuMs = 0;  // processor time of the first load
-    int words = 0;
+enum Mode : quint32 {
+    Reload,        // load twice (a reload over the first list)
+    LoadAndCreate, // load, one create request
+    BigThenSmall,  // load, one create request, then load the second file
 };
 
-double cpuMs() {
-    timespec t{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) / 1e6;
-}
+struct ChildReport {
+    double baselineMb = 0;    // peak before loading
+    double peakLoadMb = 0;    // peak after the first load
+    double peakSecondMb = 0;  // peak after the create request or the second load
+    double residentMb = 0;    // resident size at the end
+    double firstLoadMs = 0;   // wall time of the first load
+    double firstCreateMs = 0; // wall time of the create request
+    int words = 0;            // of the first file
+    bool ok = false;
+};
 
 double peakMb() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     return static_cast<double>(usage.ru_maxrss) / 1024.0; // ru_maxrss is in KiB on Linux
+}
+
+double msSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
 }
 
 bool readAll(int fd, void* data, size_t size) {
@@ -68,45 +80,57 @@ bool writeAll(int fd, const void* data, size_t size) {
     return true;
 }
 
-// The child: waits for a request (a mode and a path), serves it, reports, repeats until the
-// pipe closes. Mode 0: load twice (the reload over the first list). Mode 1: load once, then
-// one create request with the game's generator, which builds its index.
-[[noreturn]] void serveLoads(int in, int out) {
-    for (;;) {
-        quint32 mode = 0;
-        quint32 length = 0;
-        if (!readAll(in, &mode, sizeof mode))
-            _exit(0);
-        if (!readAll(in, &length, sizeof length))
-            _exit(1);
-        QByteArray path(static_cast<qsizetype>(length), Qt::Uninitialized);
-        if (!readAll(in, path.data(), length))
-            _exit(1);
-        ChildReport report;
-        report.baselineMb = peakMb();
-        {
-            BenchGame game;
-            const auto start = std::chrono::steady_clock::now();
-            const double cpuStart = cpuMs();
-            game.load(QString::fromUtf8(path), 1);
-            report.loadCpuMs = cpuMs() - cpuStart;
-            report.loadMs =
-                std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-                    .count();
-            report.loadMb = peakMb();
-            if (mode == 1) {
-                IndexedPuzzleGenerator generator;
-                generator.generate(game.list, game.grid);
-                report.indexedMb = peakMb();
-            } else {
-                game.load(QString::fromUtf8(path), 2);
-                report.reloadMb = peakMb();
-            }
-            report.words = game.loader.DictionaryWordCount();
-        }
-        if (!writeAll(out, &report, sizeof report))
-            _exit(1);
+bool readText(int fd, QByteArray& text) {
+    quint32 length = 0;
+    if (!readAll(fd, &length, sizeof length))
+        return false;
+    text.resize(static_cast<qsizetype>(length));
+    return readAll(fd, text.data(), length);
+}
+
+bool writeText(int fd, const QByteArray& text) {
+    const auto length = static_cast<quint32>(text.size());
+    return writeAll(fd, &length, sizeof length) && writeAll(fd, text.constData(), length);
+}
+
+ChildReport serve(Mode mode, const QString& first, const QString& second) {
+    ChildReport report;
+    report.baselineMb = peakMb();
+    PuzzleSession session(nullptr);
+    session.random().seed(1);
+    const auto start = std::chrono::steady_clock::now();
+    if (!session.LoadDictionary(first))
+        return report;
+    report.firstLoadMs = msSince(start);
+    report.peakLoadMb = peakMb();
+    report.words = session.dictionary().DictionaryWordCount();
+    session.setDictionaryPath(first);
+    if (mode == Reload) {
+        if (!session.LoadDictionary(first))
+            return report;
+    } else {
+        const auto create = std::chrono::steady_clock::now();
+        session.createPuzzle();
+        report.firstCreateMs = msSince(create);
+        if (mode == BigThenSmall && !session.LoadDictionary(second))
+            return report;
     }
+    report.peakSecondMb = peakMb();
+    report.residentMb = static_cast<double>(residentBytes()) / (1024.0 * 1024.0);
+    report.ok = true;
+    return report;
+}
+
+// One child: waits for its request (a mode and two paths), serves it, reports, exits.
+[[noreturn]] void child(int in, int out) {
+    quint32 mode = 0;
+    QByteArray first;
+    QByteArray second;
+    if (!readAll(in, &mode, sizeof mode) || !readText(in, first) || !readText(in, second))
+        _exit(0); // no request: the benchmark was filtered out
+    const ChildReport report =
+        serve(static_cast<Mode>(mode), QString::fromUtf8(first), QString::fromUtf8(second));
+    _exit(writeAll(out, &report, sizeof report) ? 0 : 1);
 }
 
 struct Child {
@@ -115,90 +139,105 @@ struct Child {
     int fromChild = -1;
 };
 
-Child g_child;
-
-bool ask(quint32 mode, const QString& path, ChildReport& report) {
-    const QByteArray bytes = path.toUtf8();
-    const auto length = static_cast<quint32>(bytes.size());
-    return writeAll(g_child.toChild, &mode, sizeof mode) &&
-           writeAll(g_child.toChild, &length, sizeof length) &&
-           writeAll(g_child.toChild, bytes.constData(), length) &&
-           readAll(g_child.fromChild, &report, sizeof report);
+Child startChild() {
+    std::array<int, 2> down{};
+    std::array<int, 2> up{};
+    if (pipe(down.data()) != 0 || pipe(up.data()) != 0)
+        std::exit(1);
+    Child c;
+    c.pid = fork();
+    if (c.pid < 0)
+        std::exit(1);
+    if (c.pid == 0) {
+        close(down[1]);
+        close(up[0]);
+        child(down[0], up[1]);
+    }
+    close(down[0]);
+    close(up[1]);
+    c.toChild = down[1];
+    c.fromChild = up[0];
+    return c;
 }
 
-void peakOfLoad(benchmark::State& state, const QString& path) {
+bool ask(Child& c, Mode mode, const QString& first, const QString& second, ChildReport& report) {
+    const auto m = static_cast<quint32>(mode);
+    const bool ok = writeAll(c.toChild, &m, sizeof m) && writeText(c.toChild, first.toUtf8()) &&
+                    writeText(c.toChild, second.toUtf8()) &&
+                    readAll(c.fromChild, &report, sizeof report) && report.ok;
+    return ok;
+}
+
+// Runs one request in `c` (once: a peak only grows, so repeating it in the same process would
+// say nothing) and hands the report to `counters`.
+template <typename Counters>
+void measure(benchmark::State& state, Child& c, Mode mode, const QString& first,
+             const QString& second, Counters counters) {
     ChildReport report;
     for (auto _ : state) {
-        if (!ask(0, path, report)) {
+        if (!ask(c, mode, first, second, report)) {
             state.SkipWithError("the measuring process failed");
             return;
         }
     }
     state.counters["baseline_MB"] = report.baselineMb;
-    state.counters["peak_after_load_MB"] = report.loadMb;
-    state.counters["peak_after_reload_MB"] = report.reloadMb;
-    state.counters["first_load_ms"] = report.loadMs;
-    state.counters["first_load_cpu_ms"] = report.loadCpuMs;
     state.counters["words"] = report.words;
-}
-
-// The word list and the generator's index together: the peak after a load and one create
-// request, less the baseline, per accepted word.
-void peakOfIndexedList(benchmark::State& state, const QString& path) {
-    ChildReport report;
-    for (auto _ : state) {
-        if (!ask(1, path, report)) {
-            state.SkipWithError("the measuring process failed");
-            return;
-        }
-    }
-    state.counters["baseline_MB"] = report.baselineMb;
-    state.counters["peak_after_load_MB"] = report.loadMb;
-    state.counters["peak_after_request_MB"] = report.indexedMb;
-    state.counters["words"] = report.words;
-    state.counters["bytes_per_word"] =
-        (report.indexedMb - report.baselineMb) * 1024 * 1024 / std::max(report.words, 1);
+    counters(report);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    std::array<int, 2> down{};
-    std::array<int, 2> up{};
-    if (pipe(down.data()) != 0 || pipe(up.data()) != 0)
-        return 1;
-    g_child.pid = fork();
-    if (g_child.pid < 0)
-        return 1;
-    if (g_child.pid == 0) {
-        close(down[1]);
-        close(up[0]);
-        serveLoads(down[0], up[1]);
-    }
-    close(down[0]);
-    close(up[1]);
-    g_child.toChild = down[1];
-    g_child.fromChild = up[0];
+    std::array<Child, 3> children = {startChild(), startChild(), startChild()};
 
     auto files = std::make_unique<BenchFiles>();
-    const QString path = files->lines100k();
-    const QString large = files->lines5m();
-    // One measurement: a peak only grows, so repeating it in the same process would say nothing.
-    benchmark::RegisterBenchmark("PeakMemory/load_100k_lines",
-                                 [path](benchmark::State& s) { peakOfLoad(s, path); })
+    const QString lines100k = files->lines100k();
+    const QString lines5m = files->lines5m();
+    const QString words12k = files->words12k();
+    benchmark::RegisterBenchmark(
+        "PeakMemory/load_100k_lines",
+        [&](benchmark::State& s) {
+            measure(s, children[0], Reload, lines100k, {}, [&](const ChildReport& r) {
+                s.counters["peak_after_load_MB"] = r.peakLoadMb;
+                s.counters["peak_after_reload_MB"] = r.peakSecondMb;
+                s.counters["first_load_ms"] = r.firstLoadMs;
+            });
+        })
         ->Iterations(1)
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("PeakMemory/load_and_index_5M_lines",
-                                 [large](benchmark::State& s) { peakOfIndexedList(s, large); })
+    benchmark::RegisterBenchmark(
+        "PeakMemory/load_and_create_5M_lines",
+        [&](benchmark::State& s) {
+            measure(s, children[1], LoadAndCreate, lines5m, {}, [&](const ChildReport& r) {
+                s.counters["peak_after_load_MB"] = r.peakLoadMb;
+                s.counters["peak_after_create_MB"] = r.peakSecondMb;
+                s.counters["first_load_ms"] = r.firstLoadMs;
+                s.counters["first_create_ms"] = r.firstCreateMs;
+                s.counters["bytes_per_word"] =
+                    (r.peakSecondMb - r.baselineMb) * 1024 * 1024 / std::max(r.words, 1);
+            });
+        })
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(
+        "ResidentMemory/12k_words_after_5M_lines",
+        [&](benchmark::State& s) {
+            measure(s, children[2], BigThenSmall, lines5m, words12k, [&](const ChildReport& r) {
+                s.counters["peak_MB"] = r.peakSecondMb;
+                s.counters["resident_after_small_load_MB"] = r.residentMb;
+            });
+        })
         ->Iterations(1)
         ->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
 
-    close(g_child.toChild);
-    close(g_child.fromChild);
-    int status = 0;
-    waitpid(g_child.pid, &status, 0);
+    for (Child& c : children) {
+        close(c.toChild);
+        close(c.fromChild);
+        int status = 0;
+        waitpid(c.pid, &status, 0);
+    }
     return 0;
 }

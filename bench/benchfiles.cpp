@@ -90,6 +90,10 @@ QString BenchFiles::words16k() {
     return m_words16k;
 }
 
+QString BenchFiles::words12k() {
+    return write(QStringLiteral("words12k.txt"), drawnWords(m_model, 12000, 12000));
+}
+
 QString BenchFiles::lines100k() {
     if (m_lines100k.isEmpty())
         m_lines100k = write(QStringLiteral("lines100k.txt"), drawnWords(m_model, 100000, 100000));

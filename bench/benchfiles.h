@@ -27,6 +27,8 @@ public:
     static QString shipped();
     // Each file is written on first use.
     QString words16k();
+    // A 12,000-word dictionary drawn like the 16,000 words.
+    QString words12k();
     QString lines100k();
     // 5,000,000 lines of four letters drawn like the 16,000 words, repeats allowed (25 MB).
     QString lines5m();

@@ -374,7 +374,8 @@ void Form1::exitCommand() {
     if (m_exiting)
         return;
     if (m_session->isBusy()) {
-        // A running search is abandoned first; the question comes once it has returned.
+        // A running search is abandoned first (a load runs on); the question comes once it has
+        // returned.
         m_session->abandonSearch();
         QTimer::singleShot(0, this, &Form1::exitCommand);
         return;
@@ -444,9 +445,10 @@ void Form1::CopyPuzzlePicture(int ShowSolution) {
 
 void Form1::closeEvent(QCloseEvent* event) {
     // Closing by the frame ends the program at once, without saving (only Exit saves): a
-    // running search is abandoned and returns before its next attempt; the window (and the
-    // session, which it owns) lives on until the event loop ends.
-    m_session->abandonSearch();
+    // running search is abandoned and returns before its next attempt, a running load stops
+    // at its next look at the event loop; the window (and the session, which it owns) lives
+    // on until the event loop ends.
+    m_session->abandonWork();
     event->accept();
 }
 

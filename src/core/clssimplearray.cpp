@@ -3,6 +3,7 @@
 
 #include "core/codepoints.h"
 #include "core/errorlog.h"
+#include "core/memoryinfo.h"
 #include "core/wildcard.h"
 
 #include <QSet>
@@ -18,6 +19,11 @@ const QString kModule = QStringLiteral("clsSimpleArray");
 const QString kIndexErrorText = QStringLiteral(
     "The selected index number exceeds the number of elements dimensioned in the array!");
 constexpr int kSlack = 100; // unused slots added on growth / tolerated before shrinking
+// Unused code units in the text buffer tolerated beyond the used ones before replacing texts
+// copies the used ones together.
+constexpr qsizetype kCompactAfterUnits = 4096;
+// Freed storage of at least this size goes straight back to the system.
+constexpr qint64 kLargeStorage = 1 << 20;
 
 std::atomic<quint64> g_lastRevision{0};
 
@@ -62,6 +68,29 @@ void clsSimpleArray::noteRemoved() {
     }
 }
 
+bool clsSimpleArray::insertAt(int position, QStringView text) {
+    try {
+        if (ListCount() == std::numeric_limits<int>::max())
+            throw std::length_error("Overflow");
+        if (m_data.size() == m_data.capacity())
+            m_data.reserve(m_data.size() + m_data.size() / 2 + 1);
+        m_texts.insert(position, text);
+        m_data.insert(m_data.begin() + position, 0); // room was made: cannot throw
+    } catch (const std::bad_alloc&) {
+        LogError(true, {QStringLiteral("7"), QStringLiteral("Out of memory"), kModule,
+                        QStringLiteral("AddItem")});
+        return false;
+    } catch (const std::length_error&) {
+        LogError(true, {QStringLiteral("6"), QStringLiteral("Overflow"), kModule,
+                        QStringLiteral("AddItem")});
+        return false;
+    }
+    noteAppended();
+    m_newIndex = position;
+    touch();
+    return true;
+}
+
 void clsSimpleArray::AddItem(const QString& vstrItem, int vlngIndex) {
     const int count = ListCount();
     if (vlngIndex > count) {
@@ -71,74 +100,71 @@ void clsSimpleArray::AddItem(const QString& vstrItem, int vlngIndex) {
     int position = vlngIndex < 0 ? count : vlngIndex;
     if (m_isSorted && count > 0) {
         for (int i = 0; i < count; ++i) {
-            if (compareExact(m_items[i], vstrItem) > 0) {
+            if (compareExact(m_texts.at(i), vstrItem) > 0) {
                 position = i;
                 break;
             }
         }
     }
-    try {
-        if (count == std::numeric_limits<int>::max())
-            throw std::length_error("Overflow");
-        m_items.insert(m_items.begin() + position, vstrItem);
-        try {
-            m_data.insert(m_data.begin() + position, 0);
-        } catch (...) {
-            m_items.erase(m_items.begin() + position);
-            throw;
-        }
-    } catch (const std::bad_alloc&) {
-        LogError(true, {QStringLiteral("7"), QStringLiteral("Out of memory"), kModule,
-                        QStringLiteral("AddItem")});
-        return;
-    } catch (const std::length_error&) {
-        LogError(true, {QStringLiteral("6"), QStringLiteral("Overflow"), kModule,
-                        QStringLiteral("AddItem")});
-        return;
-    }
-    noteAppended();
-    m_newIndex = position;
-    touch();
+    insertAt(position, vstrItem);
 }
 
-void clsSimpleArray::appendItems(std::vector<QString>&& items) {
-    if (items.empty())
-        return;
-    const size_t room = static_cast<size_t>(std::numeric_limits<int>::max()) - m_items.size();
-    if (m_isSorted || items.size() > room) {
-        for (const QString& item : items)
-            AddItem(item, -1);
-        return;
+bool clsSimpleArray::appendItem(QStringView text) {
+    if (m_isSorted) {
+        const int before = ListCount();
+        AddItem(text.toString(), -1);
+        return ListCount() > before;
     }
+    return insertAt(ListCount(), text);
+}
+
+bool clsSimpleArray::reserveForAppend(qsizetype items, qsizetype units) {
+    if (items > std::numeric_limits<int>::max() - ListCount())
+        return false;
     try {
-        m_data.reserve(m_items.size() + items.size());
-        if (m_items.empty()) { // take the texts' storage as it is
-            m_items = std::move(items);
-            m_data.assign(m_items.size(), 0);
-            for (size_t k = 0; k < m_items.size(); ++k)
-                noteAppended();
-            m_newIndex = m_last;
-            touch();
-            return;
-        }
-        m_items.reserve(m_items.size() + items.size());
-    } catch (const std::bad_alloc&) {
-        for (const QString& item : items) // item by item, each failure recorded
-            AddItem(item, -1);
+        m_texts.reserve(items, units);
+        m_data.reserve(m_data.size() + static_cast<size_t>(items));
+    } catch (const std::exception&) {
+        return false;
+    }
+    return true;
+}
+
+qint64 clsSimpleArray::storageBytes() const {
+    return m_texts.storageBytes() + static_cast<qint64>(m_data.capacity() * sizeof(qint32));
+}
+
+void clsSimpleArray::releaseStorage() {
+    const qint64 bytes = storageBytes();
+    m_texts.clear();
+    std::vector<qint32>().swap(m_data);
+    if (bytes >= kLargeStorage)
+        returnFreedMemory();
+}
+
+void clsSimpleArray::tidyStorage() {
+    if (ListCount() == 0) {
+        releaseStorage();
         return;
     }
-    for (QString& item : items) {
-        m_items.push_back(std::move(item));
-        m_data.push_back(0);
-        noteAppended();
+    const qint64 unused = m_texts.unusedUnits() * qint64(sizeof(char16_t)) +
+                          m_texts.unusedSlots() * qint64(sizeof(quint32) + 1) +
+                          qint64((m_data.capacity() - m_data.size()) * sizeof(qint32));
+    const qint64 bytes = storageBytes();
+    if (unused * 4 < bytes)
+        return; // most of it is in use: not worth copying
+    try {
+        m_texts.compact();
+        m_data.shrink_to_fit();
+    } catch (const std::bad_alloc&) {
+        return; // keeps the larger storage
     }
-    m_newIndex = m_last;
-    touch();
+    if (unused >= kLargeStorage)
+        returnFreedMemory();
 }
 
 void clsSimpleArray::Clear() {
-    std::vector<QString>().swap(m_items);
-    std::vector<qint32>().swap(m_data);
+    releaseStorage();
     m_last = -1;
     m_newIndex = -1;
     m_capacity = 0;
@@ -147,8 +173,8 @@ void clsSimpleArray::Clear() {
 
 bool clsSimpleArray::FindItem(const QString& vstrItem, bool vblnExactMatch) {
     for (int i = 0; i <= m_last; ++i) {
-        const bool found = vblnExactMatch ? equalsIgnoringCase(m_items[i], vstrItem)
-                                          : containsIgnoringCase(m_items[i], vstrItem);
+        const bool found = vblnExactMatch ? equalsIgnoringCase(m_texts.at(i), vstrItem)
+                                          : containsIgnoringCase(m_texts.at(i), vstrItem);
         if (found) {
             m_newIndex = i;
             return true;
@@ -190,7 +216,7 @@ QString clsSimpleArray::List(int vlngIndex) const {
         indexError(QStringLiteral("Get List"));
         return {};
     }
-    return m_items[vlngIndex];
+    return m_texts.at(vlngIndex).toString();
 }
 
 void clsSimpleArray::List(int vlngIndex, const QString& vNewValue) {
@@ -198,37 +224,47 @@ void clsSimpleArray::List(int vlngIndex, const QString& vNewValue) {
         indexError(QStringLiteral("Let List"));
         return;
     }
-    m_items[vlngIndex] = vNewValue;
+    try {
+        m_texts.replace(vlngIndex, vNewValue);
+    } catch (const std::exception&) {
+        LogError(true, {QStringLiteral("7"), QStringLiteral("Out of memory"), kModule,
+                        QStringLiteral("Let List")});
+        return;
+    }
     touch();
+    // Old texts stay in the buffer: copy the used ones together once they are the lesser part.
+    if (m_texts.unusedUnits() > 2 * m_texts.usedUnits() + kCompactAfterUnits) {
+        try {
+            m_texts.compact();
+        } catch (const std::bad_alloc&) {
+            // keeps the larger buffer
+        }
+    }
 }
 
 void clsSimpleArray::removeWhere(const std::function<bool(int)>& remove) {
-    int kept = 0;
     const int count = ListCount();
+    std::vector<bool> keep(static_cast<size_t>(count));
     int removed = 0;
     for (int i = 0; i < count; ++i) {
-        if (remove(i)) {
-            ++removed;
-            continue;
-        }
-        if (kept != i) {
-            m_items[kept] = std::move(m_items[i]);
-            m_data[kept] = m_data[i];
-        }
-        ++kept;
+        keep[static_cast<size_t>(i)] = !remove(i);
+        removed += keep[static_cast<size_t>(i)] ? 0 : 1;
     }
     if (removed == 0)
         return;
+    int kept = 0;
+    for (int i = 0; i < count; ++i) {
+        if (keep[static_cast<size_t>(i)])
+            m_data[static_cast<size_t>(kept++)] = m_data[static_cast<size_t>(i)];
+    }
+    m_data.resize(static_cast<size_t>(kept));
+    m_texts.keepOnly(keep);
     touch();
-    m_items.resize(kept);
-    m_data.resize(kept);
     const int before = m_capacity;
     for (int r = 0; r < removed; ++r)
         noteRemoved();
-    if (m_capacity != before) {
-        m_items.shrink_to_fit();
-        m_data.shrink_to_fit();
-    }
+    if (m_capacity != before)
+        tidyStorage();
     m_newIndex = m_last;
 }
 
@@ -238,7 +274,7 @@ void clsSimpleArray::RemoveDuplicates() {
     QSet<QString> seen;
     seen.reserve(ListCount());
     removeWhere([&](int i) {
-        const QString key = upperCodePoints(m_items[i]);
+        const QString key = upperCodePoints(m_texts.at(i));
         if (seen.contains(key))
             return true;
         seen.insert(key);
@@ -252,19 +288,17 @@ void clsSimpleArray::RemoveItem(int vlngIndex) {
         return;
     }
     const int before = m_capacity;
-    m_items.erase(m_items.begin() + vlngIndex);
+    m_texts.erase(vlngIndex);
     m_data.erase(m_data.begin() + vlngIndex);
     noteRemoved();
-    if (m_capacity != before) {
-        m_items.shrink_to_fit();
-        m_data.shrink_to_fit();
-    }
+    if (m_capacity != before)
+        tidyStorage();
     m_newIndex = m_last;
     touch();
 }
 
 void clsSimpleArray::RemoveItemsMatching(const QString& vstrItem) {
-    removeWhere([&](int i) { return equalsIgnoringCase(m_items[i], vstrItem); });
+    removeWhere([&](int i) { return equalsIgnoringCase(m_texts.at(i), vstrItem); });
 }
 
 void clsSimpleArray::RemoveItemDataMatching(qint32 vlngItemData) {
@@ -272,13 +306,13 @@ void clsSimpleArray::RemoveItemDataMatching(qint32 vlngItemData) {
 }
 
 QString clsSimpleArray::Text() const {
-    return validIndex(m_newIndex) ? m_items[m_newIndex] : QString();
+    return validIndex(m_newIndex) ? m_texts.at(m_newIndex).toString() : QString();
 }
 
 int clsSimpleArray::FindStringOld(const QString& vstrItem, int ix) {
     m_newIndex = -1;
     for (int i = 0; i <= m_last; ++i) {
-        if (i != ix && matchesWildcard(m_items[i], vstrItem))
+        if (i != ix && matchesWildcard(m_texts.at(i), vstrItem))
             return i;
     }
     return -1;
@@ -286,7 +320,7 @@ int clsSimpleArray::FindStringOld(const QString& vstrItem, int ix) {
 
 int clsSimpleArray::FindString(const QString& vstrItem, int /*ix*/) {
     for (int i = 0; i <= m_last; ++i) {
-        if (m_data[i] == 0 && matchesWildcard(m_items[i], vstrItem)) {
+        if (m_data[i] == 0 && matchesWildcard(m_texts.at(i), vstrItem)) {
             m_data[i] = 1;
             return i;
         }
@@ -307,7 +341,7 @@ QString clsSimpleArray::FindRandom(const QString& vstrItem) {
     for (int index = 0; index <= m_last; ++index) {
         m_data[index] = 0;
         std::fill(used.begin(), used.end(), false);
-        const QString& item = m_items[index];
+        const QStringView item = m_texts.at(index);
         qsizetype length = 0;
         bool allFound = true;
         for (qsizetype i = 0; i < item.size() && allFound; ++length) {

@@ -14,11 +14,17 @@
 // a removal leaves more than 100 unused slots above the last index, the slots shrink to exactly
 // the item count; an emptied list releases its storage (capacity 0). The storage underneath
 // grows geometrically, so appends stay cheap however long the list; it is given back at the
-// points where the rules shrink the capacity.
+// points where the rules shrink the capacity (when a good share of it is unused) and when the
+// list is cleared or emptied, large amounts straight to the system, so the process shrinks.
+//
+// The texts live in one compact buffer (TextStore: a few bytes per item beyond the
+// characters), the item data in a parallel array.
 //
 // Texts compare "without regard to case" when their per-character upper-cased forms are equal;
 // ordering and pattern matching compare characters exactly (case-sensitive).
 #pragma once
+
+#include "core/textstore.h"
 
 #include <QDateTime>
 #include <QString>
@@ -49,10 +55,14 @@ public:
     // order of arrival), or at vlngIndex when none is greater. NewIndex() becomes the position.
     void AddItem(const QString& vstrItem, int vlngIndex = -1);
 
-    // Appends every text of `items` in order, each with item data 0, with the same result as
-    // AddItem(item, -1) for each in turn (on a Sorted() list it does exactly that). Cheaper
-    // for many items: the storage grows once.
-    void appendItems(std::vector<QString>&& items);
+    // Appends `text` with item data 0: the same result as AddItem(text, -1) (on a Sorted()
+    // list it is exactly that), without a string copy. Returns false when the list could not
+    // take it (no memory, or over the list's limits); that is recorded as AddItem records it.
+    bool appendItem(QStringView text);
+    // Makes room for `items` more items holding `units` more code units in all, so that the
+    // appends that follow do not grow the storage step by step. False (nothing changed, nothing
+    // recorded) when the memory or the list's limits do not allow it.
+    bool reserveForAppend(qsizetype items, qsizetype units);
 
     // Empties the list and releases its storage; NewIndex() becomes -1.
     void Clear();
@@ -77,7 +87,7 @@ public:
     QString List(int vlngIndex) const;
     // The item text without a copy, for bulk readers. Precondition: 0 <= index < ListCount();
     // the view is valid until the list changes.
-    QStringView itemView(int index) const { return m_items[static_cast<size_t>(index)]; }
+    QStringView itemView(int index) const { return m_texts.at(index); }
     // Replaces the item text, keeping its item data (index error "Let List" changes nothing).
     void List(int vlngIndex, const QString& vNewValue);
 
@@ -135,12 +145,21 @@ public:
     // other), so an index built over a list stays valid while its revision is unchanged.
     quint64 revision() const { return m_revision; }
 
+    // Bytes of storage the list holds (texts, their offsets and lengths, item data).
+    qint64 storageBytes() const;
+
 private:
     bool validIndex(int index) const { return index >= 0 && index <= m_last; }
     void indexError(const QString& function) const;
     void LogError(bool show, const ErrorRecord& record) const;
     void noteAppended();
     void noteRemoved();
+    // Inserts at `position` (texts and data); false after recording a failure of AddItem.
+    bool insertAt(int position, QStringView text);
+    // At a point where the capacity shrank: gives back storage when a good share is unused.
+    void tidyStorage();
+    // Releases all storage, handing a large amount straight back to the system.
+    void releaseStorage();
     // Removes the items for which `remove(i)` is true, keeping the order of the others and
     // applying the capacity rules as if they were removed one at a time from the end of the
     // scan. NewIndex() becomes the new last index when anything was removed.
@@ -148,7 +167,7 @@ private:
     // Gives the list a new revision.
     void touch();
 
-    std::vector<QString> m_items;
+    TextStore m_texts;
     std::vector<qint32> m_data;
     int m_last = -1;
     int m_newIndex = -1;

@@ -10,10 +10,18 @@
 //
 // A file that cannot be opened or read changes nothing: the word list, the word count and the
 // status texts keep their previous values, and the notifier (when set) reports the file name.
+// Neither does a file whose words need more memory than the system has available (the list
+// and the generator's index that the first puzzle builds): the message says how much each.
+// The words go from the file's bytes into one compact buffer and from there straight into
+// the word list's store, so a load needs little more than the list itself.
+//
+// A stop request on the event pump (the window is closing) ends a load early, without a
+// message: while the file is read nothing has changed yet; later the list is left empty.
 #pragma once
 
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class clsSimpleArray;
@@ -58,13 +66,31 @@ public:
     // The part of `path` after its last "/", or the whole path when it holds none.
     static QString fileNameOf(const QString& path);
 
+    // Where the memory still available comes from (bytes; negative: unknown, no check).
+    // Default: availableMemoryBytes(), asked only for loads that need 64 MB or more; a
+    // source set here is asked for every load.
+    using AvailableMemory = std::function<qint64()>;
+    void setAvailableMemory(AvailableMemory available);
+
+    // Bytes a load needs per accepted word, with some room to spare: the list's two entries
+    // (about 36 bytes) with what the load holds meanwhile (about 12 more), or with the index
+    // that the generator's first request builds (about 26 more).
+    static constexpr qint64 kBytesPerWord = 80;
+
 private:
-    void fill(const DictionaryFileContents& words);
+    // False when stopped, or when the memory ran out (m_error says so; the list is empty).
+    bool fill(const DictionaryFileContents& words);
+    bool stopRequested() const;
+    // The message for a load that needs more memory than there is, or "".
+    QString memoryShortfall(qint64 words) const;
+    void fail(const QString& path, const QString& reason);
 
     clsSimpleArray& m_wordList;
     RandomSource& m_random;
     Notifier* m_notifier;
     EventPump* m_pump = nullptr;
+    AvailableMemory m_available;
+    bool m_askAlways = false;
     bool m_shuffled = true;
     int m_wordCount = 0;
     QString m_statusText;

@@ -16,13 +16,16 @@ namespace {
 constexpr qint64 kChunkSize = 64 * 1024;
 constexpr int kWordLength = 4;
 
+// Text read between two questions whether more memory may be taken.
+constexpr qsizetype kCheckEveryUnits = qsizetype{16} << 20;
+
 // Splits characters into lines and keeps the lines of exactly four characters. Only the first
 // characters of a line are stored, so a line of any length costs nothing.
 class LineCollector {
 public:
-    LineCollector(DictionaryFileContents& words, EventPump* pump)
+    LineCollector(DictionaryFileContents& words, const MemoryCheck& mayTake)
         : m_words(words)
-        , m_pump(pump) {}
+        , m_mayTake(mayTake) {}
 
     void put(char32_t c) {
         if (c == U'\r') {
@@ -50,6 +53,9 @@ public:
             endLine();
     }
 
+    // False once the memory check said no.
+    bool withinMemory() const { return !m_outOfMemory; }
+
 private:
     void appendCodePoint(char32_t c) {
         if (QChar::requiresSurrogates(c)) {
@@ -61,22 +67,41 @@ private:
     }
 
     void endLine() {
-        if (m_length == kWordLength) {
-            m_words.starts.push_back(m_words.text.size());
-            m_words.text.append(reinterpret_cast<const QChar*>(m_line.data()), m_units);
-        }
+        if (m_length == kWordLength && !m_outOfMemory)
+            keepLine();
         m_units = 0;
         m_length = 0;
-        if (m_pump)
-            m_pump->poll();
+    }
+
+    void keepLine() {
+        std::vector<char16_t>& text = m_words.text;
+        if (static_cast<qsizetype>(text.size()) >= m_nextCheck) {
+            m_nextCheck += kCheckEveryUnits;
+            if (m_mayTake && !m_mayTake(kCheckEveryUnits * qint64(sizeof(char16_t)))) {
+                m_outOfMemory = true;
+                return;
+            }
+        }
+        std::vector<qsizetype>& starts = m_words.starts;
+        if (m_units != kWordLength && starts.empty()) { // the first line with a surrogate pair
+            const auto lines = static_cast<qsizetype>(text.size()) / kWordLength;
+            starts.reserve(static_cast<size_t>(lines) + 1);
+            for (qsizetype k = 0; k < lines; ++k)
+                starts.push_back(k * kWordLength);
+        }
+        if (!starts.empty() || m_units != kWordLength)
+            starts.push_back(static_cast<qsizetype>(text.size()));
+        text.insert(text.end(), m_line.begin(), m_line.begin() + m_units);
     }
 
     DictionaryFileContents& m_words;
-    EventPump* m_pump;
+    const MemoryCheck& m_mayTake;
     std::array<char16_t, 2 * kWordLength> m_line{}; // the first four characters of the line
     qsizetype m_units = 0;
     int m_length = 0; // characters of the current line, saturating at 5
     bool m_afterCr = false;
+    bool m_outOfMemory = false;
+    qsizetype m_nextCheck = kCheckEveryUnits;
 };
 
 // A strict UTF-8 decoder fed in chunks: rejects stray continuation bytes, overlong forms,
@@ -159,49 +184,101 @@ bool readChunks(QFile& file, EventPump* pump, QString& error, Decode decode) {
             return true;
         if (!decode(chunk.constData(), got))
             return true;
-        if (pump)
+        if (pump) {
             pump->poll();
+            if (pump->stopRequested()) {
+                error = QStringLiteral("The load was stopped.");
+                return false;
+            }
+        }
     }
 }
 
 } // namespace
 
-DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump) {
+namespace {
+
+const QString kNoMemory = QStringLiteral("There is not enough memory for its words.");
+
+// Room for the most text a file of `bytes` bytes can give: four code units per line of at
+// least five bytes. The pages are taken only as they are written.
+void reserveFor(std::vector<char16_t>& text, qint64 bytes) {
+    if (bytes <= 0)
+        return;
+    try {
+        text.reserve(static_cast<size_t>(bytes / (kWordLength + 1) * kWordLength + kWordLength));
+    } catch (const std::exception&) {
+        // grows as it goes
+    }
+}
+
+// Reads the file once, decoding each chunk with `decode(bytes, size, lines) -> bool`.
+template <typename Decode>
+bool readLines(QFile& file, EventPump* pump, const MemoryCheck& mayTake,
+               DictionaryFileContents& result, Decode decode) {
+    result.text.clear();
+    result.starts.clear();
+    LineCollector lines(result, mayTake);
+    bool valid = true;
+    const bool read = readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
+        valid = decode(bytes, size, lines);
+        return valid && lines.withinMemory();
+    });
+    if (!read) {
+        result.stopped = pump && pump->stopRequested();
+        return false;
+    }
+    if (!lines.withinMemory()) {
+        result.error = kNoMemory;
+        return false;
+    }
+    if (!valid)
+        return true; // the caller tells from its decoder
+    lines.finish();
+    return true;
+}
+
+} // namespace
+
+DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump,
+                                          const MemoryCheck& mayTake) {
     DictionaryFileContents result;
     // Only a regular file, opened without waiting: english1.txt, the fallback of every start,
     // may be a FIFO or a device as well as a configured dictionary may.
     QFile file;
     if (!openRegularFile(file, path, &result.error))
         return result;
+    reserveFor(result.text, file.size());
 
     // First as UTF-8; at the first invalid byte start again as Windows-1252.
-    {
-        LineCollector lines(result, pump);
+    try {
         Utf8Decoder decoder;
         bool valid = true;
-        if (!readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
-                valid = decoder.feed(bytes, size, [&](char32_t c) { lines.put(c); });
-                return valid;
-            }))
+        if (!readLines(file, pump, mayTake, result,
+                       [&](const char* bytes, qint64 size, LineCollector& lines) {
+                           valid = decoder.feed(bytes, size, [&](char32_t c) { lines.put(c); });
+                           return valid;
+                       }))
             return result;
         if (valid && decoder.complete()) {
-            lines.finish();
             result.ok = true;
             return result;
         }
-    }
 
-    result.text.clear();
-    result.starts.clear();
-    result.windows1252 = true;
-    LineCollector lines(result, pump);
-    if (!readChunks(file, pump, result.error, [&](const char* bytes, qint64 size) {
-            for (qint64 k = 0; k < size; ++k)
-                lines.put(windows1252(static_cast<unsigned char>(bytes[k])));
-            return true;
-        }))
+        result.windows1252 = true;
+        if (!readLines(file, pump, mayTake, result,
+                       [](const char* bytes, qint64 size, LineCollector& lines) {
+                           for (qint64 k = 0; k < size; ++k)
+                               lines.put(windows1252(static_cast<unsigned char>(bytes[k])));
+                           return true;
+                       }))
+            return result;
+    } catch (const std::bad_alloc&) {
+        result.text = {};
+        result.starts = {};
+        result.error = kNoMemory;
         return result;
-    lines.finish();
+    }
     result.ok = true;
     return result;
 }

@@ -9,28 +9,42 @@
 #include <QString>
 #include <QStringView>
 
+#include <functional>
 #include <vector>
 
 class EventPump;
 
 struct DictionaryFileContents {
-    bool ok = false;          // false: the file could not be opened or read
+    bool ok = false;          // false: the file could not be read (or the reading was stopped)
+    bool stopped = false;     // a stop request on the event pump ended the reading
     QString error;            // the reason, when !ok
     bool windows1252 = false; // the bytes were not valid UTF-8
 
     // The accepted lines, in file order (duplicates kept), stored one after another in `text`
-    // (one buffer rather than a string each: a large file costs far less memory).
-    QString text;
-    std::vector<qsizetype> starts; // where each accepted line begins in `text`
+    // (one buffer rather than a string each: a large file costs far less memory). While every
+    // line is four code units, `starts` stays empty; a line with a surrogate pair fills it.
+    std::vector<char16_t> text;
+    std::vector<qsizetype> starts; // where each accepted line begins in `text`, or empty
 
-    qsizetype wordCount() const { return static_cast<qsizetype>(starts.size()); }
+    qsizetype wordCount() const {
+        return starts.empty() ? static_cast<qsizetype>(text.size()) / 4
+                              : static_cast<qsizetype>(starts.size());
+    }
     // Accepted line i, 0 <= i < wordCount().
     QStringView word(qsizetype i) const {
+        if (starts.empty())
+            return QStringView(text.data() + 4 * i, 4);
         const auto k = static_cast<size_t>(i);
-        const qsizetype end = k + 1 < starts.size() ? starts[k + 1] : text.size();
-        return QStringView(text).sliced(starts[k], end - starts[k]);
+        const qsizetype end = k + 1 < starts.size() ? starts[k + 1] : qsizetype(text.size());
+        return QStringView(text.data() + starts[k], end - starts[k]);
     }
 };
 
-// Reads `path`. `pump` (may be null) is polled while reading so the window stays responsive.
-DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump);
+// Says whether `bytes` more may be taken; false stops the reading ("not enough memory").
+using MemoryCheck = std::function<bool(qint64 bytes)>;
+
+// Reads `path`. `pump` (may be null) is polled while reading so the window stays responsive;
+// a stop request on it ends the reading (stopped). `mayTake` (may be empty) is asked before
+// the words read take more memory.
+DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump,
+                                          const MemoryCheck& mayTake = {});

@@ -12,7 +12,8 @@ public:
     using Action = std::function<void()>;
     using Clock = std::function<qint64()>; // a monotonic time in milliseconds
 
-    static constexpr qint64 kDefaultIntervalMs = 5;
+    // About one frame: often enough that the window repaints smoothly during a long load.
+    static constexpr qint64 kDefaultIntervalMs = 16;
 
     // action: what "let events run" means (none: nothing runs); clock: default a monotonic
     // system clock. The interval counts from construction.

@@ -5,6 +5,7 @@
 #include "core/codepoints.h"
 #include "core/eventpump.h"
 #include "core/generatorwords.h"
+#include "core/memoryinfo.h"
 #include "core/stargrid.h"
 
 #include <algorithm>
@@ -12,7 +13,8 @@
 
 namespace {
 
-constexpr quint32 kRemovedStamp = std::numeric_limits<quint32>::max();
+// Marks are a byte per entry: the stamps of attempts run from 1 to 254 and then start over.
+constexpr quint8 kRemovedStamp = 0xFF;
 // Removed entries pile up as dead weight in the keyed lists; past this share, rebuild.
 constexpr int kRebuildShare = 8;
 
@@ -34,12 +36,18 @@ bool IndexedPuzzleGenerator::ensureIndex(const clsSimpleArray& wordList) {
     forgetFailures();
     if (!built)
         return false;
-    const auto entries = static_cast<size_t>(m_index.entryCount());
-    m_marks.assign(entries, 0);
+    std::vector<quint8>().swap(m_marks); // made by the first attempt on pattern lists
     m_exhausted.assign(static_cast<size_t>(m_index.alphabetSize()), 0);
-    m_wordIds.assign(entries, -1);
+    m_wordIds.clear();
     m_stamp = 0;
     return true;
+}
+
+void IndexedPuzzleGenerator::forgetWordList() {
+    EventPump* pump = m_pump;
+    *this = IndexedPuzzleGenerator(); // every index and table released, not only emptied
+    setEventPump(pump);
+    returnFreedMemory();
 }
 
 void IndexedPuzzleGenerator::forgetFailures() {
@@ -49,13 +57,13 @@ void IndexedPuzzleGenerator::forgetFailures() {
     m_retry.clear();
     m_filings.clear();
     m_bySecond.assign(static_cast<size_t>(m_index.alphabetSize()), -1);
-    m_bySingle.assign(static_cast<size_t>(m_index.entryCount()), -1);
+    m_bySingle.clear();
     m_steeringPool.clear();
 }
 
 void IndexedPuzzleGenerator::startAttempt() {
-    if (++m_stamp == kRemovedStamp) { // after four billion attempts: start the stamps afresh
-        for (quint32& stamp : m_marks) {
+    if (++m_stamp == kRemovedStamp) { // every 254 attempts: start the stamps afresh
+        for (quint8& stamp : m_marks) {
             if (stamp != kRemovedStamp)
                 stamp = 0;
         }
@@ -70,7 +78,6 @@ void IndexedPuzzleGenerator::startAttempt() {
 }
 
 void IndexedPuzzleGenerator::mark(int id) {
-    m_marks[static_cast<size_t>(id)] = m_stamp;
     m_singles[static_cast<size_t>(m_singleCount++)] = id;
 }
 
@@ -194,7 +201,8 @@ GenerationResult IndexedPuzzleGenerator::generate(clsSimpleArray& wordList, Star
         forgetFailuresMarking(root);
         m_index.remove(root);
         m_index.setRevision(wordList.revision());
-        m_marks[static_cast<size_t>(root)] = kRemovedStamp;
+        if (!m_marks.empty())
+            m_marks[static_cast<size_t>(root)] = kRemovedStamp;
         std::sort(m_retry.begin(), m_retry.end());
         m_retry.erase(std::unique(m_retry.begin(), m_retry.end()), m_retry.end());
         m_statistics.remembered = index + 1 - m_statistics.attempts - m_statistics.known;
@@ -369,6 +377,11 @@ IndexedPuzzleGenerator::finish(const clsSimpleArray& wordList, StarGrid& grid,
 IndexedPuzzleGenerator::Outcome
 IndexedPuzzleGenerator::patternAttempt(const clsSimpleArray& wordList, StarGrid& grid, int root) {
     startAttempt();
+    if (m_marks.empty()) { // removed entries count as marked for good
+        m_marks.resize(static_cast<size_t>(m_index.entryCount()));
+        for (int id = 0; id < m_index.entryCount(); ++id)
+            m_marks[static_cast<size_t>(id)] = m_index.alive(id) ? 0 : kRemovedStamp;
+    }
     m_patterns.setSources(&m_index, &wordList);
     m_patternMarks.clear();
     m_steering.clear();
@@ -485,7 +498,7 @@ int IndexedPuzzleGenerator::firstUnmarked(std::span<const int> ids, int first, i
         return kNoEntry;
     auto it = std::upper_bound(ids.begin(), ids.end(), bound);
     for (; it != ids.end(); ++it) {
-        if (!markedSingly(*it) && (third < 0 || m_index.letter(*it, 2) == third))
+        if ((third < 0 || m_index.letter(*it, 2) == third) && !markedSingly(*it))
             return *it;
     }
     return kNoEntry;
@@ -504,19 +517,25 @@ int IndexedPuzzleGenerator::findByAllFour(int l0, int l1, int l2, int l3) const 
 }
 
 int IndexedPuzzleGenerator::findByFirstAndLast(int l0, int l3) const {
-    const KeyedEntryLists& lists = m_index.byFirstAndLast();
-    const int g = lists.findGroup(WordIndex::pack(l0, 0, 0, l3));
-    if (g < 0)
-        return kNoEntry;
-    for (const int id : lists.group(g)) {
-        if (!marked(id))
-            return id;
+    // The first unmarked entry of each second letter's group, the earliest of them.
+    int best = kNoEntry;
+    const KeyedEntryLists& firstTwo = m_index.byFirstTwo();
+    const KeyedEntryLists& lists = m_index.byFirstTwoAndLast();
+    const auto [begin, end] = m_index.firstTwoGroupsWithFirst(static_cast<Letter>(l0));
+    for (int g = begin; g < end; ++g) {
+        const auto l1 = static_cast<int>((firstTwo.groupKey(g) >> 32) & 0xFFFF);
+        const int last = lists.findGroup(WordIndex::pack(l0, l1, 0, l3));
+        if (last < 0 || (best != kNoEntry && lists.group(last).front() > best))
+            continue;
+        const int id = firstUnmarked(lists.group(last), l0, l1, -1);
+        if (id != kNoEntry && (best == kNoEntry || id < best))
+            best = id;
     }
-    return kNoEntry;
+    return best;
 }
 
 int IndexedPuzzleGenerator::wordId(const clsSimpleArray& wordList, int id) {
-    int& number = m_wordIds[static_cast<size_t>(id)];
+    int& number = m_wordIds.findOrInsert(id, -1);
     if (number < 0) {
         const QString key = upperCodePoints(realSpelling(wordList.List(m_index.currentIndex(id))));
         number = m_wordNumbers.value(key, -1);
@@ -567,10 +586,10 @@ void IndexedPuzzleGenerator::writeMarks(clsSimpleArray& wordList) {
         set(m_singles[static_cast<size_t>(k)]);
 }
 
-void IndexedPuzzleGenerator::file(std::vector<int>& heads, size_t at, int root) {
+void IndexedPuzzleGenerator::file(int& head, int root) {
     const auto generation = m_failures[root].generation;
-    m_filings.push_back({root, generation, heads[at]});
-    heads[at] = static_cast<int>(m_filings.size()) - 1;
+    m_filings.push_back({root, generation, head});
+    head = static_cast<int>(m_filings.size()) - 1;
 }
 
 void IndexedPuzzleGenerator::rememberFailure(int root) {
@@ -616,10 +635,10 @@ void IndexedPuzzleGenerator::fileFailure(int root) {
     const Failure& failure = m_failures[root];
     // Failures by index are also filed under the root's second letter (see steeredBy).
     if (failure.secondUpTo >= 0)
-        file(m_bySecond, m_index.letter(root, 1), root);
+        file(m_bySecond[m_index.letter(root, 1)], root);
     for (int k = 0; k < failure.steerCount; ++k) {
         const int entry = m_steeringPool[static_cast<size_t>(failure.steerBegin + k)];
-        file(m_bySingle, static_cast<size_t>(entry), root);
+        file(m_bySingle.findOrInsert(entry, -1), root);
     }
 }
 
@@ -651,5 +670,6 @@ void IndexedPuzzleGenerator::forgetFailuresMarking(int removed) {
     };
     if (m_index.hasLetters(removed))
         check(m_bySecond[m_index.letter(removed, 1)]);
-    check(m_bySingle[static_cast<size_t>(removed)]);
+    if (const int* first = m_bySingle.find(removed))
+        check(*first);
 }

@@ -4,7 +4,9 @@
 // instead of scanning the word list for every pattern.
 //
 // How the literal search is reproduced without walking it step by step:
-//   - Marks of use are attempt stamps, so starting an attempt clears them in O(1).
+//   - Marks of use are the few entries an attempt marks one by one, plus ranges (below); on
+//     pattern lists attempt stamps (a byte per entry), so starting an attempt clears them in
+//     O(1), apart from one pass over all of them every 254 attempts.
 //   - The second-word loop takes the entries with the root's second letter in list order, and
 //     each one searches third words starting with its own first letter. Once the third words
 //     of a first letter are used up they stay used up for the attempt, so only the first entry
@@ -45,6 +47,7 @@
 // run events; the game ignores commands meanwhile).
 #pragma once
 
+#include "core/intmap.h"
 #include "core/literalgenerator.h"
 #include "core/patternlists.h"
 #include "core/puzzlegenerator.h"
@@ -54,6 +57,7 @@
 #include <QHash>
 #include <QString>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <memory>
@@ -70,6 +74,7 @@ public:
     void setEventPump(EventPump* pump);
 
     GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) override;
+    void forgetWordList() override;
 
     // Work counters of the last generate() call, for tests and benchmarks.
     struct Statistics {
@@ -160,7 +165,11 @@ private:
     void copyFailure(int root, int from);
     void startAttempt();
     void mark(int id);
-    bool markedSingly(int id) const { return m_marks[static_cast<size_t>(id)] >= m_stamp; }
+    // By index: marked in this attempt (one of the few singles) or removed for good.
+    bool markedSingly(int id) const {
+        return !m_index.alive(id) || std::find(m_singles.begin(), m_singles.begin() + m_singleCount,
+                                               id) != m_singles.begin() + m_singleCount;
+    }
     bool exhausted(int first) const { return m_exhausted[static_cast<size_t>(first)] == m_stamp; }
     bool marked(int id) const;
     // The id up to which the range marks cover an entry with these first two letters, or
@@ -176,7 +185,8 @@ private:
     void writeMarks(clsSimpleArray& wordList);
     void rememberFailure(int root);
     void fileFailure(int root);
-    void file(std::vector<int>& heads, size_t at, int root);
+    // Files the failure of `root` at the front of the list that starts at `head`.
+    void file(int& head, int root);
     // Before `removed` leaves the list: the remembered failures it steered are dropped and
     // queued to run again.
     void forgetFailuresMarking(int removed);
@@ -187,9 +197,11 @@ private:
     WordIndex m_index;
     Statistics m_statistics;
 
-    // Marks of use: an entry is marked singly when its stamp is the attempt's (removed entries
-    // carry the highest stamp, so they count as marked for good), or by the ranges below.
-    std::vector<quint32> m_marks;
+    // Marks of use. By index: the singles and the ranges below. On pattern lists: an entry is
+    // marked when its stamp is the attempt's (removed entries carry the highest stamp, so they
+    // count as marked for good); the stamps are made by the first such attempt, so a list
+    // whose words hold no pattern character never pays for them.
+    std::vector<quint8> m_marks;
     std::vector<quint32> m_exhausted; // first letter -> stamp: its third words are used up
     quint32 m_stamp = 0;
     int m_second = -1;     // the root's second letter (cell 2)
@@ -221,10 +233,13 @@ private:
     std::vector<int> m_retry;
     std::vector<Filing> m_filings;
     std::vector<int> m_bySecond; // letter -> first filing of failures with that second letter
-    std::vector<int> m_bySingle; // entry -> first filing of failures that marked it singly
+    // entry -> first filing of failures that marked it singly (few entries: a map, not an
+    // array over every entry)
+    IntMap m_bySingle;
     std::vector<int> m_steeringPool;
 
-    // Real spellings numbered so that equal ones ignoring case share a number (-1: not yet).
-    std::vector<int> m_wordIds;
+    // Real spellings numbered so that equal ones ignoring case share a number, by entry (for
+    // the few entries a request looks at).
+    IntMap m_wordIds;
     QHash<QString, int> m_wordNumbers;
 };

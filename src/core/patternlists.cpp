@@ -130,7 +130,7 @@ PatternLists::List& PatternLists::list(Kind kind, quint64 letters) {
     return list;
 }
 
-int PatternLists::find(List& list, std::vector<quint32>& marks, quint32 stamp) {
+int PatternLists::find(List& list, std::vector<quint8>& marks, quint32 stamp) {
     if (list.stamp != stamp) {
         list.stamp = stamp;
         list.cursor = 0;
@@ -145,7 +145,7 @@ int PatternLists::find(List& list, std::vector<quint32>& marks, quint32 stamp) {
             return -1;
     }
     const int id = list.ids[list.cursor++];
-    marks[static_cast<size_t>(id)] = stamp;
+    marks[static_cast<size_t>(id)] = static_cast<quint8>(stamp);
     return id;
 }
 
@@ -334,8 +334,17 @@ void PatternLists::start(List& list, std::unique_ptr<Matcher> matcher) {
         group(index.byFirstTwoAndLast(), WordIndex::pack(l0, l1, 0, l3));
     } else if (l0 >= 0 && l1 >= 0) {
         group(index.byFirstTwo(), WordIndex::pack(l0, l1, 0, 0));
-    } else if (l0 >= 0 && l3 >= 0) {
-        group(index.byFirstAndLast(), WordIndex::pack(l0, 0, 0, l3));
+    } else if (l0 >= 0 && l3 >= 0) { // the groups of every second letter, in list order
+        const KeyedEntryLists& lists = index.byFirstTwoAndLast();
+        const auto [begin, end] = index.firstTwoGroupsWithFirst(static_cast<WordIndex::Letter>(l0));
+        for (int g = begin; g < end; ++g) {
+            const quint64 l1 = (index.byFirstTwo().groupKey(g) >> 32) & 0xFFFF;
+            const int last = lists.findGroup(WordIndex::pack(l0, l1, 0, l3));
+            if (last >= 0)
+                candidates.insert(candidates.end(), lists.group(last).begin(),
+                                  lists.group(last).end());
+        }
+        std::sort(candidates.begin(), candidates.end());
     } else {
         // Classes (or nothing known) at the first places: the groups by the first two letters
         // whose letters the first tokens take; failing that, the entries by their letter at

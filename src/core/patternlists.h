@@ -99,7 +99,7 @@ public:
 
     // The first id of `list` whose mark is below `stamp` (unused in this attempt; removed
     // entries carry the highest mark), which is then marked with `stamp`; -1 when none.
-    int find(List& list, std::vector<quint32>& marks, quint32 stamp);
+    int find(List& list, std::vector<quint8>& marks, quint32 stamp);
     // True when find() would give -1 without looking further (the list was used up in this
     // attempt).
     static bool usedUp(const List& list, quint32 stamp) {

@@ -39,4 +39,8 @@ public:
     // the search stops at its next poll: the result is a failure with `abandoned` set, and
     // `wordList` keeps its items.
     virtual GenerationResult generate(clsSimpleArray& wordList, StarGrid& grid) = 0;
+
+    // Drops what the generator keeps about the last word list it searched (another list has
+    // been loaded), giving the memory back.
+    virtual void forgetWordList() {}
 };

@@ -40,7 +40,12 @@ PuzzleSession::~PuzzleSession() = default;
 
 bool PuzzleSession::loadQuietly(const QString& path) {
     Q_EMIT waitPointerChanged(true);
+    m_loading = true;
     const bool loaded = m_loader.LoadDictionary(path);
+    m_loading = false;
+    m_pump.clearStop();
+    if (loaded || m_wordList.ListCount() == 0)
+        m_generator->forgetWordList(); // its index describes a list that is gone
     Q_EMIT waitPointerChanged(false);
     if (loaded)
         Q_EMIT dictionaryStatusChanged(m_loader.statusText(), m_loader.statusToolTip());
@@ -64,8 +69,13 @@ bool PuzzleSession::openDictionary(const QString& path) {
     return true;
 }
 
-void PuzzleSession::abandonSearch() {
+void PuzzleSession::abandonWork() {
     if (m_busy)
+        m_pump.requestStop();
+}
+
+void PuzzleSession::abandonSearch() {
+    if (m_busy && !m_loading)
         m_pump.requestStop();
 }
 

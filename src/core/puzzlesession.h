@@ -57,10 +57,14 @@ public:
 
     bool isBusy() const { return m_busy > 0; }
 
-    // Asks a running create request to stop searching (the window is closing). It stops
+    // Asks the running command to stop (the window is closing). A create request stops
     // before the generator's next attempt and returns Abandoned: the word list and the
     // dictionary stay as they were, no message is shown, and the board is enabled again with
-    // empty tiles. A load keeps running to its end. Nothing happens when nothing runs.
+    // empty tiles. A load stops at its next poll of the event pump, without a message: the
+    // list stays as it was while the file is still being read, and is left empty when the
+    // new list was already being built. Nothing happens when nothing runs.
+    void abandonWork();
+    // The same for a create request only: a load runs on to its end.
     void abandonSearch();
 
     // Loads `path` into the word list (start-up, reloads). On failure the notifier names the
@@ -104,4 +108,5 @@ private:
     QString m_dictionaryPath;
     GenerationResult m_lastGeneration;
     int m_busy = 0; // commands still running
+    bool m_loading = false;
 };

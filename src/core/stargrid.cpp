@@ -61,6 +61,20 @@ std::array<int, 4> StarGrid::lineCells(int line) {
     return kLines[line];
 }
 
+std::array<int, 2> StarGrid::linesThrough(int cell) {
+    std::array<int, 2> found{-1, -1};
+    int n = 0;
+    for (int line = 0; line < LineCount && n < 2; ++line) {
+        for (int c : kLines[line]) {
+            if (c == cell) {
+                found[n++] = line;
+                break;
+            }
+        }
+    }
+    return found;
+}
+
 QString StarGrid::solutionWord(int direction) const {
     QString word;
     if (!validDirection(direction))

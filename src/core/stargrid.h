@@ -40,6 +40,8 @@ public:
     std::array<int, 4> cellsOf(int direction) const;
     // The cells of line 0..4, from one end to the other in drawing order.
     static std::array<int, 4> lineCells(int line);
+    // The two lines (0..4, ascending) through cell 0..9.
+    static std::array<int, 2> linesThrough(int cell);
     // The solution letters along direction k (1..10), concatenated; "" without a puzzle.
     QString solutionWord(int direction) const;
 

@@ -28,10 +28,10 @@ bool isSurrogate(char32_t c) {
 
 // Scratch of an id per entry is kept from one build to the next for small lists (allocating
 // it afresh costs more than building their index) and given back for large ones, whose
-// memory counts.
+// memory counts (they do without it where they can).
+constexpr int kKeptScratch = 1 << 18;
 void releaseIfLarge(std::vector<int>& scratch) {
-    constexpr size_t kKeep = size_t{1} << 18;
-    if (scratch.capacity() > kKeep)
+    if (scratch.capacity() > size_t{kKeptScratch})
         std::vector<int>().swap(scratch);
 }
 
@@ -48,8 +48,8 @@ WordIndex::Tail WordIndex::tailAfter(QStringView entry, qsizetype end) {
 
 namespace {} // namespace
 
-void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vector<int>& ids,
-                            quint64 mask, int alphabetSize) {
+template <typename Index>
+void KeyedEntryLists::build(const Index& index, quint64 mask, int alphabetSize) {
     m_mask = mask;
     m_alphabetSize = static_cast<quint64>(std::max(alphabetSize, 1));
     m_letterCount = 0;
@@ -64,7 +64,7 @@ void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vecto
     m_keys.clear();
     m_offsets.clear();
     if (!m_dense) {
-        buildSparse(packed, ids);
+        buildSparse(index);
         releaseIfLarge(m_scratch);
         return;
     }
@@ -72,34 +72,40 @@ void KeyedEntryLists::build(const std::vector<quint64>& packed, const std::vecto
     auto at = [](quint64 p, int shift) { return (p >> shift) & kLetterMask; };
     switch (mask) {
     case WordIndex::kFirstTwo:
-        buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 32); });
+        buildDense(index, [=](quint64 p) { return at(p, 48) * base + at(p, 32); });
         break;
     case WordIndex::kFirstTwoAndLast:
-        buildDense(packed, ids,
+        buildDense(index,
                    [=](quint64 p) { return (at(p, 48) * base + at(p, 32)) * base + at(p, 0); });
         break;
-    case WordIndex::kFirstAndLast:
-        buildDense(packed, ids, [=](quint64 p) { return at(p, 48) * base + at(p, 0); });
-        break;
     default:
-        buildDense(packed, ids, [this](quint64 p) { return digitOf(p); });
+        buildDense(index, [this](quint64 p) { return digitOf(p); });
     }
     releaseIfLarge(m_scratch);
 }
 
-template <typename Digit>
-void KeyedEntryLists::buildDense(const std::vector<quint64>& packed, const std::vector<int>& ids,
-                                 Digit digitOfPacked) {
-    // One stable counting sort by the whole key: ids stay ascending within a group.
+template <typename Index, typename Digit>
+void KeyedEntryLists::buildDense(const Index& index, Digit digitOfPacked) {
+    // One stable counting sort by the whole key: ids stay ascending within a group. The digit
+    // of an entry is computed twice rather than kept, which would cost four bytes an entry.
     quint64 space = 1;
     for (int k = 0; k < m_letterCount; ++k)
         space *= m_alphabetSize;
+    const int entries = index.entryCount();
     m_count.assign(space + 1, 0);
-    m_scratch.resize(ids.size()); // the digit of each id, in the order of `ids`
-    for (size_t k = 0; k < ids.size(); ++k) {
-        const auto digit = static_cast<int>(digitOfPacked(packed[static_cast<size_t>(ids[k])]));
-        m_scratch[k] = digit;
+    int indexed = 0;
+    // A small list keeps each digit for the second pass; a large one computes it again.
+    const bool keepDigits = entries <= kKeptScratch;
+    if (keepDigits)
+        m_scratch.resize(static_cast<size_t>(entries));
+    for (int id = 0; id < entries; ++id) {
+        if (!index.hasLetters(id))
+            continue;
+        const auto digit = static_cast<int>(digitOfPacked(index.packed(id)));
+        if (keepDigits)
+            m_scratch[static_cast<size_t>(id)] = digit;
         ++m_count[static_cast<size_t>(digit) + 1];
+        ++indexed;
     }
     m_groupOfDigit.assign(space, -1);
     for (quint64 d = 0; d < space; ++d) {
@@ -110,34 +116,43 @@ void KeyedEntryLists::buildDense(const std::vector<quint64>& packed, const std::
         }
         m_count[d + 1] += m_count[d];
     }
-    m_offsets.push_back(static_cast<int>(ids.size()));
-    m_ids.resize(ids.size());
-    for (size_t k = 0; k < ids.size(); ++k)
-        m_ids[static_cast<size_t>(m_count[static_cast<size_t>(m_scratch[k])]++)] = ids[k];
+    m_offsets.push_back(indexed);
+    m_ids.resize(static_cast<size_t>(indexed));
+    for (int id = 0; id < entries; ++id) {
+        if (!index.hasLetters(id))
+            continue;
+        const auto digit = keepDigits ? static_cast<size_t>(m_scratch[static_cast<size_t>(id)])
+                                      : static_cast<size_t>(digitOfPacked(index.packed(id)));
+        m_ids[static_cast<size_t>(m_count[digit]++)] = id;
+    }
     for (size_t g = 0; g < m_keys.size(); ++g)
-        m_keys[g] = keyOf(packed[static_cast<size_t>(m_ids[static_cast<size_t>(m_offsets[g])])]);
+        m_keys[g] = keyOf(index.packed(m_ids[static_cast<size_t>(m_offsets[g])]));
 }
 
-void KeyedEntryLists::buildSparse(const std::vector<quint64>& packed, const std::vector<int>& ids) {
+template <typename Index> void KeyedEntryLists::buildSparse(const Index& index) {
     // Stable counting sorts by each letter of the key, the last one first: ids stay ascending
     // within a group because they start ascending.
-    m_ids.assign(ids.begin(), ids.end());
-    m_scratch.resize(ids.size());
+    m_ids.clear();
+    for (int id = 0; id < index.entryCount(); ++id) {
+        if (index.hasLetters(id))
+            m_ids.push_back(id);
+    }
+    m_scratch.resize(m_ids.size());
     for (int k = m_letterCount - 1; k >= 0; --k) {
         const int shift = m_shifts[static_cast<size_t>(k)];
         m_count.assign(static_cast<size_t>(m_alphabetSize) + 1, 0);
         for (const int id : m_ids)
-            ++m_count[((packed[static_cast<size_t>(id)] >> shift) & kLetterMask) + 1];
+            ++m_count[((index.packed(id) >> shift) & kLetterMask) + 1];
         for (size_t n = 1; n < m_count.size(); ++n)
             m_count[n] += m_count[n - 1];
         for (const int id : m_ids) {
-            const auto letter = (packed[static_cast<size_t>(id)] >> shift) & kLetterMask;
+            const auto letter = (index.packed(id) >> shift) & kLetterMask;
             m_scratch[static_cast<size_t>(m_count[letter]++)] = id;
         }
         m_ids.swap(m_scratch);
     }
     for (size_t k = 0; k < m_ids.size(); ++k) {
-        const Key key = keyOf(packed[static_cast<size_t>(m_ids[k])]);
+        const Key key = keyOf(index.packed(m_ids[k]));
         if (m_keys.empty() || m_keys.back() != key) {
             m_keys.push_back(key);
             m_offsets.push_back(static_cast<int>(k));
@@ -202,29 +217,42 @@ int WordIndex::Alphabet::addLetter(char32_t c, std::vector<char32_t>& codePoints
 void WordIndex::clear() {
     m_built = false;
     m_revision = 0;
-    m_packed.clear();
-    m_kind.clear();
-    m_tail.clear();
+    m_narrow.clear();
+    m_wide.clear();
+    m_flags.clear();
     m_irregular.clear();
-    m_alive.clear();
     m_removed.clear();
-    m_indexed.clear();
 }
 
 bool WordIndex::isBuiltFor(const clsSimpleArray& list) const {
     return m_built && m_revision == list.revision();
 }
 
+void WordIndex::setEntry(int id, quint64 a, quint64 b, quint64 c, quint64 d, Kind kind, Tail tail) {
+    const auto k = static_cast<size_t>(id);
+    if (m_wide.empty() && (a | b | c | d) > 0xFF) { // the 257th letter: four bytes no longer do
+        m_wide.resize(m_narrow.size());
+        for (size_t i = 0; i < m_narrow.size(); ++i)
+            m_wide[i] = widen(m_narrow[i]);
+        std::vector<quint32>().swap(m_narrow);
+    }
+    if (m_wide.empty())
+        m_narrow[k] = static_cast<quint32>((a << 24) | (b << 16) | (c << 8) | d);
+    else
+        m_wide[k] = pack(a, b, c, d);
+    m_flags[k] = static_cast<quint8>(static_cast<int>(kind) | (static_cast<int>(tail) << 2));
+    if (tail == Tail::Other)
+        m_irregular.push_back(id);
+}
+
 bool WordIndex::build(const clsSimpleArray& list) {
     clear();
     m_alphabet.clear(m_codePoints);
     const int count = list.ListCount();
-    m_packed.assign(static_cast<size_t>(count), 0);
-    m_kind.assign(static_cast<size_t>(count), Kind::Short);
-    m_tail.assign(static_cast<size_t>(count), Tail::Other);
-    m_alive.assign(static_cast<size_t>(count), 1);
+    m_narrow.assign(static_cast<size_t>(count), 0);
+    m_flags.assign(static_cast<size_t>(count),
+                   static_cast<quint8>(Kind::Short) | (static_cast<quint8>(Tail::Other) << 2));
     m_specialLetter.clear();
-    m_indexed.reserve(static_cast<size_t>(count));
     for (int id = 0; id < count; ++id) {
         const QStringView entry = list.itemView(id);
         // The usual entry: four known characters of the common range, none a surrogate.
@@ -235,18 +263,21 @@ bool WordIndex::build(const clsSimpleArray& list) {
             const quint16 d = m_alphabet.known(entry[3].unicode());
             if (a != Alphabet::kNone && b != Alphabet::kNone && c != Alphabet::kNone &&
                 d != Alphabet::kNone) {
-                m_packed[static_cast<size_t>(id)] = pack(a, b, c, d);
                 const bool special = m_specialLetter[a] | m_specialLetter[b] | m_specialLetter[c] |
                                      m_specialLetter[d];
-                m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
-                m_tail[static_cast<size_t>(id)] = tailAfter(entry, 4);
-                if (m_tail[static_cast<size_t>(id)] == Tail::Other)
-                    m_irregular.push_back(id);
-                m_indexed.push_back(id);
+                const Kind kind = special ? Kind::Special : Kind::Plain;
+                const Tail tail = tailAfter(entry, 4);
+                if (m_wide.empty() && (a | b | c | d) <= 0xFF && tail != Tail::Other) {
+                    const auto k = static_cast<size_t>(id);
+                    m_narrow[k] = (quint32(a) << 24) | (quint32(b) << 16) | (quint32(c) << 8) | d;
+                    m_flags[k] = static_cast<quint8>(int(kind) | (int(tail) << 2));
+                    continue;
+                }
+                setEntry(id, a, b, c, d, kind, tail);
                 continue;
             }
         }
-        quint64 packed = 0;
+        std::array<quint64, 4> letters{};
         bool special = false;
         qsizetype i = 0;
         int taken = 0;
@@ -257,7 +288,7 @@ bool WordIndex::build(const clsSimpleArray& list) {
                 clear();
                 return false;
             }
-            packed = (packed << kLetterBits) | static_cast<quint64>(letter);
+            letters[static_cast<size_t>(taken)] = static_cast<quint64>(letter);
             if (static_cast<size_t>(letter) >= m_specialLetter.size())
                 m_specialLetter.push_back(isWildcardCharacter(c) || isSurrogate(c) ? 1 : 0);
             special = special || m_specialLetter[static_cast<size_t>(letter)] != 0;
@@ -266,19 +297,13 @@ bool WordIndex::build(const clsSimpleArray& list) {
             m_irregular.push_back(id);
             continue;
         }
-        m_packed[static_cast<size_t>(id)] = packed;
-        m_kind[static_cast<size_t>(id)] = special ? Kind::Special : Kind::Plain;
-        m_tail[static_cast<size_t>(id)] = tailAfter(entry, i);
-        if (m_tail[static_cast<size_t>(id)] == Tail::Other)
-            m_irregular.push_back(id);
-        m_indexed.push_back(id);
+        setEntry(id, letters[0], letters[1], letters[2], letters[3],
+                 special ? Kind::Special : Kind::Plain, tailAfter(entry, i));
     }
     const int size = alphabetSize();
-    m_k01.build(m_packed, m_indexed, kFirstTwo, size);
-    m_k013.build(m_packed, m_indexed, kFirstTwoAndLast, size);
-    m_k03.build(m_packed, m_indexed, kFirstAndLast, size);
+    m_k01.build(*this, kFirstTwo, size);
+    m_k013.build(*this, kFirstTwoAndLast, size);
     buildHeads();
-    releaseIfLarge(m_indexed); // only needed to build the lists
     m_revision = list.revision();
     m_built = true;
     return true;
@@ -286,32 +311,24 @@ bool WordIndex::build(const clsSimpleArray& list) {
 
 void WordIndex::buildHeads() {
     const int groups = m_k01.groupCount();
-    m_groupOf01.assign(m_packed.size(), -1);
     m_head01.assign(static_cast<size_t>(groups), -1);
     m_headOffsets.assign(static_cast<size_t>(groups) + 1, 0);
     m_headCount.assign(static_cast<size_t>(groups), 0);
     m_heads.clear();
-    m_nextSameThree.assign(m_packed.size(), -1);
 
-    // Third-letter heads and the chains of entries sharing the first three letters.
-    std::vector<int>& lastOfThird = m_last;
+    // Third-letter heads: the first entry of each third letter in each group.
     std::vector<int>& seenIn = m_seen;
-    lastOfThird.assign(static_cast<size_t>(alphabetSize()), -1);
     seenIn.assign(static_cast<size_t>(alphabetSize()), -1);
     for (int g = 0; g < groups; ++g) {
         const std::span<const int> ids = m_k01.group(g);
         m_head01[static_cast<size_t>(g)] = ids.front();
         m_headOffsets[static_cast<size_t>(g)] = static_cast<int>(m_heads.size());
         for (const int id : ids) {
-            m_groupOf01[static_cast<size_t>(id)] = g;
             const Letter third = letter(id, 2);
             if (seenIn[third] != g) {
                 seenIn[third] = g;
                 m_heads.push_back(id);
-            } else {
-                m_nextSameThree[static_cast<size_t>(lastOfThird[third])] = id;
             }
-            lastOfThird[third] = id;
         }
         m_headCount[static_cast<size_t>(g)] =
             static_cast<int>(m_heads.size()) - m_headOffsets[static_cast<size_t>(g)];
@@ -319,6 +336,13 @@ void WordIndex::buildHeads() {
     m_headOffsets[static_cast<size_t>(groups)] = static_cast<int>(m_heads.size());
 
     // Groups bucketed by their second letter, each bucket ordered by first entry.
+    // Groups are numbered in key order: those of one first letter are consecutive.
+    m_firstOffsets.assign(static_cast<size_t>(alphabetSize()) + 1, 0);
+    for (int g = 0; g < groups; ++g)
+        ++m_firstOffsets[(m_k01.groupKey(g) >> 48) + 1];
+    for (size_t k = 1; k < m_firstOffsets.size(); ++k)
+        m_firstOffsets[k] += m_firstOffsets[k - 1];
+
     m_secondOffsets.assign(static_cast<size_t>(alphabetSize()) + 1, 0);
     auto secondOf = [this](int g) { return (m_k01.groupKey(g) >> 32) & kLetterMask; };
     for (int g = 0; g < groups; ++g)
@@ -362,18 +386,22 @@ std::span<const int> WordIndex::thirdLetterHeads(int g) const {
 }
 
 int WordIndex::nextWithSameFirstThree(int id) const {
-    int next = m_nextSameThree[static_cast<size_t>(id)];
-    while (next >= 0 && !alive(next))
-        next = m_nextSameThree[static_cast<size_t>(next)];
-    return next;
+    // Its group by the first two letters lists the candidates in list order.
+    const std::span<const int> ids = m_k01.group(groupOf01(id));
+    const Letter third = letter(id, 2);
+    for (auto it = std::upper_bound(ids.begin(), ids.end(), id); it != ids.end(); ++it) {
+        if (letter(*it, 2) == third && alive(*it))
+            return *it;
+    }
+    return -1;
 }
 
 void WordIndex::remove(int id) {
-    m_alive[static_cast<size_t>(id)] = 0;
+    m_flags[static_cast<size_t>(id)] |= kDead;
     m_removed.insert(std::lower_bound(m_removed.begin(), m_removed.end(), id), id);
-    const int g = m_groupOf01[static_cast<size_t>(id)];
-    if (g < 0)
+    if (!hasLetters(id))
         return;
+    const int g = groupOf01(id);
 
     // Its third-letter head, if it was one, passes to the next entry of the same three letters.
     const auto headsBegin = m_heads.begin() + m_headOffsets[static_cast<size_t>(g)];
@@ -405,8 +433,8 @@ void WordIndex::remove(int id) {
 }
 
 int WordIndex::regularText(int id, char32_t* text) const {
-    const Tail tail = m_tail[static_cast<size_t>(id)];
-    if (m_kind[static_cast<size_t>(id)] == Kind::Short || tail == Tail::Other)
+    const Tail tail = tailOf(id);
+    if (kindOf(id) == Kind::Short || tail == Tail::Other)
         return 0;
     for (int k = 0; k < 4; ++k)
         text[k] = m_codePoints[letter(id, k)];

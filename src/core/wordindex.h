@@ -8,9 +8,11 @@
 // current position of an id is its id minus the removed ids below it.
 //
 // Letters are numbered densely (Letter) in order of first appearance and packed into one
-// 64-bit value per entry, letter 0 in the top 16 bits. An entry of fewer than four characters
-// has no letters and is in no keyed list (no search with four fixed-length positions can find
-// it). An entry is "plain" when it has four letters and none of them is a wildcard character
+// 64-bit value per entry, letter 0 in the top 16 bits; they are stored in four bytes per entry
+// while there are at most 256 of them, so a list of millions of entries costs little. An entry of
+// fewer than four characters has no letters and is in no keyed list (no search with four
+// fixed-length positions can find it). An entry is "plain" when it has four letters and none of
+// them is a wildcard character
 // ("?", "*", "#", "[") or a lone surrogate: only then does a search pattern built from its
 // letters compare characters one by one.
 #pragma once
@@ -22,6 +24,7 @@
 
 #include <array>
 #include <span>
+#include <utility>
 #include <vector>
 
 class clsSimpleArray;
@@ -32,10 +35,10 @@ class KeyedEntryLists {
 public:
     using Key = quint64;
 
-    // Files `ids` (ascending) by `packed[id] & mask`; every letter is below `alphabetSize`.
-    // Storage is kept from one build to the next.
-    void build(const std::vector<quint64>& packed, const std::vector<int>& ids, quint64 mask,
-               int alphabetSize);
+    // Files the ids with letters of `index` (its entries 0..entryCount()-1 that have letters)
+    // by `index.packed(id) & mask`; every letter is below `alphabetSize`. Storage is kept
+    // from one build to the next.
+    template <typename Index> void build(const Index& index, quint64 mask, int alphabetSize);
 
     Key keyOf(quint64 packed) const { return packed & m_mask; }
     // The group with this key, or -1.
@@ -58,9 +61,8 @@ private:
         return digit;
     }
     // Digits computed by `digit(packed)`: a fixed mask compiles to a few multiplications.
-    template <typename Digit>
-    void buildDense(const std::vector<quint64>& packed, const std::vector<int>& ids, Digit digit);
-    void buildSparse(const std::vector<quint64>& packed, const std::vector<int>& ids);
+    template <typename Index, typename Digit> void buildDense(const Index& index, Digit digit);
+    template <typename Index> void buildSparse(const Index& index);
 
     quint64 m_mask = 0;
     quint64 m_alphabetSize = 0;
@@ -73,7 +75,7 @@ private:
     std::vector<int> m_ids;
     std::vector<int> m_table; // open addressing: group numbers, -1 for an empty slot
     int m_tableBits = 0;
-    std::vector<int> m_scratch;
+    std::vector<int> m_scratch; // for the sparse build
     std::vector<int> m_count;
 };
 
@@ -84,7 +86,6 @@ public:
 
     static constexpr quint64 kFirstTwo = 0xFFFF'FFFF'0000'0000ULL;
     static constexpr quint64 kFirstTwoAndLast = 0xFFFF'FFFF'0000'FFFFULL;
-    static constexpr quint64 kFirstAndLast = 0xFFFF'0000'0000'FFFFULL;
 
     static quint64 pack(quint64 l0, quint64 l1, quint64 l2, quint64 l3) {
         return (l0 << 48) | (l1 << 32) | (l2 << 16) | l3;
@@ -102,20 +103,20 @@ public:
     void setRevision(quint64 revision) { m_revision = revision; }
 
     // Ids run from 0 to entryCount() - 1, removed ones included.
-    int entryCount() const { return static_cast<int>(m_packed.size()); }
+    int entryCount() const { return static_cast<int>(m_flags.size()); }
     int removedCount() const { return static_cast<int>(m_removed.size()); }
     int alphabetSize() const { return static_cast<int>(m_codePoints.size()); }
-    bool alive(int id) const { return m_alive[static_cast<size_t>(id)] != 0; }
-    bool hasLetters(int id) const { return m_kind[static_cast<size_t>(id)] != Kind::Short; }
-    bool plain(int id) const { return m_kind[static_cast<size_t>(id)] == Kind::Plain; }
+    bool alive(int id) const { return (m_flags[static_cast<size_t>(id)] & kDead) == 0; }
+    bool hasLetters(int id) const { return kindOf(id) != Kind::Short; }
+    bool plain(int id) const { return kindOf(id) == Kind::Plain; }
     // The characters of an entry with letters when it is exactly its four letters, or its four
     // letters and "*" (every entry a dictionary load makes): copied into `text` (room for 5),
     // returning how many. 0 for any other entry, whose text must be read from the list.
     int regularText(int id, char32_t* text) const;
     // The length regularText() gives, without copying.
     int regularLength(int id) const {
-        const Tail tail = m_tail[static_cast<size_t>(id)];
-        if (m_kind[static_cast<size_t>(id)] == Kind::Short || tail == Tail::Other)
+        const Tail tail = tailOf(id);
+        if (kindOf(id) == Kind::Short || tail == Tail::Other)
             return 0;
         return tail == Tail::None ? 4 : 5;
     }
@@ -125,10 +126,16 @@ public:
     // The text of one letter as it stands in the entries (a lone surrogate stays one unit).
     QString letterText(Letter letter) const;
     // The packed letters of an entry. Precondition: hasLetters(id).
-    quint64 packed(int id) const { return m_packed[static_cast<size_t>(id)]; }
+    quint64 packed(int id) const {
+        return m_wide.empty() ? widen(m_narrow[static_cast<size_t>(id)])
+                              : m_wide[static_cast<size_t>(id)];
+    }
     // Letter `position` (0..3) of an entry. Precondition: hasLetters(id).
     Letter letter(int id, int position) const {
-        return static_cast<Letter>(m_packed[static_cast<size_t>(id)] >> (48 - 16 * position));
+        if (!m_wide.empty())
+            return static_cast<Letter>(m_wide[static_cast<size_t>(id)] >> (48 - 16 * position));
+        return static_cast<Letter>((m_narrow[static_cast<size_t>(id)] >> (24 - 8 * position)) &
+                                   0xFF);
     }
     char32_t codePoint(Letter letter) const { return m_codePoints[letter]; }
     // The letter of a character, or -1 when no entry holds it among its first four.
@@ -139,10 +146,15 @@ public:
     // Mirrors the removal of the live entry `id` from the list.
     void remove(int id);
 
-    // Entries by letters 0 and 1; by 0, 1 and 3; by 0 and 3.
+    // Entries by letters 0 and 1; by 0, 1 and 3.
     const KeyedEntryLists& byFirstTwo() const { return m_k01; }
     const KeyedEntryLists& byFirstTwoAndLast() const { return m_k013; }
-    const KeyedEntryLists& byFirstAndLast() const { return m_k03; }
+    // The byFirstTwo() groups whose first letter is `first`: group numbers begin..end-1
+    // (groups are numbered in the order of their letters). An entry with first letter a and
+    // last letter b is in byFirstTwoAndLast() under a, one of these second letters, and b.
+    std::pair<int, int> firstTwoGroupsWithFirst(Letter first) const {
+        return {m_firstOffsets[first], m_firstOffsets[first + 1u]};
+    }
 
     // The groups of byFirstTwo() whose second letter is `second`, ordered by their first live
     // entry (groups without a live entry come last).
@@ -158,6 +170,21 @@ private:
     enum class Kind : quint8 { Short, Plain, Special };
     // What follows the four letters: nothing, one "*", or anything else (or nothing known).
     enum class Tail : quint8 { None, Mark, Other };
+    // An entry's flags: its kind (bits 0-1), its tail (bits 2-3), and whether it was removed.
+    static constexpr quint8 kDead = 0x10;
+    Kind kindOf(int id) const { return static_cast<Kind>(m_flags[static_cast<size_t>(id)] & 3); }
+    Tail tailOf(int id) const {
+        return static_cast<Tail>((m_flags[static_cast<size_t>(id)] >> 2) & 3);
+    }
+    // Four letters of a byte each, packed.
+    static quint64 widen(quint64 n) {
+        return ((n & 0xFF00'0000) << 24) | ((n & 0xFF'0000) << 16) | ((n & 0xFF00) << 8) |
+               (n & 0xFF);
+    }
+    // Files entry `id` with these letters, kind and tail.
+    void setEntry(int id, quint64 a, quint64 b, quint64 c, quint64 d, Kind kind, Tail tail);
+    // The byFirstTwo() group of an entry with letters.
+    int groupOf01(int id) const { return m_k01.findGroup(m_k01.keyOf(packed(id))); }
 
     // Numbers characters densely: a table for the most common characters, a hash beyond.
     class Alphabet {
@@ -194,26 +221,23 @@ private:
     quint64 m_revision = 0;
     bool m_built = false;
     Alphabet m_alphabet;
-    std::vector<quint64> m_packed;
-    std::vector<Kind> m_kind;
-    std::vector<Tail> m_tail;
+    // The letters of every entry (0 for an entry without): one byte each while the alphabet
+    // has at most 256 letters (m_narrow, letter 0 in the top byte), else packed (m_wide).
+    std::vector<quint32> m_narrow;
+    std::vector<quint64> m_wide;
+    std::vector<quint8> m_flags;
     std::vector<int> m_irregular; // ids without a regular text, ascending
-    std::vector<quint8> m_alive;
     std::vector<char32_t> m_codePoints;
     std::vector<quint8> m_specialLetter; // letter -> a wildcard character or lone surrogate
     std::vector<int> m_removed;          // ascending
-    std::vector<int> m_indexed;          // ids with letters, ascending
     KeyedEntryLists m_k01;
     KeyedEntryLists m_k013;
-    KeyedEntryLists m_k03;
-    std::vector<int> m_groupOf01;      // id -> its byFirstTwo() group (-1 for short entries)
+    std::vector<int> m_firstOffsets;   // first letter -> range of byFirstTwo() groups
     std::vector<int> m_head01;         // byFirstTwo() group -> first live entry or -1
     std::vector<int> m_secondOffsets;  // second letter -> range in m_groupsBySecond
     std::vector<int> m_groupsBySecond; // byFirstTwo() groups, bucketed by second letter
     std::vector<int> m_headOffsets;    // byFirstTwo() group -> range in m_heads
     std::vector<int> m_headCount;      // byFirstTwo() group -> live heads in its range
     std::vector<int> m_heads;          // third-letter heads per byFirstTwo() group
-    std::vector<int> m_nextSameThree;  // id -> next id with the same first three letters
-    std::vector<int> m_seen;           // scratch: per letter, the last group or entry seen
-    std::vector<int> m_last;
+    std::vector<int> m_seen;           // scratch: per letter, the last group seen
 };

@@ -1,5 +1,6 @@
 // The create and dictionary commands: messages, what the window is told and in which order,
 // the reload after a failure, and requests that arrive while one is running.
+#include "core/memoryinfo.h"
 #include "core/puzzlesession.h"
 
 #include "support/recordingnotifier.h"
@@ -112,11 +113,45 @@ TEST_F(SessionTest, DictionaryCommandKeepsEverythingOnCancelOrFailure) {
 
     EXPECT_FALSE(m_session.openDictionary(QString())); // cancelled picker
     EXPECT_FALSE(m_session.openDictionary(m_folder.file(QStringLiteral("nope.txt"))));
+    // Words that need more memory than there is; the window closing during a load (silently).
+    const QString other = m_folder.writeLines(QStringLiteral("other.txt"), testwords::kSeven);
+    m_session.dictionary().setAvailableMemory([] { return qint64{0}; });
+    EXPECT_FALSE(m_session.openDictionary(other));
+    m_session.dictionary().setAvailableMemory({});
+    m_session.eventPump().setClock([now = qint64{0}]() mutable { return now += 100; });
+    m_session.eventPump().setAction([this] { m_session.abandonWork(); });
+    EXPECT_FALSE(m_session.openDictionary(other));
+    EXPECT_FALSE(m_session.eventPump().stopRequested());
+
     EXPECT_EQ(m_session.DictionaryPath(), path);
     EXPECT_EQ(m_session.WordList().ListCount(), 16);
     EXPECT_EQ(m_session.dictionary().statusText(),
               QStringLiteral("Dictionary: known.txt (8 words)"));
-    EXPECT_EQ(m_events, QStringList({"wait", "arrow"}));
-    ASSERT_EQ(m_notifier.messages().size(), 1);
+    EXPECT_EQ(m_events, QStringList({"wait", "arrow", "wait", "arrow", "wait", "arrow"}));
+    ASSERT_EQ(m_notifier.messages().size(), 2);
     EXPECT_TRUE(m_notifier.messages()[0].text.contains(QStringLiteral("nope.txt")));
+    EXPECT_TRUE(m_notifier.messages()[1].text.contains(QStringLiteral("not enough memory")));
+}
+
+TEST_F(SessionTest, ASmallListLoadedAfterABigOneGivesTheMemoryBack) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the sanitizer's allocator holds freed memory back on purpose";
+#endif
+    QByteArray big; // 600,000 words: the list and the generator's index take tens of MB
+    for (int n = 0; n < 600000; ++n) {
+        for (int k = 0, v = n; k < 4; ++k, v /= 26)
+            big += char('a' + v % 26);
+        big += "\r\n";
+    }
+    m_folder.write(QStringLiteral("big.txt"), big);
+    big = {};
+    const QString small = m_folder.writeLines(QStringLiteral("known.txt"), testwords::kEight);
+    const qint64 before = residentBytes();
+    m_session.dictionary().setShuffled(true); // in file order every attempt would fail
+    ASSERT_TRUE(m_session.openDictionary(m_folder.file(QStringLiteral("big.txt"))));
+    ASSERT_EQ(create(), PuzzleSession::CreateOutcome::Created);
+    const qint64 grown = residentBytes() - before;
+    ASSERT_TRUE(m_session.openDictionary(small));
+    EXPECT_GT(grown, qint64{30} << 20);
+    EXPECT_LT(residentBytes() - before, qint64{4} << 20) << "after growing by " << grown;
 }

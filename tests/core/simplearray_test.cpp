@@ -58,6 +58,17 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
         {"a b=7 c", [](L& l) { return l.AddItem("x", 1), l.Text(); }, "x", "a x b=7 c", 1},
         {"a b", [](L& l) { return l.AddItem("end", 2), ""; }, "", "a b end", 2}, // appends
         {"a b=7", [](L& l) { return l.List(1, "z"), ""; }, "", "a z=7", 1},      // keeps the data
+        // Texts of any length, one rewritten many times (the buffer keeps only what is used).
+        {"a b c",
+         [](L& l) {
+             for (int k = 0; k < 40; ++k)
+                 l.List(2, QString(300 + k, QChar(u'a' + k % 26)));
+             l.List(0, QString(300, u'q'));
+             l.RemoveItem(1);
+             const bool kept = l.List(0) == QString(300, u'q') && l.List(1) == QString(339, u'n');
+             return l.List(0, "q"), l.List(1, "n"), kept ? "kept" : "lost";
+         },
+         "kept", "q n", 1},
         {"a b", [](L& l) { return l.Clear(), QString::number(l.capacity()) + l.Text(); }, "0", "",
          -1},
         // Sorted: before the first greater item (character codes), else at the given index;
