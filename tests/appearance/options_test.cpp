@@ -14,8 +14,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace {
 
 using namespace PickerColours;
@@ -34,88 +32,60 @@ QString rgb(quint32 c) {
 }
 
 TEST(PickerColours, ShadesRoundHalfToEvenInSinglePrecision) {
-    const struct {
-        quint32 colour;
-        int percent;
-        quint32 dark, light;
-    } rows[] = {
-        // 227.5, 177.5 and 152.5 go to the even neighbour.
+    // Colour, percent, darker, lighter: 227.5, 177.5 and 152.5, 1.5 and 2.5 go to the even
+    // neighbour; f = 1/256 gives 255 x f = 0.996 -> 1 and 255 x 255/256 = 254.004 -> 254.
+    const std::array<quint32, 4> rows[] = {
         {packRgb(200, 100, 50), 128, packRgb(100, 50, 25), packRgb(228, 178, 152)},
-        {packRgb(200, 100, 50), 0, packRgb(0, 0, 0), packRgb(255, 255, 255)},
-        {packRgb(200, 100, 50), 256, packRgb(200, 100, 50), packRgb(200, 100, 50)},
-        // 3 x 0.5 = 1.5 -> 2, 5 x 0.5 = 2.5 -> 2; (255 - 3) x 0.5 + 3 = 129.
         {packRgb(3, 5, 255), 128, packRgb(2, 2, 128), packRgb(129, 130, 255)},
-        // f = 1/256: 255 x f = 0.996 -> 1; (255 - 0) x 255/256 = 254.00390625 -> 254.
         {packRgb(255, 0, 128), 1, packRgb(1, 0, 0), packRgb(255, 254, 255)},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(rgb(row.colour).toStdString() + " " + std::to_string(row.percent));
-        EXPECT_EQ(rgb(clrBlackness(row.colour, row.percent)), rgb(row.dark));
-        EXPECT_EQ(rgb(clrWhiteness(row.colour, row.percent)), rgb(row.light));
+    for (const auto& [colour, percent, dark, light] : rows) {
+        EXPECT_EQ(rgb(clrBlackness(colour, int(percent))), rgb(dark)) << percent;
+        EXPECT_EQ(rgb(clrWhiteness(colour, int(percent))), rgb(light)) << percent;
     }
 }
 
-// A picker after its first sizing, logging "sel r,g,b" for each SelColor and "strips r,g,b"
-// for each redrawing of the strips, in the order they happen.
-class PickerTest : public ::testing::Test {
-protected:
-    PickerTest() {
-        QObject::connect(&m_picker, &ColourPicker::SelColor,
-                         [this](quint32 c) { m_log << QStringLiteral("sel ") + rgb(c); });
-        QObject::connect(&m_picker, &ColourPicker::stripsDrawn,
-                         [this](quint32 c) { m_log << QStringLiteral("strips ") + rgb(c); });
-        m_picker.sized();
-    }
-    QStringList take() { return std::exchange(m_log, {}); }
-
-    ColourPicker m_picker{desktop};
-    QStringList m_log;
-};
-
-TEST_F(PickerTest, EverySelectionReportsEachBarThatMovesAndStripClicksKeepTheStrips) {
-    EXPECT_EQ(m_picker.SchemeColor(), StartColour); // light grey after the first sizing
-    EXPECT_EQ(m_picker.RedrawStrips(), 1);
-    take();
-    const struct {
-        std::function<void(ColourPicker&)> act;
-        QStringList log;
-    } rows[] = {
+// A picker after its first sizing logs "r,g,b" for each SelColor and "~r,g,b" for each
+// redrawing of the strips, in the order they happen.
+TEST(ColourPicker, EverySelectionReportsEachBarThatMovesAndStripClicksKeepTheStrips) {
+    ColourPicker picker{desktop};
+    QStringList log;
+    QObject::connect(&picker, &ColourPicker::SelColor, [&log](quint32 c) { log << rgb(c); });
+    QObject::connect(&picker, &ColourPicker::stripsDrawn,
+                     [&log](quint32 c) { log << QStringLiteral("~") + rgb(c); });
+    picker.sized();
+    EXPECT_EQ(picker.SchemeColor(), StartColour); // light grey after the first sizing
+    EXPECT_EQ(picker.RedrawStrips(), 1);
+    using P = ColourPicker;
+    const std::pair<std::function<void(ColourPicker&)>, const char*> rows[] = {
         // All three channels differ: three events, the strips redrawn for each intermediate
-        // colour and once more at the end.
-        {[](ColourPicker& p) { p.setSchemeColor(packRgb(10, 20, 30)); },
-         {"strips 10,192,192", "sel 10,192,192", "strips 10,20,192", "sel 10,20,192",
-          "strips 10,20,30", "sel 10,20,30", "strips 10,20,30"}},
-        // The same colour again: no event, the strips redrawn.
-        {[](ColourPicker& p) { p.setSchemeColor(packRgb(10, 20, 30)); }, {"strips 10,20,30"}},
+        // colour and once more at the end; the same colour again: the strips redrawn.
+        {[](P& p) { p.setSchemeColor(packRgb(10, 20, 30)); },
+         "~10,192,192 10,192,192 ~10,20,192 10,20,192 ~10,20,30 10,20,30 ~10,20,30"},
+        {[](P& p) { p.setSchemeColor(packRgb(10, 20, 30)); }, "~10,20,30"},
         // A system colour is selected as the RGB the desktop shows for it.
-        {[](ColourPicker& p) { p.setSchemeColor(SystemWindow); },
-         {"strips 250,20,30", "sel 250,20,30", "strips 250,240,30", "sel 250,240,30",
-          "strips 250,240,230", "sel 250,240,230", "strips 250,240,230"}},
-        {[](ColourPicker& p) { p.setBarValue(ColourPicker::Green, 7); },
-         {"strips 250,7,230", "sel 250,7,230"}},
-        {[](ColourPicker& p) { p.setBarValue(ColourPicker::Green, 7); }, {}}, // not a change
-        {[](ColourPicker& p) { p.setBarValue(ColourPicker::Red, 400); },      // held to 255
-         {"strips 255,7,230", "sel 255,7,230"}},
+        {[](P& p) { p.setSchemeColor(SystemWindow); },
+         "~250,20,30 250,20,30 ~250,240,30 250,240,30 ~250,240,230 250,240,230 ~250,240,230"},
+        {[](P& p) { p.setBarValue(P::Green, 7); }, "~250,7,230 250,7,230"},
+        {[](P& p) { p.setBarValue(P::Green, 7); }, ""},                     // not a change
+        {[](P& p) { p.setBarValue(P::Red, 400); }, "~255,7,230 255,7,230"}, // held to 255
         // A click on the surface from y 900 on is a strip click: the strips stay.
-        {[](ColourPicker& p) { p.surfaceClicked(packRgb(0, 0, 255), 900.0); },
-         {"sel 0,7,230", "sel 0,0,230", "sel 0,0,255", "sel 0,0,255"}},
-        {[](ColourPicker& p) { p.surfaceClicked(packRgb(0, 7, 230), 899.9); },
-         {"strips 0,7,255", "sel 0,7,255", "strips 0,7,230", "sel 0,7,230", "strips 0,7,230",
-          "sel 0,7,230"}},
+        {[](P& p) { p.surfaceClicked(packRgb(0, 0, 255), 900.0); },
+         "0,7,230 0,0,230 0,0,255 0,0,255"},
+        {[](P& p) { p.surfaceClicked(packRgb(0, 7, 230), 899.9); },
+         "~0,7,255 0,7,255 ~0,7,230 0,7,230 ~0,7,230 0,7,230"},
     };
-    for (const auto& row : rows) {
-        row.act(m_picker);
-        EXPECT_EQ(take(), row.log);
+    for (const auto& [act, expected] : rows) {
+        log.clear();
+        act(picker);
+        EXPECT_EQ(log.join(u' '), QString::fromLatin1(expected));
     }
-    EXPECT_EQ(m_picker.SchemeColor(), packRgb(0, 7, 230));
-    EXPECT_EQ(m_picker.RedrawStrips(), 1);
-    EXPECT_EQ((QStringList{m_picker.degreeCaption(ColourPicker::Red),
-                           m_picker.degreeCaption(ColourPicker::Green),
-                           m_picker.degreeCaption(ColourPicker::Blue)}),
-              (QStringList{"0", "7", "230"}));
-    EXPECT_EQ(m_picker.channelSwatch(ColourPicker::Green), packRgb(0, 7, 0));
-    m_picker.setSchemeColor(0x80000063u); // cannot be translated: black
-    EXPECT_EQ(m_picker.SchemeColor(), 0u);
+    EXPECT_EQ(picker.SchemeColor(), packRgb(0, 7, 230));
+    EXPECT_EQ(picker.RedrawStrips(), 1);
+    EXPECT_EQ(picker.degreeCaption(P::Blue), QStringLiteral("230"));
+    EXPECT_EQ(picker.channelSwatch(P::Green), packRgb(0, 7, 0));
+    picker.setSchemeColor(0x80000063u); // cannot be translated: black
+    EXPECT_EQ(picker.SchemeColor(), 0u);
 }
 
 // The Options window's rules over a collection of three schemes, xp being the active one,
@@ -168,9 +138,22 @@ TEST_F(OptionsTest, StartUpListsSortedIgnoringCaseAndKeepsThemWhenTheFileCannotB
     EXPECT_EQ(m_model.fontNames(), (QStringList{"C059", "D050000L", "Noto Sans"}));
 }
 
+// The last rows: another running copy of the game changed the file after this window listed
+// it, so every edit is decided on the file; a copy still editing makes the edit say so.
 TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
     const QStringList all{"xp.col", "ocean.col", "sand.col"};
     const QString ask = QStringLiteral("? Enter new Color Scheme name");
+    const QString busy = QStringLiteral("The color schemes are being changed by another copy of "
+                                        "Pentalink.\nPlease try again.");
+    const auto gone = [](const char* file) {
+        return QStringLiteral(
+                   "Color Scheme: %1 is no longer in the collection; nothing was changed")
+            .arg(QLatin1StringView(file));
+    };
+    Settings theirSettings = m_settings;
+    ColourScheme theirs(theirSettings);
+    QLockFile theirLock(m_scheme.lockPath());
+    m_scheme.setLockWait(0);
     enum Flow { Add, Replace, Delete };
     // clang-format off
     const struct {
@@ -181,6 +164,7 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         bool writerFails;
         QStringList messages;
         QStringList headers;
+        std::function<void()> elsewhere = {}; // another copy, after the selection
     } rows[] = {
         {Add, "sand", "xp.col", "", false, {ask}, all},
         {Add, "sand", "xp.col", "OCEAN", false, {ask, "Color Scheme: OCEAN already exists"}, all},
@@ -202,16 +186,26 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         {Delete, "ocean", "xp.col", "yes", false,
          {"Delete color scheme: ocean", "Color Scheme: ocean.col deleted"},
          {"xp.col", "sand.col", "deep sea.col"}},
+        {Add, "", "xp.col", "Teal", false, {ask, "Color Scheme: Teal already exists"},
+         {"xp.col", "sand.col", "deep sea.col", "teal.col"}, [&] { theirs.AppendScheme("teal"); }},
+        {Replace, "sand", "xp.col", "yes", false, {"Replace color scheme: sand", gone("sand.col")},
+         {"xp.col", "deep sea.col", "teal.col"}, [&] { theirs.DeleteScheme("sand"); }},
+        {Delete, "deep sea", "xp.col", "yes", false,
+         {"Delete color scheme: deep sea", gone("deep sea.col")}, {"xp.col", "teal.col"},
+         [&] { theirs.DeleteScheme("deep sea"); }},
+        {Add, "", "xp.col", "Mint", false, {ask, busy}, {"xp.col", "teal.col"},
+         [&] { ASSERT_TRUE(theirLock.tryLock(0)); }},
     };
     // clang-format on
     const SchemeFile::Writer failing = [](const QString&, const QByteArray&) { return false; };
-    m_scheme.DeriveScheme(packRgb(1, 2, 3), 100);
     for (const auto& row : rows) {
         SCOPED_TRACE(std::to_string(row.flow) + " " + row.selected + " " + row.answer);
         m_notifier.clear();
         m_settings.ActiveSchemeFile = QString::fromLatin1(row.active);
         const QStringList before = headers();
         select(QString::fromLatin1(row.selected));
+        if (row.elsewhere)
+            row.elsewhere();
         m_scheme.setWriter(row.writerFails ? failing : SchemeFile::Writer());
         if (row.flow == Add)
             m_notifier.queueText(QString::fromLatin1(row.answer));
@@ -227,104 +221,27 @@ TEST_F(OptionsTest, AddReplaceAndDeleteAskFirstAndNeverDeleteTheActiveScheme) {
         EXPECT_EQ(m_model.schemeText(), refilled ? QString() : QString::fromLatin1(row.selected));
         EXPECT_EQ(m_model.schemeNames().size(), headers().size());
     }
-    // The added and the replaced sections hold the current colours, as stored.
-    for (const char* name : {"deep sea.col", "sand.col"}) {
-        quint32 base = 0;
-        ASSERT_TRUE(m_scheme.PreviewScheme(QString::fromLatin1(name), base));
-        EXPECT_EQ(base, packRgb(1, 2, 3));
-    }
-}
-
-// Another running copy of the game changed the file after this window listed it: every edit
-// is decided on the file, and a copy still editing makes the edit wait, then say so.
-TEST_F(OptionsTest, EditsFollowTheFileAnotherCopyChangedAndWaitForItsLock) {
-    Settings theirSettings = m_settings;
-    ColourScheme theirs(theirSettings);
-    const QString busy = QStringLiteral("The color schemes are being changed by another copy of "
-                                        "Pentalink.\nPlease try again.");
-    const auto gone = [](const char* file) {
-        return QStringLiteral("Color Scheme: %1 is no longer in the collection; nothing was "
-                              "changed")
-            .arg(QLatin1StringView(file));
-    };
-    enum Flow { Add, Replace, Delete };
-    const struct {
-        Flow flow;
-        const char* name; // typed or selected
-        std::function<void()> elsewhere;
-        QString message;
-        QStringList headers;
-        QStringList listed;
-    } rows[] = {
-        {Add,
-         "Teal",
-         [&] { theirs.AppendScheme(QStringLiteral("teal")); },
-         "Color Scheme: Teal already exists",
-         {"xp.col", "ocean.col", "sand.col", "teal.col"},
-         {"ocean", "sand", "teal", "xp"}},
-        {Replace,
-         "sand",
-         [&] { theirs.DeleteScheme(QStringLiteral("sand")); },
-         gone("sand.col"),
-         {"xp.col", "ocean.col", "teal.col"},
-         {"ocean", "teal", "xp"}},
-        {Delete,
-         "ocean",
-         [&] { theirs.DeleteScheme(QStringLiteral("ocean")); },
-         gone("ocean.col"),
-         {"xp.col", "teal.col"},
-         {"teal", "xp"}},
-        {Add, "Mint", [] {}, busy, {"xp.col", "teal.col"}, {"teal", "xp"}},
-    };
-    m_model.fillSchemeList();
-    QLockFile theirLock(m_scheme.lockPath());
-    m_scheme.setLockWait(0);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        m_notifier.clear();
-        select(QString::fromLatin1(row.name));
-        row.elsewhere();
-        if (row.message == busy) {
-            ASSERT_TRUE(theirLock.tryLock(0));
-        }
-        if (row.flow == Add) {
-            m_notifier.queueText(QString::fromLatin1(row.name));
-            m_model.add();
-        } else {
-            m_notifier.queueAnswer(AnswerYes);
-            row.flow == Replace ? m_model.replace() : m_model.remove();
-        }
-        EXPECT_EQ(m_notifier.messages().last().text, row.message);
-        EXPECT_EQ(headers(), row.headers);
-        EXPECT_EQ(m_model.schemeNames(), row.listed);
-    }
 }
 
 TEST_F(OptionsTest, SampleSizeStepsWithLeftAndRightAndStaysIn8To32) {
-    const struct {
-        int configured;
-        int button;
-        int size;
-    } rows[] = {
-        {18, OptionsModel::LeftButton, 19},
-        {18, OptionsModel::RightButton, 17},
-        {18, OptionsModel::MiddleButton, 18},
-        {8, OptionsModel::RightButton, 8},
-        {32, OptionsModel::LeftButton, 32},
-        {40, OptionsModel::MiddleButton, 32},
-        {3, 0, 8},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.configured) + " " + std::to_string(row.button));
-        m_settings.BoardFontSize = row.configured;
+    using M = OptionsModel; // configured size, button, size after
+    const std::array<int, 3> rows[] = {{18, M::LeftButton, 19},
+                                       {18, M::RightButton, 17},
+                                       {18, M::MiddleButton, 18},
+                                       {8, M::RightButton, 8},
+                                       {32, M::LeftButton, 32},
+                                       {40, M::MiddleButton, 32},
+                                       {3, 0, 8}};
+    for (const auto& [configured, button, size] : rows) {
+        m_settings.BoardFontSize = configured;
         m_model.activate();
-        EXPECT_EQ(m_model.sampleFontSize(), float(row.configured));
-        m_model.sampleReleased(row.button);
-        EXPECT_EQ(m_model.sampleFontSize(), float(row.size));
+        EXPECT_EQ(m_model.sampleFontSize(), float(configured));
+        m_model.sampleReleased(button);
+        EXPECT_EQ(m_model.sampleFontSize(), float(size)) << configured << " " << button;
     }
 }
 
-TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontAndResetsContrastWithoutRebuilding) {
+TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontResetsContrastAndApplyTakesBoth) {
     m_settings.BoardFontName = QStringLiteral("ARIAL");
     m_settings.BoardFontSize = 20;
     m_scheme.LoadColourScheme(QStringLiteral("ocean.col"));
@@ -344,16 +261,24 @@ TEST_F(OptionsTest, ActivationShowsTheActiveSchemeAndFontAndResetsContrastWithou
     EXPECT_EQ(m_model.fontNames().value(m_model.fontRow()), QStringLiteral("arial"));
     EXPECT_EQ(m_model.fontTopRow(), m_model.fontRow());
     EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("ARIAL"));
-    EXPECT_EQ(m_model.sampleFontSize(), 20.0f);
 
-    m_model.fontClicked(2);
-    EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("DejaVu Sans"));
     // -100 lightens colours 3 to 5 and darkens 6 to 8; the bar holds at its minimum.
     m_model.setContrast(-500);
     EXPECT_EQ(m_model.contrast(), -100);
-    EXPECT_EQ(m_scheme.SchemeColours[3], packRgb(244, 244, 244));
     EXPECT_EQ(m_scheme.SchemeColours[6], packRgb(122, 112, 102));
-    EXPECT_TRUE(m_notifier.messages().isEmpty());
+
+    // Apply takes the sample font, and the selection if any, then presses Command2.
+    m_model.fontClicked(2);
+    EXPECT_EQ(m_model.sampleFontName(), QStringLiteral("DejaVu Sans"));
+    m_model.sampleReleased(OptionsModel::LeftButton);
+    m_model.selectScheme(-1);
+    m_model.apply(); // nothing selected: the active scheme stays
+    EXPECT_EQ(std::tie(m_settings.ActiveSchemeFile, m_settings.BoardFontName, m_command2Presses),
+              std::make_tuple(QStringLiteral("xp.col"), QStringLiteral("DejaVu Sans"), 1));
+    EXPECT_EQ(m_settings.BoardFontSize, 21);
+    select(QStringLiteral("ocean"));
+    m_model.apply();
+    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("ocean.col"));
 }
 
 TEST_F(OptionsTest, PreviewRebuildsFromThePickerOnlyWhenTheContrastBarWasElsewhere) {
@@ -381,23 +306,6 @@ TEST_F(OptionsTest, PreviewRebuildsFromThePickerOnlyWhenTheContrastBarWasElsewhe
     EXPECT_EQ(messages(), QStringList{"Color Scheme: .col not found"});
     EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("default.col"));
     EXPECT_EQ(m_scheme.SchemeColours[2], 0u);
-}
-
-TEST_F(OptionsTest, ApplyTakesTheSelectionIfAnyAndTheSampleFontThenPressesCommand2) {
-    m_settings.BoardFontSize = 18;
-    m_model.activate();
-    m_model.fontClicked(1);
-    m_model.sampleReleased(OptionsModel::LeftButton);
-    m_model.apply(); // nothing selected: the active scheme stays
-    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
-    EXPECT_EQ(m_settings.BoardFontName, QStringLiteral("Courier New"));
-    EXPECT_EQ(m_settings.BoardFontSize, 19);
-    EXPECT_EQ(m_command2Presses, 1);
-    select(QStringLiteral("ocean"));
-    m_model.apply();
-    EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("ocean.col"));
-    EXPECT_EQ(m_command2Presses, 2);
-    EXPECT_TRUE(m_notifier.messages().isEmpty()); // nothing is written, nothing said
 }
 
 } // namespace

@@ -5,42 +5,25 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-BoardHit atPixel(int x, int y) {
-    return partAt(BoardGeometry::pixelToTwips({x, y}));
-}
-
-} // namespace
-
 TEST(BoardHit, PixelsOnTheEdgesOfPartsFindThePartOrTheGround) {
-    // Client-area pixels, as the window places its parts (the star area starts at 2, 4).
+    // Client-area pixels, as the window places its parts (the star area starts at 2, 4), and
+    // the part there: c cell, m marker, t tile, "." the ground; at 95,272 a cell covers a marker.
     const struct {
         int x, y;
-        BoardHit hit;
-    } rows[] = {
-        {160, 20, {BoardPart::Cell, 0}},
-        {190, 50, {BoardPart::Cell, 0}},
-        {191, 50, {}},
-        {159, 20, {}},
-        {154, 66, {BoardPart::Marker, 1}},
-        {153, 66, {}},
-        {176, 90, {BoardPart::Marker, 1}},
-        {176, 91, {}},
-        {95, 271, {BoardPart::Marker, 7}},
-        {95, 272, {BoardPart::Cell, 8}}, // the cell covers
-        {92, 326, {BoardPart::Tile, 2}},
-        {91, 326, {}},
-        {171, 350, {BoardPart::Tile, 2}},
-        {172, 350, {}},
-        {352, 378, {BoardPart::Tile, 8}},
-        {353, 378, {}},
-        {-1, -1, {}},
-        {400, 500, {}},
-    };
+        char part;
+        int index;
+    } rows[] = {{160, 20, 'c', 0},  {190, 50, 'c', 0},  {191, 50, '.', 0},  {159, 20, '.', 0},
+                {154, 66, 'm', 1},  {153, 66, '.', 0},  {176, 90, 'm', 1},  {176, 91, '.', 0},
+                {95, 271, 'm', 7},  {95, 272, 'c', 8},  {92, 326, 't', 2},  {91, 326, '.', 0},
+                {171, 350, 't', 2}, {172, 350, '.', 0}, {352, 378, 't', 8}, {353, 378, '.', 0},
+                {-1, -1, '.', 0},   {400, 500, '.', 0}};
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.x << "," << row.y);
-        EXPECT_EQ(atPixel(row.x, row.y), row.hit);
+        const BoardPart part = row.part == 'c'   ? BoardPart::Cell
+                               : row.part == 'm' ? BoardPart::Marker
+                                                 : BoardPart::Tile;
+        const BoardHit hit = row.part == '.' ? BoardHit{} : BoardHit{part, row.index};
+        EXPECT_EQ(partAt(BoardGeometry::pixelToTwips({row.x, row.y})), hit);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "playfixture.h"
 
 #include <map>
+#include <stdexcept>
 #include <utility>
 
 using namespace ref;
@@ -19,10 +20,10 @@ protected:
             place(tile, reading);
         ASSERT_EQ(cellsText(m_board), "gponyaardw");
     }
-    // ... and the check runs.
-    void fillAndCheck() {
-        fill();
-        showSolutionOnce();
+    // A press and release of the solution button, which switches the check on.
+    void check() {
+        m_board.apply(Move::solutionPress());
+        m_board.apply(Move::solutionRelease());
     }
 };
 
@@ -92,48 +93,37 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
             EXPECT_FALSE(m_board.solutionShown());
         }
         EXPECT_EQ(m_checkSignals, changes); // each change announced once
-        EXPECT_EQ(shownTexts().count("All Done!"), std::count(trace.begin(), trace.end(), 'A'));
+        EXPECT_EQ(m_notifier.texts().count("All Done!"),
+                  std::count(trace.begin(), trace.end(), 'A'));
         for (const RecordedMessage& m : m_notifier.messages())
             EXPECT_TRUE(m.text != "All Done!" || (m.style == "vbhappy+vbok" && !m.standard));
     }
 }
 
-// --- Re-entrancy: ticks that arrive while a message is open ------------------------------
-
-TEST_F(Completion, TickDuringAllDoneOpensNoSecondMessageAndEventsRunAfterIt) {
-    fillAndCheck();
-    QStringList order;
+TEST_F(Completion, TicksWhileAMessageIsOpenOrTheClearLetsEventsRunOpenNoSecondMessage) {
+    fill();
+    check();
+    m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
+    clearEntries(AnswerNo); // the board's own question, declined: still full, the check on
+    m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")); // another's
+    QStringList order; // a tick during "All Done!" is dropped; events run after it
     m_notifier.duringMessage = [&] {
         order << "message";
         m_board.completionTick();
     };
     m_pump.setAction([&] { order << "events"; });
-    m_board.completionTick();
+    EXPECT_TRUE(m_board.completionTick());
     EXPECT_EQ(order, QStringList({"message", "events"}));
-}
-
-TEST_F(Completion, TickWhileTheClearLetsEventsRunIsDropped) {
-    fillAndCheck();
+    check();
+    m_notifier.duringMessage = {};
     m_pump.setAction([this] { EXPECT_FALSE(m_board.completionTick()); });
     clearEntries(AnswerYes);
-    EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
+    EXPECT_EQ(m_notifier.texts(), QStringList({"Clear all User Entries?", "Exit?", "All Done!",
+                                               "Clear all User Entries?"}));
 }
-
-TEST_F(Completion, TickWhileAnyMessageIsOpenWaits) {
-    fillAndCheck();
-    m_notifier.duringMessage = [this] { EXPECT_FALSE(m_board.completionTick()); };
-    clearEntries(AnswerNo); // the board's own question
-    m_gate.MsgboxA(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo")); // another's
-    EXPECT_EQ(shownTexts(), QStringList({"Clear all User Entries?", "Exit?"}));
-    // Declined and closed: the board is still full and the check on.
-    m_notifier.duringMessage = {};
-    EXPECT_TRUE(m_board.completionTick());
-}
-
-// --- The message gate --------------------------------------------------------------------
 
 TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesClosesOrOneThrows) {
-    HookedNotifier inner;
+    RecordingNotifier inner;
     MessageGate gate(inner);
     std::vector<bool> seen;
     bool nested = false;
@@ -150,7 +140,7 @@ TEST(MessageGate, IsOpenUntilTheOuterOfTwoNestedMessagesClosesOrOneThrows) {
     EXPECT_EQ(seen, (std::vector<bool>{true, true, true})); // outer, inner, outer after inner
     EXPECT_FALSE(gate.isOpen());
     EXPECT_EQ(inner.messages().last().title, QStringLiteral("Options"));
-    inner.fail = true;
+    inner.duringMessage = [] { throw std::runtime_error("message window failed"); };
     EXPECT_THROW(gate.MsgboxA("x", "vbOkOnly"), std::runtime_error);
     EXPECT_FALSE(gate.isOpen());
 }

@@ -1,67 +1,109 @@
 // The common set-up of the play tests: the reference puzzle on a board whose messages go to a
-// recording notifier, whose hook can run while a message "is open".
+// recording notifier, and text pictures of the board so an expectation reads like it:
+//   cells   "gpony....." - cells 0..9, "." for an empty cell;
+//   tiles   "aspa-___"   - tiles 1..8: a available, s selected, p placed; upper case when a
+//                          revealed decoy; "-" no word; "_" disabled without a word, "x" with one;
+//   board   "gponyaa.dw ppaaapaa 216......." - cells, tiles, and readings 1..10 with the tile
+//                          placed there ("."), followed by " link: ..." when the tiles' own
+//                          readings disagree with the markers.
 #pragma once
 
 #include "board/messagegate.h"
 #include "board/playboard.h"
-#include "boardtext.h"
 #include "core/eventpump.h"
+#include "core/stargrid.h"
 #include "support/recordingnotifier.h"
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
+#include <string>
 
-class HookedNotifier : public RecordingNotifier {
-public:
-    int MsgboxA(const QString& s, const QString& typ) override {
-        const int answer = RecordingNotifier::MsgboxA(s, typ);
-        if (fail)
-            throw std::runtime_error("message window failed");
-        return answer;
+inline std::string cellsText(const PlayBoard& board) {
+    QString text;
+    for (int c = 0; c < StarGrid::CellCount; ++c)
+        text += board.cellLetter(c).isEmpty() ? QStringLiteral(".") : board.cellLetter(c);
+    return text.toStdString();
+}
+
+inline std::string tilesText(const PlayBoard& board) {
+    std::string text;
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        const TileState t = board.tile(i);
+        const char c = !t.enabled                         ? (t.word.isEmpty() ? '_' : 'x')
+                       : t.word.isEmpty()                 ? '-'
+                       : t.status == TileStatus::Selected ? 's'
+                       : t.status == TileStatus::Placed   ? 'p'
+                                                          : 'a';
+        text += t.decoyRevealed ? static_cast<char>(c - 'a' + 'A') : c;
     }
+    return text;
+}
 
-    bool fail = false; // MsgboxA throws after its hook
-};
+inline std::string boardText(const PlayBoard& board) {
+    std::string markers, fromTiles(StarGrid::DirectionCount, '.'); // "!": two tiles on one
+    for (int k = 1; k <= StarGrid::DirectionCount; ++k)
+        markers += board.markerTag(k) == 0 ? '.' : static_cast<char>('0' + board.markerTag(k));
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        const int k = board.tile(i).reading;
+        if (k >= 1 && k <= StarGrid::DirectionCount)
+            fromTiles[k - 1] = fromTiles[k - 1] == '.' ? static_cast<char>('0' + i) : '!';
+    }
+    return cellsText(board) + " " + tilesText(board) + " " + markers +
+           (fromTiles == markers ? "" : " link: the tiles say " + fromTiles);
+}
+
+// A puzzle record built by hand: the ten solution letters of cells 0..9, the eight candidate
+// words in tile order, and eight characters with "x" marking a decoy tile.
+inline StarGrid makeStar(const QString& cells, const QStringList& words, const char* decoys) {
+    StarGrid grid;
+    for (int p = 1; p <= StarGrid::CellCount; ++p)
+        grid.SolutionLetters[p] = cells.mid(p - 1, 1);
+    for (int i = 1; i <= StarGrid::CandidateCount; ++i) {
+        grid.CandidateWords[i] = words[i - 1];
+        grid.DecoyFlags[i] = decoys[i - 1] == 'x' ? 1 : 0;
+    }
+    return grid;
+}
+
+// The reference puzzle of the board tests:
+//        g             cells  g p o n y a a r d w   (0..9)
+//   p  o  n  y         readings: goad 1 (0258), gnaw 2 (0369), pony 3 (1234),
+//     a    a                     yard 6 (4678), wrap 10 (9751, "parw" from the left tip)
+//        r             decoys: gold (g..d), grew (g..w), play (p..y)
+//    d       w
+inline StarGrid referenceStar() {
+    return makeStar(QStringLiteral("gponyaardw"),
+                    {"gnaw", "goad", "gold", "grew", "play", "pony", "wrap", "yard"}, "..xxx...");
+}
+namespace ref {
+enum Tile { Gnaw = 1, Goad, Gold, Grew, Play, Pony, Wrap, Yard };
+// The reading each solution word belongs on.
+enum Reading { GoadOn = 1, GnawOn = 2, PonyOn = 3, YardOn = 6, WrapOn = 10 };
+} // namespace ref
 
 class PlayTest : public ::testing::Test {
 protected:
-    // `created`: the puzzle is on the tiles, as after a successful create.
-    explicit PlayTest(StarGrid grid = referenceStar(), bool created = true)
-        : m_grid(std::move(grid)) {
+    PlayTest() {
         QObject::connect(&m_board, &PlayBoard::changed, [this] { ++m_changes; });
         QObject::connect(&m_board, &PlayBoard::completionCheckChanged,
                          [this](bool on) { m_checkSignals.push_back(on); });
-        if (created)
-            newPuzzle();
+        newPuzzle();
     }
-
     // A new puzzle on the board, as after a successful create.
     void newPuzzle() { m_board.apply(Move::newPuzzle()); }
-
     // Selects tile `i` and clicks marker `k`.
     void place(int i, int k) {
         m_board.apply(Move::tile(i));
         m_board.apply(Move::marker(k));
     }
-
-    // Press and release of the solution button.
-    void showSolutionOnce() {
-        m_board.apply(Move::solutionPress());
-        m_board.apply(Move::solutionRelease());
-    }
-
     // Clear User Entries, answering the question with `answer`.
     bool clearEntries(int answer) {
         m_notifier.queueAnswer(answer);
         return m_board.apply(Move::clearEntries());
     }
 
-    // The message texts shown so far.
-    QStringList shownTexts() const { return m_notifier.texts(); }
-
-    StarGrid m_grid;
-    HookedNotifier m_notifier;
+    StarGrid m_grid = referenceStar();
+    RecordingNotifier m_notifier;
     MessageGate m_gate{m_notifier};
     EventPump m_pump; // its action stands in for "let pending window events run"
     PlayBoard m_board{m_grid, m_gate, &m_pump};

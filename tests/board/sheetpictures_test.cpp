@@ -1,21 +1,17 @@
 // The printed page and the clipboard picture by their pixels, through the window's menus: the
-// star picture's ten boxes where the picture has them (1.4 times larger on the page), letters
-// in the boxes of the solution block only, strike-through on exactly the decoys of the
-// solution block, the picture's exact size; the print question, the PDF file a page goes to
-// without a printer, and a failed save that leaves no file. PDF pages are turned into pixels
-// with pdftoppm at 96 dpi.
+// star picture's ten boxes (1.4 times larger on the page), letters in the boxes of the solution
+// block only, strike-through on exactly the solution block's decoys; the print question, the
+// PDF file a page goes to without a printer (write faults: the booklet's case in
+// pentalinkgen_test). PDF pages are turned into pixels with pdftoppm at 96 dpi.
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
 #include "board/pageprinter.h"
 #include "board/sheetpainter.h"
-#include "support/writefault.h"
 
 #include <QAction>
 #include <QClipboard>
-#include <QDir>
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -25,26 +21,16 @@ namespace {
 // The top-left corners of the star picture's boxes, in its pixels.
 constexpr QPoint BoxCorners[10] = {{135, 0},  {1, 101},   {99, 101},  {173, 101}, {265, 101},
                                    {78, 164}, {191, 164}, {133, 198}, {49, 252},  {214, 252}};
-constexpr int BoxSize = 33;
-
-bool dark(const QImage& image, int x, int y) {
-    return image.rect().contains(x, y) && qGray(image.pixel(x, y)) < 128;
-}
-
-int darkRun(const QImage& image, int x, int y, int dx, int dy) {
-    int n = 0;
-    while (dark(image, x + n * dx, y + n * dy))
-        ++n;
-    return n;
-}
 
 // The dark pixels in `r`, and the longest dark run along one of its rows.
 std::pair<int, int> inkIn(const QImage& image, const QRect& r) {
     int n = 0, longest = 0;
     for (int y = r.top(); y <= r.bottom(); ++y) {
-        for (int x = r.left(); x <= r.right(); ++x) {
-            n += dark(image, x, y);
-            longest = qMax(longest, darkRun(image, x, y, 1, 0));
+        for (int x = r.left(), run = 0; x <= r.right(); ++x) {
+            const bool dark = image.rect().contains(x, y) && qGray(image.pixel(x, y)) < 128;
+            n += dark;
+            run = dark ? run + 1 : 0;
+            longest = qMax(longest, run);
         }
     }
     return {n, longest};
@@ -55,15 +41,13 @@ std::pair<int, int> inkIn(const QImage& image, const QRect& r) {
 // 15 twips to the pixel) in ink, struck through exactly when listed in `struck`.
 void expectBlock(const QImage& image, const QPointF& origin, double scale, bool letters,
                  const SheetBlock& block, const QStringList& struck) {
+    const auto ink = [&image](const QRectF& r) { return inkIn(image, r.toRect()).first; };
     for (int c = 0; c < 10; ++c) {
-        // The box's corner within a few pixels of its place; inside it a letter or nothing.
         const QPointF corner = origin + QPointF(BoxCorners[c]) * scale;
-        const double slack = qCeil(2 * scale) + 1;
-        const QRectF near(corner - QPointF(slack, slack), QSizeF(2 * slack, 2 * slack));
-        EXPECT_GT(inkIn(image, near.toRect()).first, 0) << "box " << c;
-        const QRectF inside(corner + QPointF(6, 6) * scale, QSizeF(21, 21) * scale);
-        const int ink = inkIn(image, inside.toRect()).first;
-        EXPECT_TRUE(letters ? ink > 15 : ink == 0) << "box " << c << ": " << ink;
+        const double slack = qCeil(2 * scale) + 1; // the box's corner within a few pixels
+        EXPECT_GT(ink({corner - QPointF(slack, slack), QSizeF(2 * slack, 2 * slack)}), 0) << c;
+        const int inside = ink({corner + QPointF(6, 6) * scale, QSizeF(21, 21) * scale});
+        EXPECT_TRUE(letters ? inside > 15 : inside == 0) << "box " << c << ": " << inside;
     }
     QImage dpi96(1, 1, QImage::Format_RGB32);
     QStringList seenStruck;
@@ -86,39 +70,35 @@ void expectBlock(const QImage& image, const QPointF& origin, double scale, bool 
 
 class SheetTest : public WindowTest {
 protected:
-    Form1& startWithoutPrinter() {
-        Form1& form = start();
-        form.pagePrinter().setPrinterLookup([] { return QPrinterInfo(); });
-        return form;
+    void SetUp() override {
+        start().pagePrinter().setPrinterLookup([] { return QPrinterInfo(); });
+        m_form->menu().create->trigger();
     }
+    SheetContent content() const { return sheetContent(grid(), board(), m_settings.BoardFontName); }
 
-    // The decoys of the eight-word dictionary's puzzle.
-    const QStringList m_decoys = {"hawk", "keep", "smut"};
-
-    // Checks the one page of a PDF file at 96 dpi: the puzzle block, then the solution block.
+    // Checks the one page of a PDF file at 96 dpi: the puzzle block, then the solution block
+    // with the decoys of the eight-word dictionary's puzzle struck.
     void expectPage(const QString& pdf) {
-        SCOPED_TRACE(pdf.toStdString());
         QTemporaryDir dir;
-        const QString prefix = dir.filePath(QStringLiteral("page"));
-        QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "96", "-png", pdf, prefix});
-        const QImage image(prefix + QStringLiteral("-1.png"));
+        QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "96", "-png", pdf, dir.filePath("p")});
+        const QImage image(dir.filePath(QStringLiteral("p-1.png")));
         ASSERT_FALSE(image.isNull());
-        EXPECT_FALSE(QFileInfo::exists(prefix + QStringLiteral("-2.png"))); // one page
-        const std::array<SheetBlock, 2> blocks =
-            composePage(sheetContent(grid(), board(), m_settings.BoardFontName));
+        EXPECT_FALSE(QFileInfo::exists(dir.filePath(QStringLiteral("p-2.png")))); // one page
+        const std::array<SheetBlock, 2> blocks = composePage(content());
         expectBlock(image, QPointF(PuzzleSheet::PuzzleBlockAt) / 15, 1.4, false, blocks[0], {});
         expectBlock(image, QPointF(PuzzleSheet::SolutionBlockAt) / 15, 1.4, true, blocks[1],
-                    m_decoys);
+                    {"hawk", "keep", "smut"});
     }
 };
 
 } // namespace
 
-TEST_F(SheetTest, StarPictureHasTheTenEmptyBoxesAtTheirPlacesInBlackOnWhite) {
+TEST(StarPicture, HasTheTenEmptyBoxesAtTheirPlacesInBlackOnWhite) {
     const QImage star = starPicture();
     EXPECT_EQ(star.size(), QSize(299, 286));
-    // Each box, within two pixels of its place, is 33 pixels square border included: a
-    // one-pixel border round 31 x 31 of white.
+    // Lines and boxes only: no marker, letter or tile drawn (their switches are off).
+    EXPECT_EQ(inkIn(star, star.rect()).first, 2857);
+    // Each box, within two pixels of its place, is a one-pixel border round 31 x 31 of white.
     for (int c = 0; c < 10; ++c) {
         bool found = false;
         for (int n = 0; n < 25 && !found; ++n) {
@@ -128,136 +108,75 @@ TEST_F(SheetTest, StarPictureHasTheTenEmptyBoxesAtTheirPlacesInBlackOnWhite) {
         }
         EXPECT_TRUE(found) << c;
     }
-    int other = 0;
     for (int y = 0; y < star.height(); ++y)
         for (int x = 0; x < star.width(); ++x)
-            other += qRed(star.pixel(x, y)) != qBlue(star.pixel(x, y));
-    EXPECT_EQ(other, 0);
+            ASSERT_EQ(qRed(star.pixel(x, y)), qBlue(star.pixel(x, y))) << x << "," << y;
 }
 
 TEST_F(SheetTest, CopyToClipboardPutsThePuzzleOrTheSolutionPictureThere) {
-    Form1& form = start();
-    QClipboard* clipboard = QGuiApplication::clipboard();
-    const struct {
-        const char* name;
-        bool create; // create a puzzle first
-        int entry;   // Copy to Clipboard > Puzzle (0) or Solution (1)
-    } rows[] = {{"no puzzle, solution", false, 1}, {"puzzle", true, 0}, {"solution", false, 1}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        if (row.create)
-            form.menu().create->trigger();
-        clipboard->clear();
-        form.menu().copyEntries[static_cast<size_t>(row.entry)]->trigger();
-        const QImage picture = clipboard->image();
+    for (const int entry : {0, 1}) {
+        SCOPED_TRACE(entry);
+        QGuiApplication::clipboard()->clear();
+        m_form->menu().copyEntries[static_cast<size_t>(entry)]->trigger();
+        const QImage picture = QGuiApplication::clipboard()->image();
         EXPECT_EQ(picture.size(), QSize(304, 367));
         SheetFont font;
-        const SheetBlock block = composePuzzlePicture(
-            row.entry, sheetContent(grid(), board(), m_settings.BoardFontName), font);
-        const bool letters = row.entry == 1 && grid().hasSolution();
-        expectBlock(picture, {0, 0}, 1.0, letters, block, letters ? m_decoys : QStringList());
+        expectBlock(picture, {0, 0}, 1.0, entry == 1, composePuzzlePicture(entry, content(), font),
+                    entry == 1 ? QStringList{"hawk", "keep", "smut"} : QStringList());
         EXPECT_GT(inkIn(picture, QRect(103, 293, 150, 10)).first, 20); // the footer
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty());
 }
 
-TEST_F(SheetTest, PrintedPageOnAPrinterInPdfModeHasBothBlocks) {
-    Form1& form = startWithoutPrinter();
-    form.menu().create->trigger();
-    QTemporaryDir dir;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
-    const PrintResult result =
-        printPage(printer, composePage(sheetContent(grid(), board(), m_settings.BoardFontName)));
-    EXPECT_EQ(result.outcome, PrintResult::Outcome::Printed);
-    expectPage(printer.outputFileName());
-}
-
-TEST_F(SheetTest, PrintAsksThenSavesAPdfWithoutAPrinterOrSaysWhyNot) {
+TEST_F(SheetTest, PrintAsksThenPrintsOrSavesAPdfWithoutAPrinterOrSaysWhyNot) {
     QTemporaryDir dir;
     const QString root = dir.path() + QStringLiteral("/");
     ASSERT_TRUE(touchFile(root + QStringLiteral("plain")));
     const QString docs = root + QStringLiteral("docs/sub");
-    Form1& form = startWithoutPrinter();
-    form.menu().create->trigger();
     const struct {
-        const char* name;
         int answer;
         QString documents;
         QString folder;  // where the PDF is expected ("" for none)
         QString message; // the message after the question ("" for none), up to the file name
     } rows[] = {
-        {"declined", AnswerNo, docs, "", ""},
-        {"to the documents folder", AnswerYes, docs, docs, "Printed\nSaved as "},
-        {"no documents folder", AnswerYes, "", m_folder.path(), "Printed\nSaved as "},
-        {"a path through a file", AnswerYes, root + "plain/docs", "",
+        {AnswerNo, docs, "", ""},
+        {AnswerYes, docs, docs, "Printed\nSaved as "},
+        {AnswerYes, "", m_folder.path(), "Printed\nSaved as "},
+        {AnswerYes, root + "plain/docs", "",
          "The page was not printed.\nThe folder " + root + "plain/docs cannot be created: " + root +
              "plain is a file, not a folder."},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        form.pagePrinter().setDocumentsFolder(row.documents);
+        SCOPED_TRACE(row.documents.toStdString());
+        m_form->pagePrinter().setDocumentsFolder(row.documents);
         m_notifier.clear();
         m_notifier.queueAnswer(row.answer);
-        form.menu().print->trigger();
-        // Only the PDF, where expected: no partial file, no scratch file.
-        QStringList files;
+        m_form->menu().print->trigger();
+        QStringList files; // only the PDF, where expected: no partial file, no scratch file
         for (const QString& folder : {docs, m_folder.path()}) {
             for (const QFileInfo& f : QDir(folder).entryInfoList({"*.pdf", "*.pdf.*"}, QDir::Files))
                 files << f.absoluteFilePath();
         }
-        const QString question = QStringLiteral("Print Current Puzzle and its Solution on a page?");
-        QStringList expected{question};
+        QStringList expected{"Print Current Puzzle and its Solution on a page?"};
         if (!row.message.isEmpty())
             expected << row.message + files.value(0);
         EXPECT_EQ(m_notifier.texts(), expected);
         EXPECT_EQ(m_notifier.messages().first().style, QStringLiteral("vbinformation+vbyesno"));
-        if (!row.message.isEmpty()) {
-            EXPECT_EQ(m_notifier.messages().last().style,
-                      row.folder.isEmpty() ? QStringLiteral("vbok+vbcritical")
-                                           : QStringLiteral("vbok+vbinformation"));
+        EXPECT_EQ(m_notifier.messages().last().style,
+                  row.message.isEmpty()  ? QStringLiteral("vbinformation+vbyesno")
+                  : row.folder.isEmpty() ? QStringLiteral("vbok+vbcritical")
+                                         : QStringLiteral("vbok+vbinformation"));
+        ASSERT_EQ(files.size(), row.folder.isEmpty() ? 0 : 1);
+        if (!files.isEmpty()) {
+            EXPECT_EQ(QFileInfo(files[0]).absolutePath(), QDir(row.folder).absolutePath());
+            expectPage(files[0]);
+            QFile::remove(files[0]);
         }
-        if (row.folder.isEmpty()) {
-            EXPECT_EQ(files, QStringList());
-            continue;
-        }
-        ASSERT_EQ(files.size(), 1);
-        EXPECT_TRUE(
-            QRegularExpression(
-                QStringLiteral("/Pentalink \\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d\\.pdf$"))
-                .match(files[0])
-                .hasMatch());
-        EXPECT_EQ(QFileInfo(files[0]).absolutePath(), QDir(row.folder).absolutePath());
-        expectPage(files[0]);
-        QFile::remove(files[0]);
     }
+    // On a printer (one in PDF mode here) the page is the same.
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
+    EXPECT_EQ(printPage(printer, composePage(content())).outcome, PrintResult::Outcome::Printed);
+    expectPage(printer.outputFileName());
 }
-
-// Saving the page when the file cannot grow, its folder cannot be made or the file system is
-// full: a failure naming the file, and nothing left behind.
-class PdfSaveFault : public testing::TestWithParam<WriteFault> {};
-
-TEST_P(PdfSaveFault, FailsNamingTheFileAndLeavesNothing) {
-    const WriteFaultOutcome outcome =
-        runWithWriteFault(GetParam(), {[](const QString&) {},
-                                       [](const QString&, const QString& target, Notifier&) {
-                                           const PrintResult result =
-                                               savePagePdf(target + QStringLiteral("page.pdf"),
-                                                           composePage(SheetContent{}));
-                                           return result.outcome == PrintResult::Outcome::Failed
-                                                      ? result.error
-                                                      : QStringLiteral("saved");
-                                       },
-                                       4000});
-    if (outcome.skipped)
-        GTEST_SKIP() << outcome.skipReason.toStdString();
-    EXPECT_TRUE(outcome.finished) << outcome.result.toStdString();
-    EXPECT_TRUE(outcome.result.startsWith(QStringLiteral("Cannot write ") + outcome.target +
-                                          QStringLiteral("page.pdf")))
-        << outcome.result.toStdString();
-    EXPECT_EQ(outcome.added, QStringList());
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, PdfSaveFault, testing::ValuesIn(kWriteFaults),
-                         [](const auto& info) { return writeFaultName(info.param); });

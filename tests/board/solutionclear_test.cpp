@@ -5,18 +5,8 @@
 
 using namespace ref;
 
-namespace {
-
 using SolutionDisplay = PlayTest;
 using Clearing = PlayTest;
-
-class NoPuzzle : public PlayTest {
-protected:
-    NoPuzzle()
-        : PlayTest(StarGrid{}, false) {}
-};
-
-} // namespace
 
 TEST_F(SolutionDisplay, PressShowsTheSolutionAndReleaseRestoresThePlayersBoard) {
     place(Pony, PonyOn);
@@ -84,9 +74,11 @@ TEST_F(Clearing, YesBringsTheLastPuzzleBackAfterADictionaryLoadOrAFailedCreate) 
     }
 }
 
-TEST_F(NoPuzzle, ClearQuestionLeavesEmptyTiles) {
-    clearEntries(AnswerYes);
-    EXPECT_EQ(shownTexts(), QStringList{"Clear all User Entries?"});
-    EXPECT_EQ(tilesText(m_board), "--------");
-    EXPECT_FALSE(m_board.puzzleExists());
+TEST_F(Clearing, YesWithoutAPuzzleLeavesEmptyTiles) {
+    const StarGrid none;
+    PlayBoard empty{none, m_gate, &m_pump};
+    m_notifier.queueAnswer(AnswerYes);
+    empty.apply(Move::clearEntries());
+    EXPECT_EQ(tilesText(empty), "--------");
+    EXPECT_FALSE(empty.puzzleExists());
 }

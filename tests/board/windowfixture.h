@@ -55,12 +55,10 @@ protected:
     const BoardState& board() const { return m_form->boardView().state(); }
     const StarGrid& grid() const { return m_form->session().grid(); }
 
-    // The direction (1..10) along which the solution spells tile i's word, or 0 for a decoy.
-    // (A decoy may spell a line backwards, as "keep" does for "peek".)
+    // The direction (1..10) along which the solution spells tile i's word, or 0 for a decoy
+    // (which may spell a line backwards, as "keep" does for "peek").
     int directionOf(int tile) const {
-        if (grid().DecoyFlags[tile] == 1)
-            return 0;
-        for (int k = 1; k <= 10; ++k) {
+        for (int k = 1; k <= 10 && grid().DecoyFlags[tile] != 1; ++k) {
             if (grid().solutionWord(k) == board().tiles[tile].word)
                 return k;
         }

@@ -38,14 +38,6 @@ TestFolder::~TestFolder() {
     resetAppFolderForTests();
 }
 
-QString TestFolder::path() const {
-    return m_dir.path() + u'/';
-}
-
-QString TestFolder::file(const QString& name) const {
-    return path() + name;
-}
-
 void TestFolder::write(const QString& name, const QByteArray& bytes) const {
     QFile f(file(name));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << name.toStdString();
@@ -59,9 +51,7 @@ QString TestFolder::writeLines(const QString& name, const QStringList& lines) co
 
 QByteArray TestFolder::read(const QString& name) const {
     QFile f(file(name));
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return f.readAll();
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 void TestFolder::copyShipped(const QString& name) const {
@@ -75,6 +65,5 @@ QString shippedDataDir() {
 }
 
 bool touchFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    return QFile(path).open(QIODevice::WriteOnly | QIODevice::Truncate);
 }

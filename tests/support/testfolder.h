@@ -18,10 +18,9 @@ public:
     TestFolder(const TestFolder&) = delete;
     TestFolder& operator=(const TestFolder&) = delete;
 
-    // The folder, ending in "/".
-    QString path() const;
-    // path() + name.
-    QString file(const QString& name) const;
+    // The folder, ending in "/", and a file in it.
+    QString path() const { return m_dir.path() + u'/'; }
+    QString file(const QString& name) const { return path() + name; }
     // Writes `bytes` to path() + name, replacing any file of that name.
     void write(const QString& name, const QByteArray& bytes) const;
     // Writes `lines` to path() + name, each ended by CR LF, and returns file(name).

@@ -68,10 +68,7 @@ void fill(const QString& folder) {
                         O_WRONLY | O_CREAT | O_TRUNC, 0600);
     if (fd < 0)
         std::abort();
-    const QByteArray page(4096, 'f');
-    while (write(fd, page.constData(), size_t(page.size())) > 0) {
-    }
-    while (write(fd, "f", 1) > 0) {
+    while (write(fd, "f", 1) > 0) { // byte by byte: 64 KiB is quickly full
     }
     close(fd);
 }
@@ -143,16 +140,12 @@ WriteFaultOutcome runWithWriteFault(WriteFault fault, const WriteFaultCase& writ
     WriteFaultOutcome outcome;
     QTemporaryDir dir;
     int channel[2];
-    if (!dir.isValid() || pipe(channel) != 0) {
-        outcome.result = QStringLiteral("no temporary folder or pipe");
+    const pid_t child = dir.isValid() && pipe(channel) == 0 ? fork() : -1;
+    if (child < 0) {
+        outcome.result = QStringLiteral("no temporary folder, pipe or child process");
         return outcome;
     }
     const QString folder = dir.path() + u'/';
-    const pid_t child = fork();
-    if (child < 0) {
-        outcome.result = QStringLiteral("fork failed");
-        return outcome;
-    }
     if (child == 0) {
         close(channel[0]);
         const QByteArray report = runChild(fault, writeCase, folder);
