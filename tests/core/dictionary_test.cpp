@@ -13,8 +13,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
-#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -156,29 +154,3 @@ TEST_F(DictionaryTest, UnreadableFileChangesNothingAndNamesTheFile) {
     }
 }
 
-// The shipped dictionary is exactly what scripts/make-dictionary.sh makes: the lower-case
-// four-letter words of the common-word list (SCOWL size 35) minus the blocklist, so no rare
-// word such as "situ" or "limn" turns up in a puzzle.
-TEST(ShippedDictionary, IsTheCommonWordListMinusTheBlocklist) {
-    const auto lines = [](const QString& path) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-        return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    };
-    const QRegularExpression word(QStringLiteral("^[a-z]{4}$"));
-    QSet<QString> blocked;
-    for (const QString& line : lines(shippedDataDir() + QStringLiteral("blocklist.txt"))) {
-        if (!line.startsWith(u'#'))
-            for (const QString& w : line.split(u' ', Qt::SkipEmptyParts))
-                blocked.insert(w);
-    }
-    QStringList expected;
-    for (const QString& w : lines(QStringLiteral("/usr/share/dict/american-english-small"))) {
-        if (word.match(w).hasMatch() && !blocked.contains(w))
-            expected << w;
-    }
-    expected.sort();
-    expected.removeDuplicates();
-    EXPECT_GT(expected.size(), 1500);
-    EXPECT_EQ(lines(shippedDataDir() + QStringLiteral("english1.txt")), expected);
-}
