@@ -1,6 +1,4 @@
-// The kit's rules that need no display: style texts into icons and buttons, the message
-// layout arithmetic, the push button's face geometry in twips and on pixels, and the help
-// window's addresses and browser size.
+// The kit's rules that need no display: message styles and layout, button faces, help.
 #include "ui/boxgeometry.h"
 #include "ui/helprules.h"
 #include "ui/msgstyle.h"
@@ -11,20 +9,9 @@
 
 namespace {
 
-// Buttons as "caption value" words: "Yes 6 No 7".
-QString words(const QList<MsgButton>& buttons) {
-    QStringList out;
-    for (const MsgButton& b : buttons)
-        out << b.caption + u' ' + QString::number(b.value);
-    return out.join(u' ');
-}
-
 TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrderOthersAreIgnored) {
-    const struct {
-        const char* typ;
-        QList<int> icons;
-        const char* buttons;
-    } rows[] = {
+    const std::tuple<const char*, QList<int>, QString> rows[] = {
+        // buttons "caption value"
         {"vbQuestion + vbYesNo", {0}, "Yes 6 No 7"},
         {"vbexclamation+vbinformation+vberror+vbcritical+vbhappy+vbtrash+vbprint+vblighton",
          {1, 2, 3, 4, 5, 6, 7, 8},
@@ -45,10 +32,13 @@ TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrderOthersAreIgnored) {
         {"   vbyes   +   ", {}, "Yes 6"},
         {"vbok vbcancel", {}, "Ok 1"},
     };
-    for (const auto& row : rows) {
-        const MsgStyle style = parseMsgStyle(QString::fromLatin1(row.typ));
-        EXPECT_EQ(style.icons, row.icons) << row.typ;
-        EXPECT_EQ(words(style.buttons), QString::fromLatin1(row.buttons)) << row.typ;
+    for (const auto& [typ, icons, buttons] : rows) {
+        const MsgStyle style = parseMsgStyle(QString::fromLatin1(typ));
+        QStringList words;
+        for (const MsgButton& b : style.buttons)
+            words << b.caption + u' ' + QString::number(b.value);
+        EXPECT_EQ(style.icons, icons) << typ;
+        EXPECT_EQ(words.join(u' '), buttons) << typ;
     }
 }
 
@@ -65,8 +55,7 @@ TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
         {3000, 210, 2, 4680, 330, 750, 1695, {1012.5, 1897.5, 2782.5}},
         {100, 210, -1, 2655, 330, 750, 1695, {}},
         {100, 210, 3, 2655, 330, 750, 1695, {}},
-        // Found by fuzz_msgstyle: sizes no text can have (the empty input gives INT_MIN) made
-        // the label shorter than nothing, and INT_MAX overflowed the sums.
+        // Found by fuzz_msgstyle: sizes no text can have, underflowing and overflowing sums.
         {INT_MIN, INT_MIN, 0, 2655, 120, 540, 1485, {885}},
         {INT_MAX, INT_MAX, -1, 1680 + Most, Most + 120, Most + 540, Most + 1485, {}},
     };
