@@ -90,10 +90,8 @@ TEST(BoxGeometry, EdgesPictureCornerAndCaptionOfAFaceLandOnWholePixels) {
 TEST(HelpRules, BackAndForwardActOnlyOnAnAddressWithAnAnchor) {
     const QString page = QStringLiteral("/usr/share/pentalink/pentalink.htm");
     const QString hashFolder = QStringLiteral("/home/ann/#games/pentalink.htm");
-    const struct {
-        QUrl shown;
-        bool inside;
-    } rows[] = {
+    const std::pair<QUrl, bool> rows[] = {
+        // shown, inside the page
         {HelpRules::pageAddress(page), false},
         {HelpRules::pageAddress(page, QStringLiteral("play")), true},
         {QUrl(QStringLiteral("#play")), true},       // the browser may report an in-page step bare
@@ -101,28 +99,23 @@ TEST(HelpRules, BackAndForwardActOnlyOnAnAddressWithAnAnchor) {
         {HelpRules::pageAddress(hashFolder, QStringLiteral("keys")), true},
         {QUrl(), false},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(HelpRules::pointsInsidePage(row.shown), row.inside)
-            << qPrintable(row.shown.toString());
+    for (const auto& [shown, inside] : rows)
+        EXPECT_EQ(HelpRules::pointsInsidePage(shown), inside) << qPrintable(shown.toString());
     const QUrl anchored = HelpRules::pageAddress(hashFolder, QStringLiteral("keys"));
     EXPECT_EQ(anchored.toLocalFile(), hashFolder);
     EXPECT_EQ(anchored.fragment(), QStringLiteral("keys"));
 }
 
 TEST(HelpRules, BrowserSizeIsTheOuterSizeLessFrameAndTopSkippingImpossibleSizes) {
-    const struct {
-        QSize window;
-        std::optional<int> width, height;
-    } rows[] = {
+    const std::tuple<QSize, std::optional<int>, std::optional<int>> rows[] = {
         {{7305, 6105}, 7185, 5205}, // the designed inner size with its frame
         {{120, 900}, 0, 0},
         {{119, 6000}, std::nullopt, 5100}, // each direction on its own
         {{8000, 899}, 7880, std::nullopt},
     };
-    for (const auto& row : rows) {
-        const HelpRules::BrowserSize size = HelpRules::browserSize(row.window);
-        EXPECT_EQ(size.width, row.width) << row.window.width();
-        EXPECT_EQ(size.height, row.height) << row.window.height();
+    for (const auto& [window, width, height] : rows) {
+        const HelpRules::BrowserSize size = HelpRules::browserSize(window);
+        EXPECT_EQ(std::tie(size.width, size.height), std::tie(width, height)) << window.width();
     }
 }
 
