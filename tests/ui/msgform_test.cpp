@@ -56,11 +56,8 @@ protected:
 };
 
 TEST_F(MsgFormTest, AnyMouseButtonTabAndSpaceAnswerAndEnterOnlyAnOkFirstButton) {
-    const struct {
-        const char* typ;
-        Act act;
-        int answer;
-    } rows[] = {
+    const std::tuple<const char*, Act, int> rows[] = {
+        // style, action, answer
         {"vbQuestion + vbYesNo", [](MsgForm& f) { click(f, 1); }, 7},
         {"vbnormal", typed({Qt::Key_Return}), 0}, // 0, not the 7 stored before it
         {"vbok+vbcancel", typed({Qt::Key_Return}), 1},
@@ -80,8 +77,8 @@ TEST_F(MsgFormTest, AnyMouseButtonTabAndSpaceAnswerAndEnterOnlyAnOkFirstButton) 
          },
          4},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(ask(QString::fromLatin1(row.typ), row.act), row.answer) << row.typ;
+    for (const auto& [typ, act, answer] : rows) {
+        EXPECT_EQ(ask(QString::fromLatin1(typ), act), answer) << typ;
         EXPECT_FALSE(m_form.isVisible());
     }
     EXPECT_FALSE(m_form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
