@@ -20,14 +20,11 @@
 namespace {
 
 TEST(FNDialogRequest, ModeTitleStartFolderAndFilterComeFromTheProperties) {
-    const struct {
-        const char *s, *types, *name, *dir;
-        QVariant title;
-        bool save;
-        const char *start, *entry;
-        QStringList patterns;
-    } rows[] = {
-        // clang-format off
+    // Mode, types, their name, folder, title; then the request: save, start, filter, patterns.
+    const std::tuple<const char*, const char*, const char*, const char*, QVariant, bool, QString,
+                     QString, QStringList>
+        rows[] = {
+            // clang-format off
         {"Open", "*.txt;*.dic", "Dictionary File", "/home/player/words", "Select", false,
          "/home/player/words/", "Dictionary File (*.txt;*.dic)", {"*.txt", "*.dic"}},
         {"SAVE", "*.col", "Colour Schemes", "/home/player/", 7, true, "/home/player/",
@@ -35,23 +32,20 @@ TEST(FNDialogRequest, ModeTitleStartFolderAndFilterComeFromTheProperties) {
         {"sAvE", " *.a ;;*.b;", "Mixed", "/", {}, true, "/", "Mixed ( *.a ;;*.b;)", {"*.a", "*.b"}},
         {"", "", "", "", {}, false, "/", " ()", {}},
         {" save", "", "", "", {}, false, "/", " ()", {}},
-        // clang-format on
-    };
+            // clang-format on
+        };
     QWidget window;
     auto* picker = new FNDialog(&window);
     EXPECT_EQ(picker->request({}).title, QStringLiteral("0")); // the default title
-    for (const auto& row : rows) {
-        picker->setFileTypes(QString::fromLatin1(row.types));
-        picker->setFileTypesName(QString::fromLatin1(row.name));
-        picker->setDefaultDir(QString::fromLatin1(row.dir));
-        picker->setTitle(row.title);
-        const FileNameRequest r = picker->request(QString::fromLatin1(row.s));
-        EXPECT_EQ(r.owner, &window);
-        EXPECT_EQ(r.save, row.save) << row.s;
-        EXPECT_EQ(r.title, row.title.toString()) << row.s;
-        EXPECT_EQ(r.startFolder, QString::fromLatin1(row.start)) << row.dir;
-        EXPECT_EQ(r.filterName, QString::fromLatin1(row.entry)) << row.types;
-        EXPECT_EQ(r.patterns, row.patterns) << row.types;
+    for (const auto& [s, types, name, dir, title, save, start, entry, patterns] : rows) {
+        picker->setFileTypes(QString::fromLatin1(types));
+        picker->setFileTypesName(QString::fromLatin1(name));
+        picker->setDefaultDir(QString::fromLatin1(dir));
+        picker->setTitle(title);
+        const FileNameRequest r = picker->request(QString::fromLatin1(s));
+        EXPECT_EQ(std::tie(r.owner, r.save, r.title, r.startFolder, r.filterName, r.patterns),
+                  std::make_tuple(&window, save, title.toString(), start, entry, patterns))
+            << s;
     }
 }
 
