@@ -44,11 +44,8 @@ TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrderOthersAreIgnored) {
 
 TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
     constexpr int Most = MsgMaxTextSize;
-    const struct {
-        int textWidth, textHeight, lastButton;
-        int width, labelHeight, buttonTop, height;
-        QList<double> buttonLefts;
-    } rows[] = {
+    // Text width, height, last button; window width, label height, button top, window height.
+    const std::tuple<int, int, int, int, int, int, int, QList<double>> rows[] = {
         {480, 210, 0, 2655, 330, 750, 1695, {885}}, // 300 + 330 + 120; 750 + 345 + 600
         {975, 420, 0, 2655, 540, 960, 1905, {885}},
         {976, 210, 1, 2656, 330, 750, 1695, {443, 1328}},
@@ -59,12 +56,12 @@ TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
         {INT_MIN, INT_MIN, 0, 2655, 120, 540, 1485, {885}},
         {INT_MAX, INT_MAX, -1, 1680 + Most, Most + 120, Most + 540, Most + 1485, {}},
     };
-    for (const auto& row : rows) {
-        const MsgLayout got = layoutMessage(row.textWidth, row.textHeight, row.lastButton);
-        EXPECT_EQ(std::tie(got.windowWidth, got.labelHeight, got.buttonTop, got.windowHeight),
-                  std::tie(row.width, row.labelHeight, row.buttonTop, row.height))
-            << row.textWidth << " " << row.textHeight;
-        EXPECT_EQ(got.buttonLefts, row.buttonLefts) << row.textWidth << " " << row.lastButton;
+    for (const auto& [textWidth, textHeight, last, width, label, top, height, lefts] : rows) {
+        const MsgLayout got = layoutMessage(textWidth, textHeight, last);
+        EXPECT_EQ(std::tie(got.windowWidth, got.labelHeight, got.buttonTop, got.windowHeight,
+                           got.buttonLefts),
+                  std::tie(width, label, top, height, lefts))
+            << textWidth << " " << last;
     }
 }
 
