@@ -50,21 +50,18 @@ protected:
 TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderDerivingColours3And5AndDefaultNeedsNoFile) {
     // Colour 3 = colour 2 + 32 (256 -> 255, above -> 254), 5 = 4 - 32 (below 1 -> 8), from
     // the values as read; their own lines are unread.
-    const struct {
-        const char *colour2, *colour4;
-        quint32 c2, c3, c4, c5;
-    } rows[] = {
+    const std::tuple<const char*, const char*, quint32, quint32, quint32, quint32> rows[] = {
         {" 224; 225; 230", " 32; 40; 33", packRgb(224, 225, 230), packRgb(255, 254, 254),
          packRgb(32, 40, 33), packRgb(8, 8, 1)},
         {" 300; 0; 100", " 300; 0; 100", packRgb(255, 0, 100), packRgb(254, 32, 132),
          packRgb(255, 0, 100), packRgb(255, 8, 68)},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.colour2);
+    for (const auto& [colour2, colour4, c2, c3, c4, c5] : rows) {
+        SCOPED_TRACE(colour2);
         QStringList wanted = numberedSection(QStringLiteral("wanted.col"));
-        wanted[3] = QString::fromLatin1(row.colour2);
+        wanted[3] = QString::fromLatin1(colour2);
         wanted[4] = QStringLiteral("no numbers here");
-        wanted[5] = QString::fromLatin1(row.colour4);
+        wanted[5] = QString::fromLatin1(colour4);
         wanted[6] = QStringLiteral(" 1; 2");
         QStringList later = numberedSection(QStringLiteral("wanted.col"));
         later[1] = QStringLiteral(" 99; 99; 99");
@@ -72,7 +69,7 @@ TEST_F(ColourSchemeTest, LoadTakesTheFirstExactHeaderDerivingColours3And5AndDefa
 
         ASSERT_TRUE(m_scheme.LoadColourScheme(QStringLiteral("wanted.col")));
         const auto& s = m_scheme.SchemeColours;
-        EXPECT_EQ(std::tie(s[2], s[3], s[4], s[5]), std::tie(row.c2, row.c3, row.c4, row.c5));
+        EXPECT_EQ(std::tie(s[2], s[3], s[4], s[5]), std::tie(c2, c3, c4, c5));
         for (const int k : {0, 1, 6, 7, 8, 9, 10, 11, 12})
             EXPECT_EQ(s[k], numbered(k)) << k;
     }
