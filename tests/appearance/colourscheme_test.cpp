@@ -94,11 +94,8 @@ TEST_F(ColourSchemeTest, ADamagedCollectionFailsBothLoadersWithOneMessageKeeping
     const QStringList good = numberedSection(QStringLiteral("s.col"));
     QStringList badColour7 = good;
     badColour7[8] = QStringLiteral(" 5; 6"); // two numbers
-    const struct {
-        const char* what;
-        std::optional<QByteArray> content; // none: no file
-        int firstKept;                     // the first colour a failed load leaves as it was
-    } rows[] = {
+    // What, the content (none: no file), and the first colour a failed load leaves as it was.
+    const std::tuple<const char*, std::optional<QByteArray>, int> rows[] = {
         {"no collection", std::nullopt, 0},
         {"header in other case", bytes(numberedSection(QStringLiteral("S.col"))), 0},
         {"six colour lines", bytes(good.mid(0, 7)), 6},
@@ -107,29 +104,24 @@ TEST_F(ColourSchemeTest, ADamagedCollectionFailsBothLoadersWithOneMessageKeeping
         {"huge file", bytes(good) + QByteArray(SchemeFile::MaxBytes, 'x'), 0},
     };
     const quint32 filler = packRgb(1, 2, 3);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, content, firstKept] : rows) {
+        SCOPED_TRACE(what);
         QFile::remove(m_folder.file(AllCol));
-        if (row.content)
-            m_folder.write(AllCol, *row.content);
-        const auto kept = [&] { // colours read before the failure stay
-            EXPECT_EQ(m_scheme.SchemeColours[row.firstKept], filler);
-            EXPECT_EQ(m_scheme.SchemeColours[0], row.firstKept ? numbered(0) : filler);
-        };
+        if (content)
+            m_folder.write(AllCol, *content);
         m_notifier.clear();
-        m_scheme.SchemeColours.fill(filler);
-        m_settings.ActiveSchemeFile = QStringLiteral("s.col");
-        EXPECT_FALSE(m_scheme.LoadColourScheme(QStringLiteral("s.col")));
-        EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("xp.col"));
-        kept();
-
-        m_scheme.SchemeColours.fill(filler);
-        quint32 base = 42;
-        EXPECT_FALSE(m_scheme.PreviewScheme(QStringLiteral("s.col"), base));
-        EXPECT_EQ(base, 0u);
-        EXPECT_EQ(m_settings.ActiveSchemeFile, QStringLiteral("default.col"));
-        kept();
-
+        for (const bool preview : {false, true}) { // the main window's loader, then the Options'
+            m_scheme.SchemeColours.fill(filler);
+            m_settings.ActiveSchemeFile = QStringLiteral("s.col");
+            quint32 base = 42;
+            EXPECT_FALSE(preview ? m_scheme.PreviewScheme(QStringLiteral("s.col"), base)
+                                 : m_scheme.LoadColourScheme(QStringLiteral("s.col")));
+            EXPECT_EQ(
+                std::tie(m_settings.ActiveSchemeFile, base),
+                std::make_tuple(QString(preview ? "default.col" : "xp.col"), preview ? 0u : 42u));
+            EXPECT_EQ(m_scheme.SchemeColours[firstKept], filler); // colours read before it stay
+            EXPECT_EQ(m_scheme.SchemeColours[0], firstKept ? numbered(0) : filler);
+        }
         QStringList shown; // text, style, title, and whether the platform's standard box
         for (const RecordedMessage& m : m_notifier.messages())
             shown << QStringList{m.text, m.style, m.title, m.standard ? "standard" : ""}.join('|');
