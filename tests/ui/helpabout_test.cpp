@@ -226,10 +226,8 @@ TEST(ProgramIcon, ABlackStarInEverySizeTheSameAsTheThemeIconAndNoneOnTheMessageB
             EXPECT_GE(seen, size * size / 20) << size;
         }
     }
-    const QStringList theme =
-        shippedMatches(QStringLiteral("icons/pentalink.svg"), "points=\"([^\"]*)\"")
-            .value(0)
-            .split(u' ');
+    const QString svg = QStringLiteral("icons/pentalink.svg");
+    const QStringList theme = shippedMatches(svg, "points=\"([^\"]*)\"").value(0).split(u' ');
     const QPolygonF drawn = programStar(128);
     ASSERT_EQ(theme.size(), 10);
     for (int k = 0; k < 10; ++k)
