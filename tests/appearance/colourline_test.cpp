@@ -21,8 +21,7 @@ TEST(ColourLine, WritesEachByteWithASignBlankPacksAbove255As255AndNamesTheFile) 
 }
 
 TEST(ColourLine, SystemColoursAndValuesAboveWhiteOverflow) {
-    // The red byte of a system colour is negative (the value is a negative 32-bit number),
-    // and 16777216 has a blue part of 256.
+    // A system colour's red byte is negative; 16777216 has a blue part of 256.
     EXPECT_THROW(RedByte(0x80000005u), ColourOverflow);
     EXPECT_THROW(GreenByte(0x8000000Fu), ColourOverflow);
     EXPECT_THROW(BlueByte(0x80000012u), ColourOverflow);
@@ -32,10 +31,7 @@ TEST(ColourLine, SystemColoursAndValuesAboveWhiteOverflow) {
 }
 
 TEST(ColourLine, ReadsLeadingNumbersRoundedHalfToEven) {
-    const struct {
-        const char* line;
-        int red, green, blue;
-    } rows[] = {
+    const std::tuple<const char*, int, int, int> rows[] = {
         {" 0; 128; 255", 0, 128, 255},
         {"12.5; 13.5; 0.5", 12, 14, 0},       // ties to the even neighbour
         {"12.51; 13.49; 254.6", 13, 13, 255}, // otherwise to the nearest
@@ -46,12 +42,10 @@ TEST(ColourLine, ReadsLeadingNumbersRoundedHalfToEven) {
         {"-0.4; +5; 1e2", 0, 5, 100},
         {"\t 6;\t7; 8", 6, 7, 8},
     };
-    for (const auto& row : rows) {
-        const std::optional<ColourComponents> read = readColourLine(QString::fromUtf8(row.line));
-        ASSERT_TRUE(read.has_value()) << row.line;
-        EXPECT_EQ(std::tie(read->red, read->green, read->blue),
-                  std::tie(row.red, row.green, row.blue))
-            << row.line;
+    for (const auto& [line, red, green, blue] : rows) {
+        const std::optional<ColourComponents> read = readColourLine(QString::fromUtf8(line));
+        ASSERT_TRUE(read.has_value()) << line;
+        EXPECT_EQ(std::tie(read->red, read->green, read->blue), std::tie(red, green, blue)) << line;
     }
     for (const char* line : {"", " 1; 2", "1,2,3", "-1; 0; 0", "0; -0.6; 0", "0; 0; 32768",
                              "32767.5; 0; 0", "0; 1e9; 0"})

@@ -1,30 +1,14 @@
-// The schemes that come with the program in data/all.col: written as the program writes them,
-// loadable, stored as the loader sees them, and light enough behind the fixed dark text.
+// The shipped schemes: written as the program writes them, stored as loaded, readable.
 #include "appearance/colourscheme.h"
 
 #include "support/schemefixture.h"
+#include "ui/contrast.h"
 
 #include <QSet>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace {
-
-// The WCAG contrast ratio of two sRGB colours, from their relative luminance.
-double contrastRatio(quint32 a, quint32 b) {
-    const auto luminance = [](quint32 colour) {
-        const auto channel = [](int byte) {
-            const double c = byte / 255.0;
-            return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * channel(RedByte(colour)) + 0.7152 * channel(GreenByte(colour)) +
-               0.0722 * channel(BlueByte(colour));
-    };
-    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
-    return (light + 0.05) / (dark + 0.05);
-}
 
 struct ShippedSchemes : SchemeTest {
     ShippedSchemes()
@@ -41,6 +25,7 @@ TEST_F(ShippedSchemes, EightOrMoreDistinctSchemesWrittenAndLoadedAsStoredKeepTex
     ASSERT_TRUE(m_scheme.LoadColourScheme(QStringLiteral("xp.col")));
     EXPECT_EQ(m_scheme.SchemeColours, fresh);
 
+    const auto rgb = [](quint32 c) { return QColor(RedByte(c), GreenByte(c), BlueByte(c)); };
     const QStringList names = m_scheme.ListSchemeNames().value_or(QStringList());
     EXPECT_EQ(lines.size(), 14 * names.size());
     EXPECT_GE(QSet<QString>(names.begin(), names.end()).size(), 8); // distinct
@@ -60,7 +45,9 @@ TEST_F(ShippedSchemes, EightOrMoreDistinctSchemesWrittenAndLoadedAsStoredKeepTex
         EXPECT_EQ(m_scheme.SchemeColours, previewed);
         // The background, the buttons and the menu bar (colour 3) all carry text.
         for (const int k : {2, m_scheme.ButtonColourIndex, 3})
-            EXPECT_GE(contrastRatio(m_scheme.SchemeColours[k], Settings::DefaultTextColour), 4.5)
+            EXPECT_GE(
+                contrastRatio(rgb(m_scheme.SchemeColours[k]), rgb(Settings::DefaultTextColour)),
+                4.5)
                 << k;
     }
     EXPECT_TRUE(m_notifier.messages().isEmpty());

@@ -1,5 +1,4 @@
-// The self-drawn push button, headless: its painted face, the pressed frame, the MouseDown /
-// MouseUp events under the mouse, its properties, and the colours it paints with.
+// The self-drawn push button, headless: its face, pressed frame, events and properties.
 #include "ui/boxcontrol.h"
 
 #include "core/settings.h"
@@ -15,11 +14,6 @@ namespace {
 
 const QColor Face(200, 210, 220);
 
-struct Probe {
-    int x, y;
-    QColor colour;
-};
-
 QImage faceOf(BoxControl& button) {
     return button.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
@@ -30,6 +24,7 @@ TEST(OleTranslateColor, PlainColoursPassUnchangedSystemColoursComeFromThePalette
                                          QPalette::Window};
     for (int i = 0; i < 4; ++i)
         palette.setColor(QPalette::Active, roles[i], QColor(i + 1, i + 1, i + 1));
+    palette.setColor(QPalette::Inactive, QPalette::Window, Qt::red); // the active group counts
     // Window background, button face, button text, menu bar (the last), no such colour.
     const std::pair<quint32, QColor> rows[] = {{packRgb(10, 128, 250), QColor(10, 128, 250)},
                                                {0x80000005u, QColor(1, 1, 1)},
@@ -42,8 +37,7 @@ TEST(OleTranslateColor, PlainColoursPassUnchangedSystemColoursComeFromThePalette
     EXPECT_EQ(packedColour(QColor(1, 2, 3)), packRgb(1, 2, 3));
 }
 
-// A button with a plain face colour that logs each event as "down|up button shift x y",
-// with "framed" when the container sees the pressed frame at that moment.
+// Logs "down|up button shift x y", "framed" when the pressed frame shows at that moment.
 class BoxControlTest : public ::testing::Test {
 protected:
     BoxControlTest() {
@@ -57,31 +51,24 @@ protected:
             });
         }
     }
-    BoxControl& make(int w, int h) {
-        m_button.resize(w, h);
-        return m_button;
-    }
+    BoxControl& make(int w, int h) { return m_button.resize(w, h), m_button; }
     BoxControl m_button;
     QStringList m_heard;
 };
 
 TEST_F(BoxControlTest, EdgesAndPictureLandOnWholePixels) {
-    const QColor white(Qt::white), black(Qt::black), magenta(Qt::magenta);
     const QImage answer = faceOf(make(59, 23)); // 885 x 345 twips: dark edges at 865 and 325
-    const Probe onAnswer[] = {{0, 21, white}, {57, 0, white}, {57, 1, black},
-                              {1, 21, black}, {58, 11, Face}, {30, 22, Face}};
-    for (const auto& p : onAnswer)
-        EXPECT_EQ(answer.pixelColor(p.x, p.y), p.colour) << p.x << "," << p.y;
-
     QPixmap picture(16, 16);
     picture.fill(Qt::magenta);
-    make(22, 22).setPicture(picture); // 330 x 330 twips
+    make(22, 22).setPicture(picture); // 330 x 330 twips: corner at 35.25, pixel 2, over edges
     const QImage pictured = faceOf(m_button);
-    // Corner at 35.25 twips: pixel 2; the picture is painted over the edges.
-    const Probe onPictured[] = {
-        {1, 2, Face}, {2, 2, magenta}, {17, 17, magenta}, {18, 18, Face}, {20, 10, black}};
-    for (const auto& p : onPictured)
-        EXPECT_EQ(pictured.pixelColor(p.x, p.y), p.colour) << p.x << "," << p.y;
+    const std::tuple<const QImage&, int, int, QColor> probes[] = {
+        {answer, 0, 21, Qt::white}, {answer, 57, 0, Qt::white},    {answer, 57, 1, Qt::black},
+        {answer, 1, 21, Qt::black}, {answer, 58, 11, Face},        {answer, 30, 22, Face},
+        {pictured, 1, 2, Face},     {pictured, 2, 2, Qt::magenta}, {pictured, 17, 17, Qt::magenta},
+        {pictured, 18, 18, Face},   {pictured, 20, 10, Qt::black}};
+    for (const auto& [image, x, y, colour] : probes)
+        EXPECT_EQ(image.pixelColor(x, y), colour) << x << "," << y;
 }
 
 TEST_F(BoxControlTest, CaptionIsCentredInTheForeColour) {
@@ -89,13 +76,9 @@ TEST_F(BoxControlTest, CaptionIsCentredInTheForeColour) {
     m_button.setCaption(QStringLiteral("Cancel"));
     const QImage image = faceOf(m_button);
     QRect ink;
-    for (int y = 1; y < 21; ++y) {
-        for (int x = 1; x < 57; ++x) {
-            const QColor c = image.pixelColor(x, y);
-            if (c.red() > c.green() + 60) // reddish: caption ink, smoothed or not
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
+    for (int p = 0; p < 59 * 23; ++p) // reddish: caption ink, smoothed or not
+        if (image.pixelColor(p % 59, p / 59).red() > image.pixelColor(p % 59, p / 59).green() + 60)
+            ink |= QRect(p % 59, p / 59, 1, 1);
     ASSERT_GT(ink.width(), 10);
     EXPECT_NEAR((ink.left() + ink.right() + 1) / 2.0, 59 / 2.0, 1.5);
     EXPECT_NEAR((ink.top() + ink.bottom() + 1) / 2.0, 23 / 2.0, 3.5);
@@ -131,22 +114,14 @@ TEST_F(BoxControlTest, FrameShowsBeforeMouseDownAndGoesBeforeMouseUpEvenOffTheBu
     QTest::mouseMove(&m_button, QPoint(200, 90));
     QTest::mouseRelease(&m_button, Qt::LeftButton, {}, QPoint(200, 90));
     EXPECT_FALSE(m_button.isPressed());
-    // Positions in twips, relative to the control.
     EXPECT_EQ(m_heard, (QStringList{"down 1 0 150 75 framed", "up 1 0 3000 1350"}));
 
-    const struct {
-        Qt::MouseButton button;
-        Qt::KeyboardModifiers modifiers;
-        const char* codes;
-    } rows[] = {
+    const std::tuple<Qt::MouseButton, Qt::KeyboardModifiers, QString> rows[] = {
         {Qt::MiddleButton, Qt::ShiftModifier, "4 1"},
-        {Qt::RightButton, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier, "2 7"},
-    };
-    for (const auto& row : rows) {
+        {Qt::RightButton, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier, "2 7"}};
+    for (const auto& [button, modifiers, codes] : rows) {
         m_heard.clear();
-        QTest::mousePress(&m_button, row.button, row.modifiers, QPoint(3, 3));
-        QTest::mouseRelease(&m_button, row.button, row.modifiers, QPoint(3, 3));
-        const QString codes = QString::fromLatin1(row.codes);
+        QTest::mouseClick(&m_button, button, modifiers, QPoint(3, 3));
         EXPECT_EQ(m_heard,
                   (QStringList{"down " + codes + " 45 45 framed", "up " + codes + " 45 45"}));
     }

@@ -1,6 +1,4 @@
-// The file-name picker: the request it builds (mode, title, starting folder, filter), a real
-// Qt file dialog driven through Open, Save and Cancel with the current directory kept, and
-// the inner button passing its events on.
+// The file-name picker: its request, a real Qt file dialog, and its inner button.
 #include "ui/fndialog.h"
 
 #include "support/testfolder.h"
@@ -22,14 +20,11 @@
 namespace {
 
 TEST(FNDialogRequest, ModeTitleStartFolderAndFilterComeFromTheProperties) {
-    const struct {
-        const char *s, *types, *name, *dir;
-        QVariant title;
-        bool save;
-        const char *start, *entry;
-        QStringList patterns;
-    } rows[] = {
-        // clang-format off
+    // Mode, types, their name, folder, title; then the request: save, start, filter, patterns.
+    const std::tuple<const char*, const char*, const char*, const char*, QVariant, bool, QString,
+                     QString, QStringList>
+        rows[] = {
+            // clang-format off
         {"Open", "*.txt;*.dic", "Dictionary File", "/home/player/words", "Select", false,
          "/home/player/words/", "Dictionary File (*.txt;*.dic)", {"*.txt", "*.dic"}},
         {"SAVE", "*.col", "Colour Schemes", "/home/player/", 7, true, "/home/player/",
@@ -37,28 +32,24 @@ TEST(FNDialogRequest, ModeTitleStartFolderAndFilterComeFromTheProperties) {
         {"sAvE", " *.a ;;*.b;", "Mixed", "/", {}, true, "/", "Mixed ( *.a ;;*.b;)", {"*.a", "*.b"}},
         {"", "", "", "", {}, false, "/", " ()", {}},
         {" save", "", "", "", {}, false, "/", " ()", {}},
-        // clang-format on
-    };
+            // clang-format on
+        };
     QWidget window;
     auto* picker = new FNDialog(&window);
     EXPECT_EQ(picker->request({}).title, QStringLiteral("0")); // the default title
-    for (const auto& row : rows) {
-        picker->setFileTypes(QString::fromLatin1(row.types));
-        picker->setFileTypesName(QString::fromLatin1(row.name));
-        picker->setDefaultDir(QString::fromLatin1(row.dir));
-        picker->setTitle(row.title);
-        const FileNameRequest r = picker->request(QString::fromLatin1(row.s));
-        EXPECT_EQ(r.owner, &window);
-        EXPECT_EQ(r.save, row.save) << row.s;
-        EXPECT_EQ(r.title, row.title.toString()) << row.s;
-        EXPECT_EQ(r.startFolder, QString::fromLatin1(row.start)) << row.dir;
-        EXPECT_EQ(r.filterName, QString::fromLatin1(row.entry)) << row.types;
-        EXPECT_EQ(r.patterns, row.patterns) << row.types;
+    for (const auto& [s, types, name, dir, title, save, start, entry, patterns] : rows) {
+        picker->setFileTypes(QString::fromLatin1(types));
+        picker->setFileTypesName(QString::fromLatin1(name));
+        picker->setDefaultDir(QString::fromLatin1(dir));
+        picker->setTitle(title);
+        const FileNameRequest r = picker->request(QString::fromLatin1(s));
+        EXPECT_EQ(std::tie(r.owner, r.save, r.title, r.startFolder, r.filterName, r.patterns),
+                  std::make_tuple(&window, save, title.toString(), start, entry, patterns))
+            << s;
     }
 }
 
-// Runs `answer` on the next modal file dialog once it is up and counts it. Any other modal
-// window is rejected so the test can never hang on it.
+// Answers the next modal file dialog and counts it; any other modal window is rejected.
 void answerNextDialog(int& shown, const std::function<void(QFileDialog&)>& answer) {
     QTimer::singleShot(0, [&shown, answer] {
         QWidget* modal = QApplication::activeModalWidget();
@@ -88,17 +79,15 @@ TEST(FNDialogRealDialog, OpenShowsTheRequestSaveAsksNoQuestionCancelGivesNothing
     picker->setDefaultDir(QDir::cleanPath(folder.path()));
     int shown = 0;
     answerNextDialog(shown, [&](QFileDialog& dialog) {
-        // (Checked without ASSERT: the dialog must be answered whatever happens.)
+        // No ASSERT: the dialog must be answered whatever happens.
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Select a Dictionary file"));
         EXPECT_EQ(dialog.directory().absolutePath(), QDir::cleanPath(folder.path()));
         const auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-        EXPECT_EQ(combo ? combo->currentText() : QString(),
-                  QStringLiteral("Dictionary File (*.txt;*.dic)"));
-        EXPECT_EQ(combo ? combo->itemText(1) : QString(), QStringLiteral("All files (*)"));
+        EXPECT_EQ((combo ? QStringList{combo->itemText(0), combo->itemText(1)} : QStringList()),
+                  (QStringList{"Dictionary File (*.txt;*.dic)", "All files (*)"}));
         const auto* model = dialog.findChild<QFileSystemModel*>(); // both patterns filter
         EXPECT_EQ(model ? model->nameFilters() : QStringList(), (QStringList{"*.txt", "*.dic"}));
         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
-        EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
         EXPECT_EQ(dialog.parentWidget(), &window);
         QDir::setCurrent(folder.path()); // as a dialog may do
         choose(dialog, words);
@@ -130,10 +119,8 @@ TEST(FNDialogButton, InnerButtonFillsTheControlAndPassesItsEventsOn) {
     EXPECT_EQ(picker->innerButton()->geometry(), QRect(0, 0, 40, 25));
     EXPECT_EQ(picker->Caption(), QStringLiteral("..."));
 
-    QSignalSpy clicks(picker, &FNDialog::Click);
-    QSignalSpy downs(picker, &FNDialog::MouseDown);
-    QSignalSpy ups(picker, &FNDialog::MouseUp);
-    QSignalSpy keys(picker, &FNDialog::KeyPress);
+    QSignalSpy clicks(picker, &FNDialog::Click), downs(picker, &FNDialog::MouseDown);
+    QSignalSpy ups(picker, &FNDialog::MouseUp), keys(picker, &FNDialog::KeyPress);
     QTest::mouseClick(picker->innerButton(), Qt::LeftButton, Qt::ShiftModifier, QPoint(5, 6));
     QTest::keyClick(picker->innerButton(), Qt::Key_A);
     EXPECT_EQ(clicks.count() + ups.count(), 2);

@@ -1,6 +1,4 @@
-// The kit's rules that need no display: style texts into icons and buttons, the message
-// layout arithmetic, the push button's face geometry in twips and on pixels, and the help
-// window's addresses and browser size.
+// The kit's rules that need no display: message styles and layout, button faces, help.
 #include "ui/boxgeometry.h"
 #include "ui/helprules.h"
 #include "ui/msgstyle.h"
@@ -11,20 +9,9 @@
 
 namespace {
 
-// Buttons as "caption value" words: "Yes 6 No 7".
-QString words(const QList<MsgButton>& buttons) {
-    QStringList out;
-    for (const MsgButton& b : buttons)
-        out << b.caption + u' ' + QString::number(b.value);
-    return out.join(u' ');
-}
-
 TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrderOthersAreIgnored) {
-    const struct {
-        const char* typ;
-        QList<int> icons;
-        const char* buttons;
-    } rows[] = {
+    const std::tuple<const char*, QList<int>, QString> rows[] = {
+        // buttons "caption value"
         {"vbQuestion + vbYesNo", {0}, "Yes 6 No 7"},
         {"vbexclamation+vbinformation+vberror+vbcritical+vbhappy+vbtrash+vbprint+vblighton",
          {1, 2, 3, 4, 5, 6, 7, 8},
@@ -45,37 +32,36 @@ TEST(MsgStyle, KeywordsNameIconsAndFillButtonsInOrderOthersAreIgnored) {
         {"   vbyes   +   ", {}, "Yes 6"},
         {"vbok vbcancel", {}, "Ok 1"},
     };
-    for (const auto& row : rows) {
-        const MsgStyle style = parseMsgStyle(QString::fromLatin1(row.typ));
-        EXPECT_EQ(style.icons, row.icons) << row.typ;
-        EXPECT_EQ(words(style.buttons), QString::fromLatin1(row.buttons)) << row.typ;
+    for (const auto& [typ, icons, buttons] : rows) {
+        const MsgStyle style = parseMsgStyle(QString::fromLatin1(typ));
+        QStringList words;
+        for (const MsgButton& b : style.buttons)
+            words << b.caption + u' ' + QString::number(b.value);
+        EXPECT_EQ(style.icons, icons) << typ;
+        EXPECT_EQ(words.join(u' '), buttons) << typ;
     }
 }
 
 TEST(MsgLayout, AtLeastThreeButtonsWideButtonRowCentredHeightsFollowTheText) {
     constexpr int Most = MsgMaxTextSize;
-    const struct {
-        int textWidth, textHeight, lastButton;
-        int width, labelHeight, buttonTop, height;
-        QList<double> buttonLefts;
-    } rows[] = {
+    // Text width, height, last button; window width, label height, button top, window height.
+    const std::tuple<int, int, int, int, int, int, int, QList<double>> rows[] = {
         {480, 210, 0, 2655, 330, 750, 1695, {885}}, // 300 + 330 + 120; 750 + 345 + 600
         {975, 420, 0, 2655, 540, 960, 1905, {885}},
         {976, 210, 1, 2656, 330, 750, 1695, {443, 1328}},
         {3000, 210, 2, 4680, 330, 750, 1695, {1012.5, 1897.5, 2782.5}},
         {100, 210, -1, 2655, 330, 750, 1695, {}},
         {100, 210, 3, 2655, 330, 750, 1695, {}},
-        // Found by fuzz_msgstyle: sizes no text can have (the empty input gives INT_MIN) made
-        // the label shorter than nothing, and INT_MAX overflowed the sums.
+        // Found by fuzz_msgstyle: sizes no text can have, underflowing and overflowing sums.
         {INT_MIN, INT_MIN, 0, 2655, 120, 540, 1485, {885}},
         {INT_MAX, INT_MAX, -1, 1680 + Most, Most + 120, Most + 540, Most + 1485, {}},
     };
-    for (const auto& row : rows) {
-        const MsgLayout got = layoutMessage(row.textWidth, row.textHeight, row.lastButton);
-        EXPECT_EQ(std::tie(got.windowWidth, got.labelHeight, got.buttonTop, got.windowHeight),
-                  std::tie(row.width, row.labelHeight, row.buttonTop, row.height))
-            << row.textWidth << " " << row.textHeight;
-        EXPECT_EQ(got.buttonLefts, row.buttonLefts) << row.textWidth << " " << row.lastButton;
+    for (const auto& [textWidth, textHeight, last, width, label, top, height, lefts] : rows) {
+        const MsgLayout got = layoutMessage(textWidth, textHeight, last);
+        EXPECT_EQ(std::tie(got.windowWidth, got.labelHeight, got.buttonTop, got.windowHeight,
+                           got.buttonLefts),
+                  std::tie(width, label, top, height, lefts))
+            << textWidth << " " << last;
     }
 }
 
@@ -101,10 +87,8 @@ TEST(BoxGeometry, EdgesPictureCornerAndCaptionOfAFaceLandOnWholePixels) {
 TEST(HelpRules, BackAndForwardActOnlyOnAnAddressWithAnAnchor) {
     const QString page = QStringLiteral("/usr/share/pentalink/pentalink.htm");
     const QString hashFolder = QStringLiteral("/home/ann/#games/pentalink.htm");
-    const struct {
-        QUrl shown;
-        bool inside;
-    } rows[] = {
+    const std::pair<QUrl, bool> rows[] = {
+        // shown, inside the page
         {HelpRules::pageAddress(page), false},
         {HelpRules::pageAddress(page, QStringLiteral("play")), true},
         {QUrl(QStringLiteral("#play")), true},       // the browser may report an in-page step bare
@@ -112,28 +96,23 @@ TEST(HelpRules, BackAndForwardActOnlyOnAnAddressWithAnAnchor) {
         {HelpRules::pageAddress(hashFolder, QStringLiteral("keys")), true},
         {QUrl(), false},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(HelpRules::pointsInsidePage(row.shown), row.inside)
-            << qPrintable(row.shown.toString());
+    for (const auto& [shown, inside] : rows)
+        EXPECT_EQ(HelpRules::pointsInsidePage(shown), inside) << qPrintable(shown.toString());
     const QUrl anchored = HelpRules::pageAddress(hashFolder, QStringLiteral("keys"));
     EXPECT_EQ(anchored.toLocalFile(), hashFolder);
     EXPECT_EQ(anchored.fragment(), QStringLiteral("keys"));
 }
 
 TEST(HelpRules, BrowserSizeIsTheOuterSizeLessFrameAndTopSkippingImpossibleSizes) {
-    const struct {
-        QSize window;
-        std::optional<int> width, height;
-    } rows[] = {
+    const std::tuple<QSize, std::optional<int>, std::optional<int>> rows[] = {
         {{7305, 6105}, 7185, 5205}, // the designed inner size with its frame
         {{120, 900}, 0, 0},
         {{119, 6000}, std::nullopt, 5100}, // each direction on its own
         {{8000, 899}, 7880, std::nullopt},
     };
-    for (const auto& row : rows) {
-        const HelpRules::BrowserSize size = HelpRules::browserSize(row.window);
-        EXPECT_EQ(size.width, row.width) << row.window.width();
-        EXPECT_EQ(size.height, row.height) << row.window.height();
+    for (const auto& [window, width, height] : rows) {
+        const HelpRules::BrowserSize size = HelpRules::browserSize(window);
+        EXPECT_EQ(std::tie(size.width, size.height), std::tie(width, height)) << window.width();
     }
 }
 
