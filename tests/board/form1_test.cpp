@@ -18,8 +18,6 @@
 #include <QTextBrowser>
 #include <QTimer>
 
-#include <optional>
-
 namespace {
 
 using Form1Test = WindowTest;
@@ -127,43 +125,31 @@ TEST_F(Form1Test, StartUpLoadStillHappensAfterACreateRequestBeforeTheFirstTick) 
     EXPECT_EQ(form.session().WordList().ListCount(), 16);
 }
 
-// Start-up with the files missing, or FIFOs at their names, which nothing may open.
+// Start-up with FIFOs at the files' names: nothing may open them; each counts as missing.
 TEST_F(Form1Test, StartUpWithoutSchemesOrDictionaryGoesOnAndEveryMessageHasTheNormalPointer) {
-    for (const bool fifos : {false, true}) {
-        SCOPED_TRACE(fifos ? "FIFOs" : "missing");
-        QFile::remove(m_folder.file(QStringLiteral("all.col")));
-        QFile::remove(m_folder.file(QStringLiteral("english1.txt")));
-        std::optional<FifoWatch> watch;
-        if (fifos)
-            watch.emplace(QStringList{m_folder.file("all.col"), m_folder.file("pentalink.cfg"),
-                                      m_folder.file("pentalink.htm"),
-                                      m_folder.file("english1.txt")});
-        m_notifier.clear();
-        QList<Qt::CursorShape> shapes;
-        m_notifier.duringMessage = [&] {
-            const QCursor* pointer = QApplication::overrideCursor();
-            shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
-        };
-        Form1& form = start();
-        form.menu().create->trigger();
-        m_notifier.duringMessage = {};
-        ASSERT_EQ(m_notifier.texts().size(), 3);
-        EXPECT_EQ(m_notifier.texts()[0], QStringLiteral("Colour Scheme: xp.col not found"));
-        EXPECT_TRUE(m_notifier.texts()[1].startsWith(QStringLiteral("Unable to read")));
-        EXPECT_EQ(m_notifier.texts()[2], QStringLiteral("No Dictioary Loaded"));
-        EXPECT_EQ(shapes, QList<Qt::CursorShape>(3, Qt::ArrowCursor));
-        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        EXPECT_EQ(form.boardView().boardStyle().tileFace,
-                  OleTranslateColor(ColourScheme::BuiltInXp[4])); // not black
-        form.menu().help->trigger();
-        EXPECT_EQ(form.helpWindow()->WebBrowser1()->toPlainText().contains(
-                      QStringLiteral("is not shown: it is not a regular file")),
-                  fifos);
-        EXPECT_EQ(watch ? watch->opened() : 0, 0);
-    }
+    const FifoWatch watch({m_folder.file("all.col"), m_folder.file("pentalink.cfg"),
+                           m_folder.file("pentalink.htm"), m_folder.file("english1.txt")});
+    QList<Qt::CursorShape> shapes;
+    m_notifier.duringMessage = [&] {
+        const QCursor* pointer = QApplication::overrideCursor();
+        shapes << (pointer ? pointer->shape() : Qt::ArrowCursor);
+    };
+    Form1& form = start();
+    form.menu().create->trigger();
+    form.menu().help->trigger();
+    m_notifier.duringMessage = {};
+    ASSERT_EQ(m_notifier.texts().size(), 3);
+    EXPECT_EQ(m_notifier.texts()[0], QStringLiteral("Colour Scheme: xp.col not found"));
+    EXPECT_TRUE(m_notifier.texts()[1].startsWith(QStringLiteral("Unable to read")));
+    EXPECT_EQ(m_notifier.texts()[2], QStringLiteral("No Dictioary Loaded"));
+    EXPECT_EQ(shapes, QList<Qt::CursorShape>(3, Qt::ArrowCursor));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(form.boardView().boardStyle().tileFace,
+              OleTranslateColor(ColourScheme::BuiltInXp[4])); // not black
+    EXPECT_EQ(watch.opened(), 0);
 }
 
-TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
+TEST_F(Form1Test, HelpComesBackAboutWaitsInTheAppliedSchemeAndExitClosesBoth) {
     Form1& form = start();
     form.menu().help->trigger();
     Form4* help = form.helpWindow();
@@ -183,11 +169,7 @@ TEST_F(Form1Test, HelpOpensBesideTheGameAndAboutWaitsShowingTheAppliedScheme) {
     form.menu().about->trigger(); // returns once About has closed
     EXPECT_EQ(shown, OleTranslateColor(m_scheme.SchemeColours[2]));
     EXPECT_FALSE(form.aboutWindow()->isVisible());
-}
-
-TEST_F(Form1Test, ExitAsksAndClosesTheHelpWindowToo) {
-    Form1& form = start();
-    for (const int answer : {AnswerNo, AnswerYes}) {
+    for (const int answer : {AnswerNo, AnswerYes}) { // Exit asks, and closes help too
         form.menu().help->trigger();
         m_notifier.queueAnswer(answer);
         form.menu().exit->trigger();
@@ -249,12 +231,8 @@ TEST_F(Form1Test, CloseBoxOrExitDuringASearchAbandonsItAtOnceAndOnlyExitAsksAndS
         const QByteArray config = m_folder.read("pentalink.cfg");
         m_notifier.clear();
         m_notifier.queueAnswer(AnswerYes);
-        // The command comes while the search lets events run.
         QTimer::singleShot(0, &form, [&] {
-            if (exit)
-                form.menu().exit->trigger();
-            else
-                form.close();
+            exit ? form.menu().exit->trigger() : void(form.close());
             ended = true;
         });
         form.menu().create->trigger();
