@@ -112,16 +112,17 @@ TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
 
     // Each move's announcement, "|" between: none for a move that changes nothing.
     QStringList said;
-    for (const Move move : {Move::tile(Pony), Move::tile(Pony), Move::marker(PonyOn),
-                            Move::tile(Play), Move::marker(GnawOn), Move::marker(PonyOn),
-                            Move::marker(PonyOn), Move::marker(5), Move::solutionPress()}) {
+    for (const Move move :
+         {Move::tile(Pony), Move::tile(Pony), Move::marker(PonyOn), Move::tile(Play),
+          Move::marker(GnawOn), Move::marker(PonyOn), Move::marker(PonyOn), Move::marker(5),
+          Move::tile(Wrap), Move::marker(WrapOn), Move::solutionPress()}) {
         const BoardState before = m_board.state();
         m_board.apply(move);
         said << BoardSpeech::announcement(move, before, m_board.state());
     }
     EXPECT_EQ(said.join(u'|'), "pony selected||pony placed at start 3|play selected|play does not "
                                "fit at start 2|pony taken off start 3, selected|pony placed at "
-                               "start 3||");
+                               "start 3||wrap selected|wrap placed at start 10|");
 }
 
 TEST_F(Keyboard, NamesSayWhatTheBoardMeansNotHowItLooks) {
