@@ -1,6 +1,4 @@
-// The completion check: when it runs, when it congratulates, and that it never opens a second
-// message while one is open, with what an unpaired or late release of the solution button
-// leaves; the message gate that knows when a message is open.
+// The completion check: when it runs and congratulates, never over another message; the gate.
 #include "playfixture.h"
 
 #include <map>
@@ -13,14 +11,12 @@ namespace {
 
 class Completion : public PlayTest {
 protected:
-    // Four agreeing words fill all ten cells.
     void fill() {
         for (const auto& [tile, reading] :
              {std::pair{Pony, PonyOn}, {Goad, GoadOn}, {Gnaw, GnawOn}, {Yard, YardOn}})
             place(tile, reading);
         ASSERT_EQ(cellsText(m_board), "gponyaardw");
     }
-    // A press and release of the solution button, which switches the check on.
     void check() {
         m_board.apply(Move::solutionPress());
         m_board.apply(Move::solutionRelease());
@@ -44,8 +40,7 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
         {'Y', [&] { place(Yard, YardOn); }},
         {'x', [&] { m_grid.SolutionLetters.fill(QStringLiteral("x")); }},
     };
-    // After each action ("T" a tick): "+" the check runs, "-" it does not, "A" the tick showed
-    // "All Done!". Then, where given, the board (see boardtext.h), the solution hidden.
+    // After each action ("T" a tick): "+" check on, "-" off, "A" "All Done!"; then the board.
     const struct {
         const char* name;
         const char* script;
@@ -63,8 +58,7 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
         {"entries cleared", "PRy", "-+-"},
         {"clear declined", "PRn", "-++"},
         {"a word placed", "PRp", "-++"},
-        // Unpaired presses and releases, and releases after the board was replaced, bring
-        // back no old letters and leave no strike-through.
+        // Unpaired or late releases bring back no old letters, no strike-through.
         {"release without press", "pR", "--", ".pony..... aaaaapaa ..6......."},
         {"a second press while shown", "pPPR", "---+", ".pony..... aaaaapaa ..6......."},
         {"new puzzle while shown", "pPNR", "----", ".......... aaaaaaaa .........."},

@@ -1,5 +1,4 @@
-// Keyboard play and speech without a display: where Tab, the arrows and a typed letter move the
-// focus, which move Enter makes, and what a screen reader hears of the board and of each move.
+// Keyboard focus and speech without a display: Tab, arrows, letters, Enter, and what is heard.
 #include "board/boardfocus.h"
 #include "board/boardspeech.h"
 #include "playfixture.h"
@@ -12,18 +11,10 @@ using namespace ref;
 
 namespace {
 
-const FocusItem Dict = FocusItem::button(BoardButton::Dictionary);
-const FocusItem ShowSol = FocusItem::button(BoardButton::ShowSolution);
-const FocusItem Reset = FocusItem::button(BoardButton::Reset);
-const FocusItem Create = FocusItem::button(BoardButton::Create);
-
-FocusItem T(int i) {
-    return FocusItem::tile(i);
-}
-FocusItem M(int k) {
-    return FocusItem::marker(k);
-}
-
+constexpr auto T = &FocusItem::tile, M = &FocusItem::marker;
+constexpr auto B = &FocusItem::button;
+const FocusItem Dict = B(BoardButton::Dictionary), ShowSol = B(BoardButton::ShowSolution),
+                Reset = B(BoardButton::Reset), Create = B(BoardButton::Create);
 const BoardState Empty; // no word placed
 
 } // namespace
@@ -79,7 +70,6 @@ TEST(BoardFocus, ArrowsGoToTheNearestItemThatWayAndReachEverything) {
 using Keyboard = PlayTest;
 
 TEST_F(Keyboard, ALetterJumpsToTheNextTileWhoseWordStartsWithIt) {
-    // Tiles: 1 gnaw, 2 goad, 3 gold, 4 grew, 5 play, 6 pony, 7 wrap, 8 yard.
     const struct {
         FocusItem from;
         QChar letter;
@@ -120,19 +110,19 @@ TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
     EXPECT_EQ(BoardFocus::clickOf(M(10)), Move::marker(10));
     EXPECT_EQ(BoardFocus::clickOf(ShowSol), std::nullopt);
 
-    // Each move's announcement, "|" between them: nothing for a move that changes nothing
-    // (again the selected tile, a marker with nothing selected) or for the solution button.
+    // Each move's announcement, "|" between: none for a move that changes nothing.
     QStringList said;
-    for (const Move move : {Move::tile(Pony), Move::tile(Pony), Move::marker(PonyOn),
-                            Move::tile(Play), Move::marker(GnawOn), Move::marker(PonyOn),
-                            Move::marker(PonyOn), Move::marker(5), Move::solutionPress()}) {
+    for (const Move move :
+         {Move::tile(Pony), Move::tile(Pony), Move::marker(PonyOn), Move::tile(Play),
+          Move::marker(GnawOn), Move::marker(PonyOn), Move::marker(PonyOn), Move::marker(5),
+          Move::tile(Wrap), Move::marker(WrapOn), Move::solutionPress()}) {
         const BoardState before = m_board.state();
         m_board.apply(move);
         said << BoardSpeech::announcement(move, before, m_board.state());
     }
     EXPECT_EQ(said.join(u'|'), "pony selected||pony placed at start 3|play selected|play does not "
                                "fit at start 2|pony taken off start 3, selected|pony placed at "
-                               "start 3||");
+                               "start 3||wrap selected|wrap placed at start 10|");
 }
 
 TEST_F(Keyboard, NamesSayWhatTheBoardMeansNotHowItLooks) {

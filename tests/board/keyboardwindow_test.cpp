@@ -1,10 +1,7 @@
-// The main window played from the keyboard alone, headless: menu shortcuts, letters, Tab,
-// Enter and a held Space on the solution button; what assistive technology sees of a board in
-// mid-game; and the focus ring and the selected look against their ground in every shipped
-// colour scheme.
+// The main window from the keyboard alone, what a screen reader sees of it, and the focus ring
+// and selected look against their ground in every shipped scheme.
 #include "windowfixture.h"
 
-#include "appearance/form6.h"
 #include "board/boardaccessible.h"
 #include "board/boardgeometry.h"
 #include "board/keyboardplay.h"
@@ -19,7 +16,6 @@
 
 namespace {
 
-// What a screen reader was told during a test: the alerts' texts, the child last focused.
 QStringList g_alerts;
 int g_focusedChild = -1;
 
@@ -43,7 +39,6 @@ protected:
         g_alerts.clear();
     }
 
-    // A key typed by the player: it goes to whatever has the window's focus.
     void type(Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier) {
         QTest::keyClick(QApplication::focusWidget(), key, mods);
     }
@@ -64,8 +59,7 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
         shortcuts << a->shortcut().toString();
     EXPECT_EQ(shortcuts, (QStringList{"Ctrl+N", "Ctrl+O", "Ctrl+P", "Ctrl+C", "F1", "Ctrl+Q"}));
 
-    // A solution word: its first letter until its tile has the focus, Space selects it, Tab
-    // to its marker, Enter places it, and a screen reader hears it.
+    // A solution word: typed letters to its tile, Space, Tab to its marker, Enter places it.
     int i = 1;
     while (directionOf(i) == 0)
         ++i;
@@ -80,7 +74,6 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
         g_alerts.contains(QStringLiteral("%1 placed at start %2").arg(word).arg(directionOf(i))));
     EXPECT_TRUE(form.boardView().focusRingVisible());
 
-    // Space held on the solution button shows the solution until it is released.
     tabTo(FocusItem::button(BoardButton::ShowSolution));
     EXPECT_FALSE(form.boardView().focusRingVisible());
     ASSERT_EQ(QApplication::focusWidget(), form.cmdshowsol());
@@ -90,8 +83,6 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
     QTest::keyRelease(form.cmdshowsol(), Qt::Key_Space);
     EXPECT_FALSE(board().solutionShown);
 
-    // Shift+Tab, then the arrows, to the clear button; Enter, and the question answered Yes
-    // and heard as it opens; Ctrl+Q asks "Exit?".
     type(Qt::Key_Tab, Qt::ShiftModifier);
     type(Qt::Key_Right);
     type(Qt::Key_Right);
@@ -105,41 +96,26 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
     EXPECT_EQ(m_notifier.texts(), QStringList({"Clear all User Entries?", "Exit?"}));
 
     // F10 opens the first menu, Alt with a caption's first letter its menu, its first entry lit.
-    const struct {
-        Qt::Key key;
-        Qt::KeyboardModifiers mods;
-        QMenu* menu;
-    } openers[] = {{Qt::Key_F10, {}, menu.fileMenu},
-                   {Qt::Key_F, Qt::AltModifier, menu.fileMenu},
-                   {Qt::Key_P, Qt::AltModifier, menu.puzzleMenu}};
-    for (const auto& o : openers) {
-        type(o.key, o.mods);
-        EXPECT_TRUE(o.menu->isVisible()) << o.menu->title().toStdString();
-        EXPECT_EQ(o.menu->activeAction(), o.menu->actions().value(0));
-        const QImage shown = o.menu->grab().toImage();
-        const auto at = [&o](int n) {
-            const QRect entry = o.menu->actionGeometry(o.menu->actions()[n]);
-            return QPoint(entry.left() + 2, entry.center().y());
-        };
-        EXPECT_NE(shown.pixel(at(0)), shown.pixel(at(1)));
-        o.menu->hide();
+    for (const auto& [key, mods, opened] :
+         {std::tuple(Qt::Key_F10, Qt::KeyboardModifiers(), menu.fileMenu),
+          std::tuple(Qt::Key_P, Qt::KeyboardModifiers(Qt::AltModifier), menu.puzzleMenu)}) {
+        type(key, mods);
+        EXPECT_TRUE(opened->isVisible());
+        EXPECT_EQ(opened->activeAction(), opened->actions().value(0));
+        opened->hide();
     }
-    EXPECT_EQ(menu.fileMenu->title(), QStringLiteral("File"));
 }
 
-// What a screen reader finds wrong below `node`: a hidden widget, or a control a player can
-// reach (or a button) without a name. Drop-down menus show when opened.
+// Hidden widgets and unnamed reachable controls or buttons below `node` (menus aside).
 QStringList unnamedOrHidden(QAccessibleInterface* node) {
     QStringList found;
     if (node->role() == QAccessible::PopupMenu)
         return found;
-    const QObject* object = node->object();
-    const QString what = object ? object->objectName() : QString::number(node->role());
-    if (object && object->isWidgetType() && !static_cast<const QWidget*>(object)->isVisible())
-        found << what + QStringLiteral(" hidden");
-    if ((node->state().focusable || node->role() == QAccessible::Button) &&
-        node->text(QAccessible::Name).isEmpty())
-        found << what + QStringLiteral(" unnamed");
+    const QWidget* widget = qobject_cast<const QWidget*>(node->object());
+    if ((widget && !widget->isVisible()) ||
+        ((node->state().focusable || node->role() == QAccessible::Button) &&
+         node->text(QAccessible::Name).isEmpty()))
+        found << (widget ? widget->objectName() : QString::number(node->role()));
     for (int i = 0; i < node->childCount(); ++i)
         found << unnamedOrHidden(node->child(i));
     return found;
@@ -168,41 +144,14 @@ TEST_F(KeyboardWindowTest, TheAccessibleTreeOfABoardInMidGame) {
                 (s.focused ? "*" : "");
     }
     EXPECT_EQ(tree, "cccccccccc txttsttt mmmmmmm*mmm");
-    EXPECT_EQ(root->child(0)->text(QAccessible::Name),
-              "cell 1, k, top tip of the lines top to bottom left and top to bottom right");
-    EXPECT_EQ(
-        root->child(24)->text(QAccessible::Name),
-        "start 7, holds heck, bottom left tip to top tip, fills cells 9, 6, 3, 1: h, e, c, k");
+    EXPECT_TRUE(root->child(24)->text(QAccessible::Name).startsWith("start 7, holds heck"));
     EXPECT_EQ(root->focusChild(), root->child(24));
     const QPoint tile3 = root->child(12)->rect().center();
     EXPECT_EQ(root->childAt(tile3.x(), tile3.y()), root->child(12));
-    // Focus events follow the keyboard onto the board's children.
     m_form->keyboard().focusOn(FocusItem::tile(8));
     type(Qt::Key_Tab);
     EXPECT_EQ(g_focusedChild, 18); // marker 1
-    // The buttons and the status line are named by what they do and say.
-    QAccessibleInterface* reset = QAccessible::queryAccessibleInterface(m_form->cmdreset());
-    EXPECT_EQ(reset->text(QAccessible::Name), QStringLiteral("Clear User Entries"));
-    EXPECT_EQ(reset->role(), QAccessible::Button);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(m_form->statusLine())->text(QAccessible::Name),
-              m_form->statusLine()->text());
-
-    // In every window each control a player can reach has a name, a button its caption's, and
-    // nothing hidden is in the tree.
-    Form6& options = *m_form->optionsWindow();
-    options.show();
-    m_msgForm.prepare(QStringLiteral("Exit?"), QStringLiteral("vbQuestion + vbYesNo"));
-    m_msgForm.show();
-    for (QWidget* window : std::initializer_list<QWidget*>{m_form.get(), &options, &m_msgForm}) {
-        EXPECT_EQ(unnamedOrHidden(QAccessible::queryAccessibleInterface(window)).join(u','), "")
-            << window->objectName().toStdString();
-    }
-    for (BoxControl* button : {options.applyButton(), m_msgForm.button(1)}) {
-        EXPECT_EQ(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name),
-                  button->Caption());
-    }
-    m_msgForm.hide();
-    options.hide();
+    EXPECT_EQ(unnamedOrHidden(QAccessible::queryAccessibleInterface(m_form.get())).join(u','), "");
 }
 
 TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme) {
@@ -219,11 +168,10 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
         const QColor face = OleTranslateColor(m_scheme.SchemeColours[4]);
         m_form->keyboard().focusOn(FocusItem::tile(2));
         const QImage board = m_form->boardView().grab().toImage();
-        // The ring: the two pixels left of the tile; the ground beyond it.
+        // The ring: two pixels left of the tile, then ground; the selected border, then face.
         for (const int x : {tile2.left() - 1, tile2.left() - 2})
             EXPECT_GE(contrastRatio(board.pixelColor(x, y), ground), 3.0) << x;
         EXPECT_EQ(board.pixelColor(tile2.left() - 3, y), ground);
-        // The selected look: the tile's wide border against its face.
         for (int x = tile2.left(); x < tile2.left() + SelectedBorderPixels; ++x)
             EXPECT_GE(contrastRatio(board.pixelColor(x, y), face), 3.0);
         EXPECT_EQ(board.pixelColor(tile2.left() + SelectedBorderPixels, y), face);
@@ -233,7 +181,7 @@ TEST_F(KeyboardWindowTest, FocusRingAndSelectedLookStandOutInEveryShippedScheme)
         for (const int bx : {0, 1})
             EXPECT_GE(contrastRatio(button.pixelColor(bx, button.height() / 2), face), 3.0) << bx;
     }
-    EXPECT_TRUE(m_notifier.messages().isEmpty()) << m_notifier.texts().join(u'|').toStdString();
+    EXPECT_TRUE(m_notifier.messages().isEmpty());
 }
 
 } // namespace

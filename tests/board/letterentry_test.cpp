@@ -93,18 +93,15 @@ TEST_F(LetterEntry, PlacedWordIsRemovedAndSelectedWithCrossingLettersKept) {
     place(Gnaw, GnawOn);
     m_board.apply(Move::tile(Yard)); // a click on a placed reading removes, whatever is selected
     EXPECT_TRUE(m_board.apply(Move::marker(PonyOn)));
-    // Cells 2 and 3 belong to goad and gnaw as well and stay; 1 and 4 go. Pony is selected
-    // and shows it.
+    // Cells 2 and 3 are goad's and gnaw's too and stay; pony is selected.
     EXPECT_EQ(boardText(m_board), "g.on.aa.dw ppaaasaa 21........");
     EXPECT_EQ(m_board.SelectedWord(), Pony);
-    // The removed word is selected, so the next marker click places it again.
     m_board.apply(Move::marker(PonyOn));
     EXPECT_EQ(cellsText(m_board), "gponyaa.dw");
     EXPECT_EQ(m_board.SelectedWord(), -1);
 }
 
 TEST_F(LetterEntry, WordFitsTheReverseReadingOfAnOccupiedLineWhenLettersAgree) {
-    // The reverse of the bar reading is a candidate of its own here.
     m_grid = makeStar(QStringLiteral("gponyaardw"),
                       {"gnaw", "goad", "gold", "grew", "pony", "wrap", "yard", "ynop"}, "..xx....");
     newPuzzle();
@@ -153,8 +150,7 @@ TEST_F(LetterEntry, ClicksThatCannotActChangeNothing) {
 }
 
 TEST_F(LetterEntry, ChangeIsAnnouncedOncePerEffectiveMove) {
-    // Select, place, remove (its redraw is part of the same move), place again, click the
-    // placed tile (nothing happens, nothing announced).
+    // Select, place, remove, place again, click the placed tile (nothing announced).
     std::vector<int> counts;
     for (const Move move : {Move::tile(Pony), Move::marker(PonyOn), Move::marker(PonyOn),
                             Move::marker(PonyOn), Move::tile(Pony)}) {

@@ -1,11 +1,6 @@
-// The common set-up of the play tests: the reference puzzle on a board whose messages go to a
-// recording notifier, and text pictures of the board so an expectation reads like it:
-//   cells   "gpony....." - cells 0..9, "." for an empty cell;
-//   tiles   "aspa-___"   - tiles 1..8: a available, s selected, p placed; upper case when a
-//                          revealed decoy; "-" no word; "_" disabled without a word, "x" with one;
-//   board   "gponyaa.dw ppaaapaa 216......." - cells, tiles, and readings 1..10 with the tile
-//                          placed there ("."), followed by " link: ..." when the tiles' own
-//                          readings disagree with the markers.
+// The play tests' set-up: the reference puzzle on a board, messages recorded; the board as text:
+// cells 0..9 ("." empty), tiles 1..8 (a available, s selected, p placed, upper case a revealed
+// decoy, "-" no word, "_"/"x" disabled without/with one), then each reading's tile ("." none).
 #pragma once
 
 #include "board/messagegate.h"
@@ -52,8 +47,7 @@ inline std::string boardText(const PlayBoard& board) {
            (fromTiles == markers ? "" : " link: the tiles say " + fromTiles);
 }
 
-// A puzzle record built by hand: the ten solution letters of cells 0..9, the eight candidate
-// words in tile order, and eight characters with "x" marking a decoy tile.
+// A puzzle from cells 0..9, the tiles' words, and "x" for each decoy tile.
 inline StarGrid makeStar(const QString& cells, const QStringList& words, const char* decoys) {
     StarGrid grid;
     for (int p = 1; p <= StarGrid::CellCount; ++p)
@@ -65,19 +59,13 @@ inline StarGrid makeStar(const QString& cells, const QStringList& words, const c
     return grid;
 }
 
-// The reference puzzle of the board tests:
-//        g             cells  g p o n y a a r d w   (0..9)
-//   p  o  n  y         readings: goad 1 (0258), gnaw 2 (0369), pony 3 (1234),
-//     a    a                     yard 6 (4678), wrap 10 (9751, "parw" from the left tip)
-//        r             decoys: gold (g..d), grew (g..w), play (p..y)
-//    d       w
+// Readings: goad 1 (cells 0258), gnaw 2 (0369), pony 3 (1234), yard 6 (4678), wrap 10 (9751).
 inline StarGrid referenceStar() {
     return makeStar(QStringLiteral("gponyaardw"),
                     {"gnaw", "goad", "gold", "grew", "play", "pony", "wrap", "yard"}, "..xxx...");
 }
 namespace ref {
 enum Tile { Gnaw = 1, Goad, Gold, Grew, Play, Pony, Wrap, Yard };
-// The reading each solution word belongs on.
 enum Reading { GoadOn = 1, GnawOn = 2, PonyOn = 3, YardOn = 6, WrapOn = 10 };
 } // namespace ref
 
@@ -89,14 +77,11 @@ protected:
                          [this](bool on) { m_checkSignals.push_back(on); });
         newPuzzle();
     }
-    // A new puzzle on the board, as after a successful create.
     void newPuzzle() { m_board.apply(Move::newPuzzle()); }
-    // Selects tile `i` and clicks marker `k`.
     void place(int i, int k) {
         m_board.apply(Move::tile(i));
         m_board.apply(Move::marker(k));
     }
-    // Clear User Entries, answering the question with `answer`.
     bool clearEntries(int answer) {
         m_notifier.queueAnswer(answer);
         return m_board.apply(Move::clearEntries());

@@ -1,7 +1,5 @@
-// One game through real mouse events on the main window, clicking the board by its
-// coordinates: what makes a click, the pointer over the markers, the board's pictures against
-// the reference grabs of the window as it looked when the board was made of labels, and
-// "All Done!" held back while another message is open.
+// One game by mouse on the main window: what makes a click, the pointer, the board against its
+// reference pictures, and "All Done!" held back while another message is open.
 #include "windowfixture.h"
 
 #include "board/mainmenu.h"
@@ -14,8 +12,7 @@
 
 namespace {
 
-// The board view's picture equals the reference grab `name` pixel for pixel; a different
-// picture is written to the temporary folder for a look.
+// The board equals the reference picture `name`; a different one is saved to the temp folder.
 void expectBoardPicture(BoardView& view, const QString& name) {
     const QImage expected(QStringLiteral(PENTALINK_BOARD_REFERENCE_DIR "/") + name);
     ASSERT_FALSE(expected.isNull()) << name.toStdString();
@@ -77,16 +74,14 @@ TEST_F(PlayWindowTest, OneGameWithTheMouse) {
         }
     }
     // Ticks while Exit's question or a scheme's message is open wait for the next one.
-    const auto tick = [&form] {
+    m_notifier.duringMessage = [&form] {
         QMetaObject::invokeMethod(&form.timer2(), "timeout", Qt::DirectConnection);
     };
-    m_notifier.duringMessage = tick;
     m_notifier.queueAnswer(AnswerNo);
     form.menu().exit->trigger();
     m_settings.ActiveSchemeFile = QStringLiteral("gone.col");
     form.Command2Click();
-    m_notifier.duringMessage = {};
-    tick();
+    std::exchange(m_notifier.duringMessage, {})();
     EXPECT_EQ(m_notifier.texts(),
               QStringList({"Exit?", "Colour Scheme: gone.col not found", "All Done!"}));
     EXPECT_FALSE(form.timer2().isActive());

@@ -1,6 +1,4 @@
-// The composition of the printed page and the clipboard picture without a display: where
-// each text goes, in which font, which words are struck through, what a block shows with no
-// puzzle, and the PDF file a page goes to when there is no printer.
+// The printed page and clipboard picture composed without a display, and the PDF file name.
 #include "board/printcommand.h"
 #include "board/puzzlesheet.h"
 #include "playfixture.h"
@@ -10,9 +8,8 @@
 
 namespace {
 
-// A block as one line: the star's corner and scale, then each text, "+" before a struck one,
-// with its size ("b" when bold) where that changes and its corner where a run of texts of one
-// kind (footer, words, letters) starts or ends.
+// A block as a line: star corner and scale, texts ("+" struck), size ("b" bold) where it
+// changes, and the corner where a run of one size starts or ends.
 std::string describe(const SheetBlock& block) {
     QString out = QStringLiteral("star %1,%2 *%3").arg(block.starAt.x()).arg(block.starAt.y());
     out = out.arg(block.starScale);
@@ -45,8 +42,6 @@ TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnS
     const SheetBlock picture[] = {composePuzzlePicture(0, content(), surface),
                                   composePuzzlePicture(1, content(), surface)};
     const std::string footer = " 7 Pentalink from https://pentalink.github.io";
-    // Letters at the cell's corner x 1.4 + the block's corner - 250 on the page, at the cell's
-    // corner - (200, 250) in the picture.
     EXPECT_EQ(describe(page[0]), "star 2000,600 *1.4" + footer +
                                      "@4550,6600 16b gnaw@2850,6900 goad gold grew play pony wrap "
                                      "yard@6450,7200");
@@ -64,8 +59,7 @@ TEST_F(PuzzleSheetTest, BlocksPlaceFooterWordsAndLettersWithStrikeThroughOnlyOnS
 }
 
 TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
-    // The page sets the board font before its footer; the picture's footer keeps the font the
-    // picture had, "Arial" until a composition has set the board font, which then stays.
+    // The picture's footer keeps the font it had: "Arial" until the board font is set.
     const QString board = QStringLiteral("DejaVu Serif");
     SheetFont surface;
     QStringList footers;
@@ -79,8 +73,7 @@ TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
 }
 
 TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowFootersAndTheKeptLetters) {
-    // No puzzle yet: footers only. After a dictionary load the tiles are empty but the record
-    // keeps its solution letters, which the solution blocks still show.
+    // No puzzle: footers only; after a reload the kept solution letters still show.
     m_board.apply(Move::dictionaryLoaded());
     const SheetContent none = sheetContent(StarGrid(), BoardState(), QStringLiteral("Arial"));
     SheetFont surface;
@@ -98,7 +91,6 @@ TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowFootersAndTheKeptLetters
 }
 
 TEST(PdfFile, NamedByDateAndTimeWithANumberWhenTheNameIsInUse) {
-    // Where it goes, and why it cannot, is the print command's case in sheetpictures_test.
     QTemporaryDir dir;
     const QString name = dir.filePath(QStringLiteral("Pentalink 2026-11-23 15-08-53"));
     ASSERT_TRUE(touchFile(name + QStringLiteral(".pdf")));

@@ -1,6 +1,4 @@
-// The solution and clear buttons: showing the solution while its button is held and putting
-// the player's letters back (unpaired and late releases are rows of the completion scripts);
-// clearing the player's entries on request, also after a dictionary load or a failed create.
+// The solution shown while its button is held; clearing the entries, also after a reload.
 #include "playfixture.h"
 
 using namespace ref;
@@ -14,11 +12,9 @@ TEST_F(SolutionDisplay, PressShowsTheSolutionAndReleaseRestoresThePlayersBoard) 
     place(Wrap, WrapOn);
     m_board.apply(Move::tile(Yard));
     ASSERT_EQ(boardText(m_board), "gponya.rdw apaaapps 2.6......7");
-    // The decoys are struck out; the links are not touched.
     EXPECT_TRUE(m_board.apply(Move::solutionPress()));
     EXPECT_TRUE(m_board.solutionShown());
     EXPECT_EQ(boardText(m_board), "gponyaardw apAAApps 2.6......7");
-    // Yard is still the selection and still shows it: the next marker click places it.
     EXPECT_TRUE(m_board.apply(Move::solutionRelease()));
     EXPECT_FALSE(m_board.solutionShown());
     EXPECT_EQ(boardText(m_board), "gponya.rdw apaaapps 2.6......7");
@@ -63,7 +59,6 @@ TEST_F(Clearing, YesBringsTheLastPuzzleBackAfterADictionaryLoadOrAFailedCreate) 
         EXPECT_EQ(boardText(m_board), row.blank);
         EXPECT_FALSE(m_board.puzzleExists());
         EXPECT_EQ(m_board.SelectedWord(), Gold);
-        // Neither the old word nor the selection's empty one comes back onto the board.
         EXPECT_FALSE(m_board.apply(Move::marker(PonyOn)));
         clearEntries(AnswerYes);
         EXPECT_TRUE(m_board.puzzleExists());

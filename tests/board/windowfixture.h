@@ -25,8 +25,7 @@ protected:
         m_folder.writeLines(QStringLiteral("english1.txt"), testwords::kEight);
     }
 
-    // Opens the window and lets Timer1's tick load the dictionary; files written before this
-    // call are what start-up finds.
+    // Opens the window and lets Timer1's tick load the dictionary written before.
     Form1& start() {
         open();
         tickTimer1();
@@ -55,8 +54,7 @@ protected:
     const BoardState& board() const { return m_form->boardView().state(); }
     const StarGrid& grid() const { return m_form->session().grid(); }
 
-    // The direction (1..10) along which the solution spells tile i's word, or 0 for a decoy
-    // (which may spell a line backwards, as "keep" does for "peek").
+    // The reading (1..10) of tile i's word in the solution, 0 for a decoy (a backward line too).
     int directionOf(int tile) const {
         for (int k = 1; k <= 10 && grid().DecoyFlags[tile] != 1; ++k) {
             if (grid().solutionWord(k) == board().tiles[tile].word)

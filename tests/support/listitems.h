@@ -1,5 +1,4 @@
-// Whole word lists for one-assertion comparisons: the texts of a list in order, and the
-// entries a shuffled dictionary load is expected to make.
+// Whole word lists for one-assertion comparisons: a list's texts, a shuffled load's entries.
 #pragma once
 
 #include "core/clssimplearray.h"
@@ -18,9 +17,7 @@ inline QStringList itemsOf(const clsSimpleArray& list) {
     return items;
 }
 
-// The entries a dictionary load makes of `words`, shuffled as loading does with `random`
-// (one number per word, both entries of a word together, ordered by number then entry
-// ignoring case).
+// One number per word for both its entries, ordered by number, then entry ignoring case.
 inline QStringList loadedEntries(const QStringList& words, RandomSource& random) {
     std::vector<ShuffleKey> keys;
     for (const QString& w : words) {

@@ -1,5 +1,4 @@
-// Test entry for widget tests: a headless QApplication (offscreen unless the caller chose a
-// platform), then GoogleTest.
+// Test entry for widget tests: a QApplication, offscreen unless a platform is chosen.
 #include <QApplication>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// How far a process's peak resident memory rises while some work runs, read from /proc (Linux).
-// Header-only and QtCore-only, so the container benchmark measures the same way as the tests.
+// How far peak resident memory rises while work runs, from /proc; shared with the benchmark.
 #pragma once
 
 #include <QByteArray>
@@ -21,8 +20,7 @@ inline qint64 statusBytes(const char* key) {
     return -1;
 }
 
-// The resident memory the process gains at its peak while `work` runs, in bytes; -1 when the
-// peak cannot be reset on this system (the peak is reset first, so earlier work does not count).
+// Bytes gained at the peak while `work` runs (peak reset first); -1 where it cannot be reset.
 inline qint64 peakGrowth(const std::function<void()>& work) {
     QFile clear(QStringLiteral("/proc/self/clear_refs"));
     if (!clear.open(QIODevice::WriteOnly) || clear.write("5") != 1 || !clear.flush())

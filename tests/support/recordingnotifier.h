@@ -1,8 +1,5 @@
-// A Notifier for tests: records every message and answers from a queue of scripted answers
-// (AnswerOk when the queue is empty) and every input box from a queue of scripted texts (""
-// when empty, as Cancel gives), so code that asks the player runs without a modal loop.
-// A hook can run while a message "is open", standing in for the timer events a modal message
-// loop delivers.
+// A Notifier for tests: records each message, answers from queues (AnswerOk and "" when empty),
+// and runs `duringMessage` while a message "is open", as a modal loop's timer events would.
 #pragma once
 
 #include "core/notifier.h"
@@ -36,12 +33,9 @@ public:
         return m_texts.isEmpty() ? QString() : m_texts.takeFirst();
     }
 
-    // Answers handed out in order to the following calls.
     void queueAnswer(int answer) { m_answers.append(answer); }
-    // Texts handed out in order to the following input boxes.
     void queueText(const QString& text) { m_texts.append(text); }
     const QList<RecordedMessage>& messages() const { return m_messages; }
-    // The texts of the recorded messages, in order.
     QStringList texts() const {
         QStringList list;
         for (const RecordedMessage& m : m_messages)
@@ -50,11 +44,10 @@ public:
     }
     void clear() { m_messages.clear(); }
 
-    // Runs inside every call, after the message is recorded (none: nothing).
     std::function<void()> duringMessage;
 
 private:
-    int record(const RecordedMessage& message, int answer) {
+    int record(const RecordedMessage& message, int answer) { // answer after duringMessage
         m_messages.append(message);
         if (duringMessage)
             duringMessage();

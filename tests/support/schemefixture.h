@@ -1,6 +1,5 @@
-// The common set-up of tests that need colour schemes: a throw-away program folder, settings
-// for it, a recording notifier and the scheme table reporting to it. Header-only: a test that
-// includes it links pentalink_appearance.
+// Set-up for scheme tests: a program folder, its settings, a recording notifier and the schemes
+// reporting to it (link pentalink_appearance).
 #pragma once
 
 #include "appearance/colourscheme.h"

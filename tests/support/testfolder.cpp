@@ -7,17 +7,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-// Puts back an environment variable as it was before the folder set it.
-void restore(const char* name, bool had, const QByteArray& value) {
-    if (had)
-        qputenv(name, value);
-    else
-        qunsetenv(name);
+static void restore(const char* name, bool had, const QByteArray& value) {
+    had ? void(qputenv(name, value)) : void(qunsetenv(name));
 }
-
-} // namespace
 
 TestFolder::TestFolder()
     : m_previousHome(qgetenv("PENTALINK_HOME"))
@@ -26,8 +18,6 @@ TestFolder::TestFolder()
     , m_hadData(qEnvironmentVariableIsSet("PENTALINK_DATA_DIR")) {
     EXPECT_TRUE(m_dir.isValid());
     qputenv("PENTALINK_HOME", m_dir.path().toLocal8Bit());
-    // Seeding reads from a folder that does not exist, so an installed copy of the game never
-    // puts files into a test's folder.
     qputenv("PENTALINK_DATA_DIR", (m_dir.path() + QStringLiteral("/no-data")).toLocal8Bit());
     resetAppFolderForTests();
 }

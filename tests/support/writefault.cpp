@@ -35,42 +35,25 @@ Snapshot snapshot(const QString& folder) {
     return files;
 }
 
-bool writeText(const char* path, const QByteArray& text) {
-    const int fd = open(path, O_WRONLY);
-    if (fd < 0)
-        return false;
-    const bool ok = write(fd, text.constData(), size_t(text.size())) == text.size();
-    close(fd);
-    return ok;
-}
-
-// Mounts a 64 KiB tmpfs over `folder`, visible to this process only. Tries a plain mount
-// namespace first (root with CAP_SYS_ADMIN), then a user namespace.
+// Mounts a 64 KiB tmpfs over `folder` for this process only: as root, else in a user namespace.
 QString mountSmallTmpfs(const QString& folder) {
     if (unshare(CLONE_NEWNS) != 0) {
-        const QByteArray uid = QByteArray::number(geteuid());
-        const QByteArray gid = QByteArray::number(getegid());
+        const QByteArray uid = QByteArray::number(geteuid()), gid = QByteArray::number(getegid());
         if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
             return QStringLiteral("no mount namespace: ") + QString::fromLocal8Bit(strerror(errno));
-        writeText("/proc/self/setgroups", "deny");
-        writeText("/proc/self/uid_map", "0 " + uid + " 1");
-        writeText("/proc/self/gid_map", "0 " + gid + " 1");
+        for (const auto& [path, text] : {std::pair("/proc/self/setgroups", QByteArray("deny")),
+                                         {"/proc/self/uid_map", "0 " + uid + " 1"},
+                                         {"/proc/self/gid_map", "0 " + gid + " 1"}}) {
+            if (const int fd = open(path, O_WRONLY); fd >= 0) {
+                [[maybe_unused]] const ssize_t n = write(fd, text.constData(), size_t(text.size()));
+                close(fd);
+            }
+        }
     }
     mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
     if (mount("tmpfs", QFile::encodeName(folder).constData(), "tmpfs", 0, "size=64k") != 0)
         return QStringLiteral("cannot mount a tmpfs: ") + QString::fromLocal8Bit(strerror(errno));
     return {};
-}
-
-// Fills the file system of `folder` to the last byte with the file "filler".
-void fill(const QString& folder) {
-    const int fd = open(QFile::encodeName(folder + QStringLiteral("filler")).constData(),
-                        O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    if (fd < 0)
-        std::abort();
-    while (write(fd, "f", 1) > 0) { // byte by byte: 64 KiB is quickly full
-    }
-    close(fd);
 }
 
 QByteArray runChild(WriteFault fault, const WriteFaultCase& writeCase, const QString& folder) {
@@ -86,8 +69,13 @@ QByteArray runChild(WriteFault fault, const WriteFaultCase& writeCase, const QSt
             writeFaultFile(folder + QStringLiteral("blocker"), "a regular file");
             outcome.target = folder + QStringLiteral("blocker/");
         }
-        if (fault == WriteFault::FullFileSystem)
-            fill(folder);
+        if (fault == WriteFault::FullFileSystem) { // to the last byte: 64 KiB is quickly full
+            QFile filler(folder + QStringLiteral("filler"));
+            if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+                std::abort();
+            while (filler.write("f", 1) > 0) {
+            }
+        }
         const Snapshot before = snapshot(folder);
         if (fault == WriteFault::FileSizeLimit) {
             std::signal(SIGXFSZ, SIG_IGN);
@@ -106,14 +94,12 @@ QByteArray runChild(WriteFault fault, const WriteFaultCase& writeCase, const QSt
         for (const RecordedMessage& message : notifier.messages())
             outcome.messages.append(message.text);
         const Snapshot after = snapshot(folder);
-        for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        for (auto it = before.cbegin(); it != before.cend(); ++it)
             if (!after.contains(it.key()) || after.value(it.key()) != it.value())
                 outcome.changed.append(it.key());
-        }
-        for (auto it = after.cbegin(); it != after.cend(); ++it) {
-            if (!before.contains(it.key()))
-                outcome.added.append(it.key());
-        }
+        for (const QString& name : after.keys())
+            if (!before.contains(name))
+                outcome.added.append(name);
     }
     QByteArray report;
     QDataStream out(&report, QIODevice::WriteOnly);
@@ -148,23 +134,17 @@ WriteFaultOutcome runWithWriteFault(WriteFault fault, const WriteFaultCase& writ
     const QString folder = dir.path() + u'/';
     if (child == 0) {
         close(channel[0]);
-        const QByteArray report = runChild(fault, writeCase, folder);
-        qsizetype sent = 0;
-        while (sent < report.size()) {
-            const ssize_t n =
-                write(channel[1], report.constData() + sent, size_t(report.size() - sent));
-            if (n <= 0)
-                break;
-            sent += n;
-        }
+        QFile out;
+        if (out.open(channel[1], QIODevice::WriteOnly))
+            out.write(runChild(fault, writeCase, folder));
+        out.close();
         _exit(0); // no destructors: the folder belongs to the parent
     }
     close(channel[1]);
-    QByteArray report;
-    char buffer[4096];
-    for (ssize_t n; (n = read(channel[0], buffer, sizeof buffer)) > 0;)
-        report.append(buffer, n);
-    close(channel[0]);
+    QFile pipe;
+    const QByteArray report =
+        pipe.open(channel[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle) ? pipe.readAll()
+                                                                                 : QByteArray();
     int status = 0;
     waitpid(child, &status, 0);
     if (report.isEmpty()) {

@@ -1,15 +1,8 @@
-// Making a write fail in ways that root cannot bypass, for the tests of every write path.
-// Each run happens in a forked child process, so a limit or a mount never touches the test
-// process itself:
-//  - FileSizeLimit: RLIMIT_FSIZE (SIGXFSZ ignored), so no file may grow past a given size,
-//    as on a disk that fills up part way through a write;
-//  - PathThroughFile: the operation writes into "<folder>/blocker/", where "blocker" is a
-//    regular file, so nothing can be created there;
-//  - FullFileSystem: the folder is a fresh 64 KiB tmpfs in a private mount namespace, filled
-//    to the last byte once the earlier files are in it. Where no mount is allowed, the run
-//    reports `skipped`.
-// The child writes the earlier files, takes a copy of every file of the folder, injects the
-// fault, runs the write and compares every earlier file byte for byte afterwards.
+// Write faults root cannot bypass, each in a forked child: FileSizeLimit (RLIMIT_FSIZE,
+// SIGXFSZ ignored), PathThroughFile (the target "<folder>/blocker/" runs through a regular
+// file), FullFileSystem (a private 64 KiB tmpfs filled to the last byte; `skipped` where no
+// mount is allowed). The child writes the earlier files, snapshots them, injects the fault,
+// runs the write and reports which files changed or were added.
 #pragma once
 
 #include "core/notifier.h"
