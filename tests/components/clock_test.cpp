@@ -1,5 +1,4 @@
-// The countdown clock's logic without a display: counting, expiry, the palette rule, the
-// time of day and the counts that have no digits. Ticks are fired by hand.
+// The countdown clock's logic without a display; ticks are fired by hand.
 #include "components/clockmodel.h"
 #include "components/sevensegment.h"
 #include "core/settings.h"
@@ -23,8 +22,7 @@ protected:
         QObject::connect(clock.get(), &ClockModel::ClockExpired, [this] { ++expired; });
     }
 
-    // The face as text: four digits ('?' for no pattern) around ':' (colon lit), '.' (colon
-    // dark) or ' ' (a dot hidden).
+    // Four digits ('?': none) around ':' (colon lit), '.' (dark) or ' ' (a dot hidden).
     QString face() const {
         QString text;
         for (int p = 0; p < kPositions; ++p) {
@@ -45,7 +43,6 @@ protected:
         }
         return text;
     }
-    // No segment lit, whatever the dots show.
     bool allUnlit() const { return face().left(2) + face().mid(3) == QStringLiteral("????"); }
 
     ManualTicks* source = nullptr;
@@ -57,7 +54,6 @@ protected:
 TEST_F(ClockTest, StartValueShowsMinutesAndSecondsWithTheColonDarkOnOddSeconds) {
     EXPECT_EQ(face(), QStringLiteral("00:00")); // a new clock
     EXPECT_FALSE(clock->isRunning());
-    // The last four rows have no digits of their own.
     const std::pair<qint32, const char*> rows[] = {
         {125, "02.05"},  {124, "02:04"},     {600, "10:00"}, {5999, "99.59"},
         {6000, "99.59"}, {INT_MAX, "99.59"}, {-1, "00:00"},  {INT_MIN, "00:00"}};
@@ -101,8 +97,7 @@ TEST_F(ClockTest, TicksCountByTheIncrementAndExpireOnEveryTickFromZeroOrBelow) {
     EXPECT_EQ(expired, 1);
 }
 
-// A named colour sets the palette at once but leaves the digits unlit until the next display;
-// unknown names keep the palette; so do writes of the single colours.
+// A named colour sets the palette at once, digits unlit until the next display.
 TEST_F(ClockTest, PaletteRule) {
     clock->setClockStartValue(125);
     clock->setClockColor(QStringLiteral("gold"));
@@ -148,7 +143,6 @@ TEST_F(ClockTest, TimeOfDayBlinksTheDotOfTheHalfMinute) {
     EXPECT_EQ(clock->dotColour(kUpperDot), first);
     EXPECT_EQ(expired, 0); // time of day never expires
 
-    // The lower dot shows from second 30 to 59, the upper one from 0 to 29.
     for (const int second : {0, 29, 30, 59}) {
         now = QTime(9, 5, second);
         source->tick();
@@ -165,7 +159,6 @@ TEST_F(ClockTest, DigitWidthAndTheFaceGeometry) {
         EXPECT_EQ(clock->lineWidth(32), drawn);
         EXPECT_EQ(clock->lineWidth(kLowerDot), drawn);
     }
-    // The middle bars of the first and third digit sit 15 twips further left.
     EXPECT_EQ(segmentLine(0, 1), QLine(135, 285, 255, 285));
     EXPECT_EQ(segmentLine(1, 1), QLine(510, 285, 630, 285));
 }

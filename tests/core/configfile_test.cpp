@@ -1,6 +1,4 @@
-// The configuration file: its exact five lines, how each line is read, the fallback to the
-// defaults for a missing or damaged file, and a file too large to read back. (The dictionary
-// line is settings_test's; a disk that refuses the save, writefaults_test's.)
+// The configuration file: its five lines, how each is read, the fallback to the defaults.
 #include "core/configfile.h"
 
 #include "support/recordingnotifier.h"
@@ -127,7 +125,6 @@ TEST_F(ConfigFileTest, FontNamesWithEdgeBlanksCommasOrQuotesAreWrittenQuoted) {
         const char* name;
         const char* line; // line 4 as written
     } rows[] = {
-        // (that every name reads back as it was is fuzz_config's)
         {"im ", "\"im \""},
         {"Times, New", "\"Times, New\""},
         {"a\"b", "\"a\"\"b\""},

@@ -1,6 +1,4 @@
-// Dictionary loading: accepted lines, both entries of a word, line ends and encodings, the
-// shuffle order, the status texts, and files that cannot be read or make no sense; and the
-// shipped dictionary's source.
+// Dictionary loading: lines, entries, encodings, shuffle order, status texts, bad files.
 #include "core/clssimplearray.h"
 #include "core/codepoints.h"
 #include "core/dictionary.h"
@@ -22,7 +20,6 @@ namespace {
 
 class DictionaryTest : public ::testing::Test {
 protected:
-    // Writes `bytes` as a dictionary file and loads it in file order.
     bool loadInOrder(const QByteArray& bytes) {
         m_folder.write(QStringLiteral("dict.txt"), bytes);
         m_loader.setShuffled(false);
@@ -39,8 +36,7 @@ protected:
 } // namespace
 
 TEST_F(DictionaryTest, BytesToEntries) {
-    // The words a file gives, in file order; each word gives the entries word and its reverse
-    // by characters marked "*".
+    // The words a file gives, in file order (each also gives its reverse marked "*").
     struct Row {
         QByteArray bytes;
         QStringList words;
@@ -51,17 +47,14 @@ TEST_F(DictionaryTest, BytesToEntries) {
         // A byte order mark is skipped; a surrogate pair is one character.
         {"\xEF\xBB\xBF\xC3\xBCwxy\na\xF0\x9F\x98\x80wx\n",
          {QString::fromUtf8("\xC3\xBCwxy"), QString::fromUtf8("a\xF0\x9F\x98\x80wx")}},
-        // One invalid byte makes the whole file Windows-1252, so the UTF-8 "ü" (two bytes)
-        // becomes two characters and its line is too long.
+        // One invalid byte makes the whole file Windows-1252: the UTF-8 "ü" is two characters.
         {"\xFCwxy\r\n\xC3\xBCwxy\r\n", {QStringLiteral("\u00FCwxy")}},
         // A line of any length costs nothing.
         {QByteArray(8 * 1024 * 1024, 'x') + "\ncake", {"cake"}},
         {QByteArray(8 * 1024 * 1024, 'x'), {}},
     };
-    // The shortest and longest form of each length and the characters next to the surrogates
-    // are UTF-8; overlong forms, surrogates, values above U+10FFFF, a stray continuation byte,
-    // a cut sequence and a five-byte lead make the file Windows-1252 (one character a byte):
-    // the words are the four-character lines of the decoding every other reader uses.
+    // Each UTF-8 length's extremes are UTF-8; overlong, surrogate, too large, stray, cut and
+    // five-byte sequences make the file Windows-1252, as every other reader decodes it.
     for (const QByteArray bytes :
          {"\xC2\x80wxy", "\xDF\xBFwxy", "\xE0\xA0\x80wxy", "\xED\x9F\xBFwxy", "\xEE\x80\x80wxy",
           "\xEF\xBF\xBFwxy", "\xF0\x90\x80\x80wxy", "\xF4\x8F\xBF\xBFwxy", "\xC0\x80wx",
@@ -88,8 +81,7 @@ TEST_F(DictionaryTest, BytesToEntries) {
 }
 
 TEST_F(DictionaryTest, LoadOrderIsTheKeyOrderOfTheNumbersDrawnPerWord) {
-    // Many words over few letters, repeated lines and case twins: numbers are drawn twice
-    // often and equal entries are common, so every tie-breaking rule of the order shows.
+    // Few letters, repeats and case twins, so every tie-breaking rule of the order shows.
     QStringList words;
     std::mt19937 random(11);
     while (words.size() < 30000) {
@@ -153,4 +145,3 @@ TEST_F(DictionaryTest, UnreadableFileChangesNothingAndNamesTheFile) {
         EXPECT_FALSE(m_loader.errorString().isEmpty());
     }
 }
-

@@ -1,11 +1,6 @@
-// The indexed generator against the literal one: for the same word list, every request must
-// leave the same result, the same puzzle record, the same list items and the same item data,
-// on success and on failure, through successive requests and the reloads after failures; and
-// every puzzle must keep the puzzle rules.
-//
-// Every random case is derived from one seed, printed with any failure. To rerun one case:
-//   PENTALINK_DIFF_SEED=<seed> ./tests/differential_tests
-// PENTALINK_DIFF_CASES=<n> sets how many random dictionaries each random row tries.
+// The indexed generator against the literal one: every request leaves the same observable state
+// and a valid puzzle. Rerun a failing case with PENTALINK_DIFF_SEED=<seed> (printed with it);
+// PENTALINK_DIFF_CASES=<n> sets how many random dictionaries each row tries.
 #include "core/clssimplearray.h"
 #include "core/codepoints.h"
 #include "core/dictionary.h"
@@ -28,8 +23,7 @@
 
 namespace {
 
-// What a request leaves that anyone can observe: the result, the puzzle record, the list and
-// its item data.
+// What a request leaves that anyone can observe.
 std::string observe(const GenerationResult& result, const clsSimpleArray& list,
                     const StarGrid& grid) {
     QStringList seen = {QString::number(result.success), result.root,
@@ -48,9 +42,8 @@ QString eitherWay(const QString& s) {
     return std::min(s, reversedCodePoints(s));
 }
 
-// The puzzle rules: one letter a cell; eight candidates, dictionary words, ascending and
-// distinct ignoring case; the five solution words fill the five lines; the three decoys fit
-// the ends of the lines 0-8, 0-9 and 1-4.
+// One letter a cell; candidates are dictionary words, ascending ignoring case; the solution
+// words fill the lines; the decoys fit the ends 0-8, 0-9 and 1-4.
 void expectValidPuzzle(const StarGrid& grid, const QSet<QString>& words) {
     const auto cell = [&grid](int c) { return grid.SolutionLetters[c + 1]; };
     for (int c = 0; c < StarGrid::CellCount; ++c)
@@ -84,10 +77,8 @@ void expectValidPuzzle(const StarGrid& grid, const QSet<QString>& words) {
 // Two lists with the same content, one per generator, and the requests made on both.
 class Pair {
 public:
-    // `rules`: the entries are a dictionary's (a word, its reverse marked "*"), so every
-    // puzzle is checked against the puzzle rules too, unless a word holds a character that
-    // means something in a search pattern (the letters then match more than themselves).
-    // `stale`: when not 0, seeds the stale item data every request must reset.
+    // `rules`: check puzzles too (off once a word holds a pattern character); `stale`: when
+    // not 0, seeds the stale item data every request must reset.
     void fill(const QStringList& entries, bool rules = true, unsigned stale = 0) {
         m_rules = rules;
         edit([&entries, stale](clsSimpleArray& list) {
@@ -154,13 +145,8 @@ QString randomWord(std::mt19937& random, const QStringList& alphabet) {
     return w;
 }
 
-// A random dictionary of four-character words over a small alphabet. Plain: mostly letters
-// (twins in both cases), sometimes digits, wildcards, characters that mean something only
-// inside a list and one character outside the common plane. Pattern-rich: most words hold
-// pattern characters: lists ("[ab]", "[!a]"), ranges ("[a-b"), lists closed only by a later
-// word ("a[b" meeting "]"), unmatched "[", digits for "#". Either way some words come again:
-// repeated, in another case, reversed or as palindromes, which the distinctness rules exist
-// for. Few words rarely give a puzzle; more give some, and then fail once used up.
+// Four-character words over a small alphabet, some repeated, recased, reversed or made
+// palindromes; pattern-rich ones mostly hold lists, ranges, open lists and wildcards.
 QStringList randomWords(std::mt19937& random, bool patternRich) {
     static const QStringList pool = {"a", "b", "c", "A", "B", "e",
                                      "E", "1", "2", "?", "*", "#",
@@ -168,7 +154,6 @@ QStringList randomWords(std::mt19937& random, bool patternRich) {
     const QStringList wildcards = pool.mid(9, 4), letters = {"a", "b", "A"};
     QStringList alphabet;
     if (patternRich) {
-        // "?" and "*" in patterns make puzzles easier to find, the others harder.
         alphabet = {"?", pick(random, wildcards), pick(random, letters), pick(random, letters)};
         if (random() % 2)
             alphabet << pick(random, pool.mid(12, 4));
@@ -186,8 +171,6 @@ QStringList randomWords(std::mt19937& random, bool patternRich) {
                                         : 25 + static_cast<int>(random() % 21);
     QStringList words;
     while (words.size() < count) {
-        // A word seen before: repeated, in another case, reversed, made a palindrome; or a
-        // fresh one, for pattern-rich dictionaries often a list, a range or an open list.
         const unsigned kind = words.isEmpty() ? 12 : random() % (patternRich ? 20 : 12);
         const QString earlier = words.isEmpty() ? QString() : pick(random, words);
         const QString head = leftCodePoints(earlier, 2).toString();
@@ -207,16 +190,14 @@ QStringList randomWords(std::mt19937& random, bool patternRich) {
     return words;
 }
 
-// One random case: a dictionary, its loads (sometimes with entries no dictionary load makes),
-// and a run of requests with reloads after failures and occasional edits of the list.
-// Returns the requests made.
+// A dictionary, its loads (sometimes with odd entries), requests with reloads after failures
+// and occasional edits. Returns the requests made.
 int runRandomCase(quint64 seed, bool patternRich, int& failures) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(static_cast<unsigned>(seed));
     RandomSource shuffle(seed);
     const QStringList words = randomWords(random, patternRich);
     const bool withOddEntries = random() % 8 == 0;
-    // Halves of a surrogate pair on their own among them.
     const QString high = QString(QChar(0xD800)) + "abc", low = "b" + QString(QChar(0xDC00)) + "ab";
     const QStringList odd = {"",    "a",  "ab*", "abc",  "abcde", "abcdef*",
                              "ba?", high, low,   "****", "a*",    "[ab]"};
@@ -235,7 +216,6 @@ int runRandomCase(quint64 seed, bool patternRich, int& failures) {
         pair.fill(entries, !withOddEntries, static_cast<unsigned>(random()) | 1);
     };
     load();
-    // Mostly a few requests; sometimes a long run, where remembered failures pile up.
     const int requests = random() % 4 == 0 ? 8 + static_cast<int>(random() % 12)
                                            : 1 + static_cast<int>(random() % 4);
     for (int r = 0; r < requests; ++r) {
@@ -257,8 +237,7 @@ int runRandomCase(quint64 seed, bool patternRich, int& failures) {
 
 } // namespace
 
-// Each row: the first seed, how many cases by default, the kind of dictionary, and the least
-// share of the cases (in tenths) that must end in puzzles, so the mix stays meaningful.
+// Rows: first seed, default cases, dictionary kind, least share (tenths) ending in puzzles.
 TEST(DifferentialTest, RandomDictionaries) {
     bool ok = false, one = false;
     const int set = qEnvironmentVariableIntValue("PENTALINK_DIFF_CASES", &ok);

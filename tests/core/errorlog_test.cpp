@@ -62,7 +62,6 @@ TEST_F(ErrorLogTest, IndexErrorShowsTheCriticalBoxAndAppendsTheRecord) {
               QStringLiteral("Error occured: \r\nDescription: d\r\nFunction: f"));
 }
 
-// (A log the disk refuses is writefaults_test's.)
 TEST_F(ErrorLogTest, ARecordAfterATornLineStartsOnANewLine) {
     m_folder.write(QStringLiteral("ErrorLog.txt"), "#2026-");
     m_list.RemoveItem(0);

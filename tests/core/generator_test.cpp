@@ -1,5 +1,4 @@
-// The literal generator on word lists whose outcome is known by hand and dictionaries that can
-// never give a puzzle. (The puzzle rules are checked on every puzzle of differential_test.)
+// The literal generator on hand-checked word lists and dictionaries that never give a puzzle.
 #include "core/clssimplearray.h"
 #include "core/codepoints.h"
 #include "core/literalgenerator.h"
@@ -30,7 +29,6 @@ QString cellsOf(const StarGrid& grid) {
 
 class GeneratorTest : public ::testing::Test {
 protected:
-    // The word list a dictionary of `words` gives unshuffled: each word, its reverse marked.
     void loadInOrder(const QStringList& words) {
         for (const QString& w : words) {
             m_list.AddItem(w);
@@ -46,11 +44,9 @@ protected:
 } // namespace
 
 TEST_F(GeneratorTest, HandCheckedDictionaryGivesItsKnownPuzzle) {
-    // Root "sect" fills the bar. "?e??*" first finds the unmarked root itself, whose third
-    // word search "sc??*" fails; then "peek" ("pc??*" fails); then "keep*" with "kceh*" and
-    // "teop*". The fifth line s-e-o-h is "seoh*", so "hoes" reads from cell 9 to cell 1.
-    // Decoys: "keep" (k??p), "kwah*" -> "hawk" (k??h), "smut" (s??t). "peek" and "keep" are
-    // different words that are each other's reverse: both may appear.
+    // Root "sect": "?e??*" finds the root itself ("sc??*" fails), then "peek" ("pc??*" fails),
+    // then "keep*" with "kceh*", "teop*" and "seoh*". Decoys k??p, k??h, s??t; "peek" and
+    // "keep", each other's reverse, may both appear.
     loadInOrder(testwords::kEight);
     const GenerationResult result = m_generator.generate(m_list, m_grid);
     ASSERT_TRUE(result.success);

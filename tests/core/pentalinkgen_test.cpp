@@ -1,6 +1,5 @@
-// pentalink-gen run as a user runs it: JSON lines, the text drawing, the default dictionary
-// of the program folder, booklets (read back with poppler's pdfinfo, pdftotext and pdffonts),
-// and bad arguments; and the command line both programs share.
+// pentalink-gen run as a user runs it (booklets read back with poppler's tools), and the
+// command line both programs share.
 #include "support/testfolder.h"
 #include "support/testwords.h"
 #include "support/writefault.h"
@@ -54,7 +53,6 @@ TEST_F(PentalinkGenTest, JsonAndTextOfTheProgramFoldersEnglish1InFileOrderAndOfF
                        "\"c\", \"t\", \"e\", \"e\", \"o\", \"p\", \"h\"], \"candidates\": "
                        "[\"hawk\", \"heck\", \"hoes\", \"keep\", \"peek\", \"poet\", \"sect\", "
                        "\"smut\"], \"decoys\": [1, 0, 0, 1, 0, 0, 0, 1], \"list_count\": 15}\n"));
-    // The text draws the star: the bar has left tip s, crossings e and c, right tip t.
     run = runGen({"--no-shuffle"});
     EXPECT_TRUE(
         run.out.startsWith(QStringLiteral("Puzzle 1 (root entry \"sect\", 15 entries left)")));
@@ -81,7 +79,6 @@ TEST_F(PentalinkGenTest, SeededJsonLinesRepeatAndCountTheEntriesLeft) {
     const GenRun run = runGen(args);
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_EQ(runGen(args).out, run.out) << "the same seed gives the same puzzles";
-    // A success uses up its root entry; a failure reloads the dictionary.
     int expectedCount = 300, puzzles = 0;
     const QStringList lines = run.out.split(u'\n');
     ASSERT_EQ(lines.size(), 7);
@@ -131,9 +128,8 @@ TEST_F(PentalinkGenTest, BadArgumentsAndUnreadableDictionariesExitWithOneLine) {
     EXPECT_TRUE(run.err.contains(QStringLiteral("PENTALINK_HOME is not valid UTF-8")));
 }
 
-// A booklet holds the puzzles --format=json gives for the same seed and count, each puzzle's
-// words in the game's order on the puzzle pages and again on the answer pages; the paper
-// follows the locale unless --paper says; it needs no display and embeds its fonts.
+// The json puzzles of the same seed, in the game's order on puzzle and answer pages; paper
+// from the locale unless --paper says; no display needed; fonts embedded.
 TEST_F(PentalinkGenTest, BookletsHoldTheJsonPuzzlesOnTheLocalesPaper) {
     const QString pdf = m_folder.file(QStringLiteral("booklet.pdf"));
     const struct {
@@ -185,8 +181,7 @@ TEST_F(PentalinkGenTest, BookletsHoldTheJsonPuzzlesOnTheLocalesPaper) {
     }
 }
 
-// A booklet that cannot be written (the file may not grow, its folder is a file, the disk is
-// full) fails with one line and leaves no file behind.
+// A booklet that cannot be written fails with one line and leaves no file behind.
 class BookletWriteFault : public testing::TestWithParam<WriteFault> {};
 
 TEST_P(BookletWriteFault, FailsInOneLineAndLeavesNothing) {
@@ -214,8 +209,7 @@ TEST_P(BookletWriteFault, FailsInOneLineAndLeavesNothing) {
 INSTANTIATE_TEST_SUITE_P(Faults, BookletWriteFault, testing::ValuesIn(kWriteFaults),
                          [](const auto& info) { return writeFaultName(info.param); });
 
-// Both programs answer --help and --version in GNU form, without a display and before
-// reading any file.
+// GNU --help and --version, without a display or reading any file.
 TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
 #ifdef PENTALINK_GAME_PATH
     const QString game = QStringLiteral(PENTALINK_GAME_PATH);
@@ -232,7 +226,6 @@ TEST_F(PentalinkGenTest, HelpAndVersionOfBothPrograms) {
     } rows[] = {
         {game, {"--help"}, usage, "\n  -V, --version  output version"},
         {game, {"--help"}, usage, "(File > Help)"},
-        {game, {"-h", "--version"}, usage, "\n  -h, --help     display"},
         {game, {"--bogus", "--version"}, "pentalink" + version, "NO WARRANTY"},
         {game, {"-V"}, "pentalink" + version, ""},
         {gen, {"--help"}, "Usage: pentalink-gen [OPTION]...\n", "\n      --no-shuffle       keep"},

@@ -1,5 +1,4 @@
-// The create and dictionary commands: messages, what the window is told and in which order,
-// the reload after a failure, and requests that arrive while one is running.
+// The create and dictionary commands: messages, window updates, reloads, overlapping requests.
 #include "core/memoryinfo.h"
 #include "core/puzzlesession.h"
 

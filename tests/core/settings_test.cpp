@@ -1,5 +1,4 @@
-// The program folder and its seeding, the command line, the file-presence test and the choice
-// of the start-up dictionary.
+// The program folder and its seeding, the command line, FileExists, the start-up dictionary.
 #include "core/appfolder.h"
 #include "core/atomicwrite.h"
 #include "core/commandline.h"
@@ -36,8 +35,7 @@ TEST(AppFolder, FollowsPentalinkHomeCreatingAndSeedingItAndEndsInSlash) {
         EXPECT_TRUE(QFileInfo(nested + u'/' + name).size() > 0) << name.toStdString();
 }
 
-// Leftovers of writes a kill interrupted go at start-up: only temporary files of the
-// program's own names, and only old ones (another running copy may be writing a fresh one).
+// Only old temporaries of the program's own files: another running copy may be writing one.
 TEST(AppFolder, RemovesOnlyStaleTemporariesOfItsOwnFiles) {
     const TestFolder folder;
     const QDateTime old = QDateTime::currentDateTime().addSecs(-StaleTemporarySeconds - 60);
@@ -54,9 +52,7 @@ TEST(AppFolder, RemovesOnlyStaleTemporariesOfItsOwnFiles) {
     for (const auto& row : rows) {
         QFile file(folder.file(QString::fromLatin1(row.name)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("x") == 1 && file.flush());
-        if (row.old) {
-            ASSERT_TRUE(file.setFileTime(old, QFileDevice::FileModificationTime));
-        }
+        ASSERT_TRUE(!row.old || file.setFileTime(old, QFileDevice::FileModificationTime));
     }
     resetAppFolderForTests();
     ASSERT_EQ(AppFolder(), folder.path());
@@ -65,11 +61,9 @@ TEST(AppFolder, RemovesOnlyStaleTemporariesOfItsOwnFiles) {
             << row.name;
 }
 
-// Two starts of an installed game: the first seeds an empty folder, the player then edits
-// files, an upgrade installs newer data, and the second start seeds again.
+// Seed, the player edits files, an upgrade installs newer data, seed again.
 TEST(SeedProgramFolder, KeepsThePlayersFilesAcrossAnUpgradeAndRefreshesTheHelpPage) {
-    const TestFolder user;
-    const TestFolder install;
+    const TestFolder user, install;
     const QStringList shipped = {"english1.txt", "all.col", "pentalink.htm"};
     for (const QString& name : shipped)
         install.write(name, "v1 " + name.toUtf8());
@@ -98,8 +92,7 @@ TEST(SeedProgramFolder, KeepsThePlayersFilesAcrossAnUpgradeAndRefreshesTheHelpPa
 }
 
 TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
-    const TestFolder user;
-    const TestFolder install;
+    const TestFolder user, install;
     install.write(QStringLiteral("all.col"), "schemes");
     // The help page is missing from the install; the dictionary's name is taken by a folder.
     QDir(install.path()).mkdir(QStringLiteral("english1.txt"));
@@ -117,8 +110,7 @@ TEST(SeedProgramFolder, SkipsWhatCannotBeCopied) {
 // Seeding reads only regular files, never waiting on a FIFO, and never more than any shipped
 // file could need: a help page as a link to /dev/zero was read until memory ran out.
 TEST(SeedProgramFolder, ReadsOnlyRegularFilesWithinABound) {
-    const TestFolder user;
-    const TestFolder install;
+    const TestFolder user, install;
     for (const QString& name : shippedDataFiles())
         install.write(name, "v1 " + name.toUtf8());
     {
@@ -135,9 +127,7 @@ TEST(SeedProgramFolder, ReadsOnlyRegularFilesWithinABound) {
     huge.close();
     const qint64 growth =
         peakmemory::peakGrowth([&] { seedProgramFolder(user.path(), install.path()); });
-    if (growth >= 0) {
-        EXPECT_LT(growth, 16 << 20);
-    }
+    EXPECT_LT(growth, 16 << 20); // negative: not measurable here
     EXPECT_EQ(user.read(QStringLiteral("pentalink.htm")), "v1 pentalink.htm");
 }
 
@@ -148,7 +138,6 @@ TEST(GameArguments, HelpAndVersionDecideTheFirstTimeAndTheRestIsIgnored) {
         Action action;
         QStringList ignored;
     } rows[] = {
-        // (Each option alone is pentalinkgen_test's, which runs the game.)
         {{}, Action::Run, {}},
         {{"--version", "--help"}, Action::Version, {"--help"}},
         {{"puzzle.txt", "-h", "-v"}, Action::Help, {"puzzle.txt", "-v"}},
@@ -187,7 +176,6 @@ TEST(FileExists, CountsOnlyReadableFilesWithContent) {
     EXPECT_FALSE(FileExists(QString()));
 }
 
-// One rule for both readers of the dictionary setting: start-up and the configuration file.
 TEST(StartupDictionary, IsTheConfiguredFileWhenItExistsElseTheProgramFoldersEnglish1) {
     const TestFolder folder;
     folder.write(QStringLiteral("Big Words.TXT"), "abcd\r\n");
@@ -202,8 +190,7 @@ TEST(StartupDictionary, IsTheConfiguredFileWhenItExistsElseTheProgramFoldersEngl
         {mine, mine},
         {QStringLiteral("Big Words.TXT"), mine}, // relative to the program folder
         {folder.file(QStringLiteral("big words.txt")), fallback},
-        // The default configuration's "ENGLISH1.TXT" names no file on a case-sensitive file
-        // system.
+        // The default "ENGLISH1.TXT" names no file on a case-sensitive file system.
         {QStringLiteral("ENGLISH1.TXT"), fallback},
         {folder.file(QStringLiteral("empty.txt")), fallback},
         {QStringLiteral("/nowhere/mine.txt"), fallback},

@@ -1,5 +1,4 @@
-// The word-list class: insertion and sorted insertion, removal, the searches, the letter-pool
-// test, index errors and the capacity rules.
+// The word-list class: insertion, removal, the searches, index errors and capacity.
 #include "core/clssimplearray.h"
 
 #include "support/recordingnotifier.h"
@@ -11,8 +10,7 @@
 
 namespace {
 
-// A list written as its items separated by blanks, each non-zero item data after "=":
-// "a b=7 c".
+// Items separated by blanks, non-zero item data after "=": "a b=7 c".
 void fill(clsSimpleArray& list, const QString& state) {
     list.Clear();
     list.Sorted(false);
@@ -29,7 +27,6 @@ QString stateOf(const clsSimpleArray& list) {
     return items.join(u' ');
 }
 
-// Lists that report errors go to a throw-away program folder.
 class WordListTest : public ::testing::Test {
 protected:
     TestFolder m_folder;
@@ -71,8 +68,7 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
          "kept", "q n", 1},
         {"a b", [](L& l) { return l.Clear(), QString::number(l.capacity()) + l.Text(); }, "0", "",
          -1},
-        // Sorted: before the first greater item (character codes), else at the given index;
-        // existing items are not reordered; equal items keep their order of arrival.
+        // Sorted: before the first greater item (codes), no reordering, ties in arrival order.
         {"b a", [](L& l) { return l.Sorted(true), l.AddItem("z", 0), l.AddItem("c"), ""; }, "",
          "c z b a", 0},
         {"",
@@ -88,8 +84,7 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
         // FindStringAll steps through unused matches, marks them and forgets NewIndex.
         {"cake bake kab* tram x", [&](L& l) { return all(l, "?a??*", 4); }, "0 1 2 -1",
          "cake=1 bake=1 kab*=1 tram x", -1},
-        // FindString reads and sets the marks but leaves NewIndex; FindStringOld skips one
-        // index, ignores the marks and forgets NewIndex.
+        // FindString keeps NewIndex; FindStringOld skips one index and ignores the marks.
         {"cake bake",
          [](L& l) {
              return QStringLiteral("%1 %2").arg(l.FindString("*ake")).arg(l.FindString("*ake"));
@@ -108,9 +103,7 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
         {"a=2 b c=2 d", [](L& l) { return l.FindItemData(2) ? "found" : ""; }, "found",
          "a=2 b c=2 d", 0},
         {"a=2 b", [](L& l) { return l.FindItemData(6) ? "found" : ""; }, "", "a=2 b", -1},
-        // FindItem: whole items or parts ignoring case, character by character ("ß" never
-        // equals "SS"); an empty text is in every non-empty item. "=": the whole item. Each
-        // call's NewIndex, after "!" when it reports no match.
+        // FindItem ignoring case ("ß" is not "SS"); "=": whole item; "!": no match; NewIndex.
         {"Bread cake CAKES straße ÜBER",
          [](L& l) {
              l.AddItem("", 0);
@@ -123,7 +116,6 @@ TEST_F(WordListTest, OperationsOnTheItemsAndTheirData) {
              return found.join(u' ');
          },
          "2 3 1 0 5 !-1 4", " Bread cake CAKES straße ÜBER", 4},
-        // Removals make NewIndex the new last index.
         {"a b c", [](L& l) { return l.RemoveItem(0), ""; }, "", "b c", 1},
         // Equality ignoring case, no pattern.
         {"cake Cake cakes c* x",
@@ -167,8 +159,7 @@ TEST_F(WordListTest, IndexErrorsLeaveTheListUnchangedAndNameTheirAccessor) {
 
 TEST(WordListCapacity, GrowsPastTheLastSlotAndShrinksPastOneHundredUnused) {
     clsSimpleArray list;
-    // Appending (the 102nd item inserted at the front) or removing from the front until
-    // the list holds `count` items leaves `capacity` slots.
+    // Appending (the 102nd at the front) or removing until `count` leaves `capacity` slots.
     const std::pair<int, int> steps[] = {{1, 101},   {101, 101}, {102, 202}, {101, 101},
                                          {100, 101}, {300, 303}, {203, 303}, {202, 202}};
     for (const auto& [count, capacity] : steps) {
