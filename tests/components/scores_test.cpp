@@ -124,7 +124,7 @@ TEST_F(ScoresKeeperTest, ClearAsksAndOnlyYesEmptiesTheTotals) {
 
 TEST_F(ScoresKeeperTest, DefaultFileIsTheProgramNameInTheProgramFolder) {
     EXPECT_EQ(ScoresKeeper::defaultScoreFilePath(),
-              folder.path() + QStringLiteral("scores_tests.sco"));
+              folder.path() + QStringLiteral("component_rules_tests.sco"));
 }
 
 } // namespace
