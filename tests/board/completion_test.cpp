@@ -58,7 +58,6 @@ TEST_F(Completion, ScriptsOfActionsSwitchTheCheckAndCongratulateAFullBoardOnce) 
         {"entries cleared", "PRy", "-+-"},
         {"clear declined", "PRn", "-++"},
         {"a word placed", "PRp", "-++"},
-        // Unpaired or late releases bring back no old letters, no strike-through.
         {"release without press", "pR", "--", ".pony..... aaaaapaa ..6......."},
         {"a second press while shown", "pPPR", "---+", ".pony..... aaaaapaa ..6......."},
         {"new puzzle while shown", "pPNR", "----", ".......... aaaaaaaa .........."},

@@ -110,16 +110,21 @@ TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
     EXPECT_EQ(BoardFocus::clickOf(M(10)), Move::marker(10));
     EXPECT_EQ(BoardFocus::clickOf(ShowSol), std::nullopt);
 
-    // Each move's announcement, "|" between: none for a move that changes nothing.
+    // Each move's announcement, "|" between: none for a move that changes nothing; and "+"
+    // where the board signalled one change, "." none.
     QStringList said;
+    std::string changed;
     for (const Move move :
          {Move::tile(Pony), Move::tile(Pony), Move::marker(PonyOn), Move::tile(Play),
           Move::marker(GnawOn), Move::marker(PonyOn), Move::marker(PonyOn), Move::marker(5),
           Move::tile(Wrap), Move::marker(WrapOn), Move::solutionPress()}) {
         const BoardState before = m_board.state();
+        const int changes = m_changes;
         m_board.apply(move);
         said << BoardSpeech::announcement(move, before, m_board.state());
+        changed += m_changes == changes ? '.' : m_changes == changes + 1 ? '+' : '!';
     }
+    EXPECT_EQ(changed, "+.++.++.+++");
     EXPECT_EQ(said.join(u'|'), "pony selected||pony placed at start 3|play selected|play does not "
                                "fit at start 2|pony taken off start 3, selected|pony placed at "
                                "start 3||wrap selected|wrap placed at start 10|");
@@ -146,8 +151,6 @@ TEST_F(Keyboard, NamesSayWhatTheBoardMeansNotHowItLooks) {
          "blank"},
         {BoardSpeech::cellName(b, 1), "cell 2, p, left tip of the lines left to right and left "
                                       "to bottom right"},
-        {BoardSpeech::cellName(b, 0), "cell 1, empty, top tip of the lines top to bottom left "
-                                      "and top to bottom right"},
         {BoardSpeech::cellName(b, 7), "cell 8, empty, bottom crossing of the lines left to "
                                       "bottom right and right to bottom left"},
     };
