@@ -51,13 +51,15 @@ TEST_F(Form1Test, MenuBarHasTheEntriesInOrderAndCreateAndLoadReachTheBoard) {
     for (const QMenu* menu : {form.menu().fileMenu, form.menu().puzzleMenu, form.menu().copyMenu}) {
         captions << menu->title() + ":";
         for (const QAction* a : menu->actions())
-            captions << (a->isSeparator() ? QStringLiteral("-") : a->text());
+            captions << (a->isSeparator() ? QStringLiteral("-")
+                                          : (a->text() + " " + a->shortcut().toString()).trimmed());
     }
-    EXPECT_EQ(captions.join(u' '),
-              "File: Options Load a Dictionary - Help About - Exit - Cancel Puzzle: Create Print - "
-              "Copy to Clipboard - Cancel Copy to Clipboard: Puzzle Solution - Cancel");
+    EXPECT_EQ(
+        captions.join(u' '),
+        "File: Options Load a Dictionary Ctrl+O - Help F1 About - Exit Ctrl+Q - Cancel Puzzle: "
+        "Create Ctrl+N Print Ctrl+P - Copy to Clipboard - Cancel Copy to Clipboard: Puzzle Ctrl+C "
+        "Solution - Cancel");
     EXPECT_EQ(form.menuBar()->actions().size(), 2);
-    // Create fills the tiles; a dictionary load blanks them; a failed create disables them.
     form.menu().create->trigger();
     EXPECT_EQ(board().tiles[8].word, grid().CandidateWords[8]);
     m_folder.writeLines(QStringLiteral("seven.dic"), testwords::kSeven);

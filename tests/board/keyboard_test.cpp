@@ -110,8 +110,7 @@ TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
     EXPECT_EQ(BoardFocus::clickOf(M(10)), Move::marker(10));
     EXPECT_EQ(BoardFocus::clickOf(ShowSol), std::nullopt);
 
-    // Each move's announcement, "|" between: none for a move that changes nothing; and "+"
-    // where the board signalled one change, "." none.
+    // Announcements, "|" between (none for a no-op); "+" where one change was signalled, "." none.
     QStringList said;
     std::string changed;
     for (const Move move :

@@ -73,7 +73,6 @@ TEST_F(PuzzleSheetTest, FooterFontFollowsTheOrderOfFontChanges) {
 }
 
 TEST_F(PuzzleSheetTest, WithoutWordsOnTheTilesBlocksShowFootersAndTheKeptLetters) {
-    // No puzzle: footers only; after a reload the kept solution letters still show.
     m_board.apply(Move::dictionaryLoaded());
     const SheetContent none = sheetContent(StarGrid(), BoardState(), QStringLiteral("Arial"));
     SheetFont surface;

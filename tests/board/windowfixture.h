@@ -1,5 +1,4 @@
-// The common set-up of the main-window tests: a program folder with the shipped schemes and the
-// eight-word dictionary, and a shown Form1 whose start-up has run with a fixed shuffle.
+// The main-window tests' set-up: shipped schemes, the eight-word dictionary, a fixed shuffle.
 #pragma once
 
 #include "board/form1.h"
