@@ -21,10 +21,8 @@ const BoardState Empty; // no word placed
 
 TEST(BoardFocus, TabCyclesTilesMarkersAndButtonsBothWays) {
     std::vector<FocusItem> order;
-    for (int i = 1; i <= 8; ++i)
-        order.push_back(T(i));
-    for (int k = 1; k <= 10; ++k)
-        order.push_back(M(k));
+    for (int n = 1; n <= 18; ++n)
+        order.push_back(n <= 8 ? T(n) : M(n - 8));
     order.insert(order.end(), {Dict, ShowSol, Reset, Create});
     ASSERT_EQ(order.size(), size_t(BoardFocus::ItemCount));
     for (size_t n = 0; n < order.size(); ++n) {

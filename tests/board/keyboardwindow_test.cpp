@@ -9,7 +9,6 @@
 #include "ui/olecolor.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QApplication>
 #include <QMenu>
 
@@ -51,11 +50,8 @@ protected:
 
 TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
     Form1& form = *m_form;
-    const MainMenu& menu = form.menu();
     // A solution word: typed letters to its tile, Space, Tab to its marker, Enter places it.
-    int i = 1;
-    while (directionOf(i) == 0)
-        ++i;
+    const int i = 2; // heck, at start 7
     const QString word = grid().CandidateWords[i];
     for (int n = 0; n < 8 && !(focus() == FocusItem::tile(i)); ++n)
         QTest::keyClicks(QApplication::focusWidget(), word.left(1));
@@ -90,8 +86,8 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
 
     // F10 opens the first menu, Alt with a caption's first letter its menu, its first entry lit.
     for (const auto& [key, mods, opened] :
-         {std::tuple(Qt::Key_F10, Qt::NoModifier, menu.fileMenu),
-          std::tuple(Qt::Key_P, Qt::AltModifier, menu.puzzleMenu)}) {
+         {std::tuple(Qt::Key_F10, Qt::NoModifier, form.menu().fileMenu),
+          std::tuple(Qt::Key_P, Qt::AltModifier, form.menu().puzzleMenu)}) {
         type(key, mods);
         EXPECT_TRUE(opened->isVisible());
         EXPECT_EQ(opened->activeAction(), opened->actions().value(0));
