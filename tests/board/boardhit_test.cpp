@@ -1,5 +1,4 @@
-// From a point on the board to a part and a move: pixel edges of the fixed layout, the cell
-// that covers a marker's corner, and the moves hitTest makes.
+// From a point on the board to a part and a move: pixel edges of the layout, hitTest's moves.
 #include "board/boardgeometry.h"
 #include "board/boardhit.h"
 

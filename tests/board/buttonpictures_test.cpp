@@ -1,5 +1,4 @@
-// The button pictures, pixel by pixel: black strokes on a clear ground, a folder and one page
-// (its corner folded) under three different signs.
+// The button pictures, pixel by pixel.
 #include "board/buttonpictures.h"
 
 #include <gtest/gtest.h>

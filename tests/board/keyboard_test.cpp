@@ -21,10 +21,8 @@ const BoardState Empty; // no word placed
 
 TEST(BoardFocus, TabCyclesTilesMarkersAndButtonsBothWays) {
     std::vector<FocusItem> order;
-    for (int i = 1; i <= 8; ++i)
-        order.push_back(T(i));
-    for (int k = 1; k <= 10; ++k)
-        order.push_back(M(k));
+    for (int n = 1; n <= 18; ++n)
+        order.push_back(n <= 8 ? T(n) : M(n - 8));
     order.insert(order.end(), {Dict, ShowSol, Reset, Create});
     ASSERT_EQ(order.size(), size_t(BoardFocus::ItemCount));
     for (size_t n = 0; n < order.size(); ++n) {
@@ -110,16 +108,20 @@ TEST_F(Keyboard, EnterOnATileOrMarkerIsItsClickAndMovesAreAnnounced) {
     EXPECT_EQ(BoardFocus::clickOf(M(10)), Move::marker(10));
     EXPECT_EQ(BoardFocus::clickOf(ShowSol), std::nullopt);
 
-    // Each move's announcement, "|" between: none for a move that changes nothing.
+    // Announcements, "|" between (none for a no-op); "+" where one change was signalled, "." none.
     QStringList said;
+    std::string changed;
     for (const Move move :
          {Move::tile(Pony), Move::tile(Pony), Move::marker(PonyOn), Move::tile(Play),
           Move::marker(GnawOn), Move::marker(PonyOn), Move::marker(PonyOn), Move::marker(5),
           Move::tile(Wrap), Move::marker(WrapOn), Move::solutionPress()}) {
         const BoardState before = m_board.state();
+        const int changes = m_changes;
         m_board.apply(move);
         said << BoardSpeech::announcement(move, before, m_board.state());
+        changed += m_changes == changes ? '.' : m_changes == changes + 1 ? '+' : '!';
     }
+    EXPECT_EQ(changed, "+.++.++.+++");
     EXPECT_EQ(said.join(u'|'), "pony selected||pony placed at start 3|play selected|play does not "
                                "fit at start 2|pony taken off start 3, selected|pony placed at "
                                "start 3||wrap selected|wrap placed at start 10|");
@@ -146,8 +148,6 @@ TEST_F(Keyboard, NamesSayWhatTheBoardMeansNotHowItLooks) {
          "blank"},
         {BoardSpeech::cellName(b, 1), "cell 2, p, left tip of the lines left to right and left "
                                       "to bottom right"},
-        {BoardSpeech::cellName(b, 0), "cell 1, empty, top tip of the lines top to bottom left "
-                                      "and top to bottom right"},
         {BoardSpeech::cellName(b, 7), "cell 8, empty, bottom crossing of the lines left to "
                                       "bottom right and right to bottom left"},
     };

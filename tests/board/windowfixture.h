@@ -1,5 +1,4 @@
-// The common set-up of the main-window tests: a program folder with the shipped schemes and the
-// eight-word dictionary, and a shown Form1 whose start-up has run with a fixed shuffle.
+// The main-window tests' set-up: shipped schemes, the eight-word dictionary, a fixed shuffle.
 #pragma once
 
 #include "board/form1.h"
@@ -25,28 +24,24 @@ protected:
         m_folder.writeLines(QStringLiteral("english1.txt"), testwords::kEight);
     }
 
-    // Opens the window and lets Timer1's tick load the dictionary written before.
-    Form1& start() {
+    Form1& start() { // lets Timer1's tick load the dictionary written before
         open();
         tickTimer1();
         return *m_form;
     }
 
-    // Opens the window before Timer1's tick: no dictionary yet.
-    Form1& open() {
+    Form1& open() { // before Timer1's tick: no dictionary yet
         m_form = std::make_unique<Form1>(m_settings, m_scheme, m_notifier, &m_msgForm);
         m_form->show();
         m_form->session().random().seed(1); // the shuffle that gives the small dictionary's puzzle
         return *m_form;
     }
 
-    // One tick of Timer1, which loads the dictionary.
     void tickTimer1() {
         m_form->timer1().stop();
         QMetaObject::invokeMethod(&m_form->timer1(), "timeout", Qt::DirectConnection);
     }
 
-    // A mouse click (press and release) at the centre of a part of the board.
     void clickBoard(BoardPart part, int index, Qt::MouseButton button = Qt::LeftButton) {
         QTest::mouseClick(&m_form->boardView(), button, {},
                           BoardView::toWidget(centreOf(part, index)));
