@@ -71,19 +71,6 @@ TEST_F(BoxControlTest, EdgesAndPictureLandOnWholePixels) {
         EXPECT_EQ(image.pixelColor(x, y), colour) << x << "," << y;
 }
 
-TEST_F(BoxControlTest, CaptionIsCentredInTheForeColour) {
-    make(59, 23).setForeColor(packRgb(255, 0, 0));
-    m_button.setCaption(QStringLiteral("Cancel"));
-    const QImage image = faceOf(m_button);
-    QRect ink;
-    for (int p = 0; p < 59 * 23; ++p) // reddish: caption ink, smoothed or not
-        if (image.pixelColor(p % 59, p / 59).red() > image.pixelColor(p % 59, p / 59).green() + 60)
-            ink |= QRect(p % 59, p / 59, 1, 1);
-    ASSERT_GT(ink.width(), 10);
-    EXPECT_NEAR((ink.left() + ink.right() + 1) / 2.0, 59 / 2.0, 1.5);
-    EXPECT_NEAR((ink.top() + ink.bottom() + 1) / 2.0, 23 / 2.0, 3.5);
-}
-
 TEST_F(BoxControlTest, PropertiesReadBackAsSetSystemColoursPaintFromThePalette) {
     BoxControl& button = make(40, 20);
     EXPECT_EQ(BoxControl().ForeColor(), SystemButtonText);

@@ -190,7 +190,6 @@ TEST(AboutForm, TakesTheSchemeAtEveryShowingWithTheFixedDarkGreyTextAndCloses) {
     const std::function<void()> closers[] = {
         [&] { QTest::mouseClick(about.aboutok(), Qt::RightButton); },
         [&] { QTest::mousePress(about.AboutText()->viewport(), Qt::LeftButton); },
-        [&] { QTest::mousePress(about.AboutText()->viewport(), Qt::MiddleButton); },
         [&] { QTest::keyClick(&about, Qt::Key_Escape); },
     };
     for (const auto& close : closers) {
