@@ -64,9 +64,11 @@ protected:
         painter.fillRect(rect(), palette().color(QPalette::Window));
         const QFontMetrics metrics(font());
         const QRect border = rect().adjusted(0, metrics.height() / 2, -1, -1);
-        painter.setPen(palette().color(QPalette::Dark));
+        // The etched edges in fixed greys, as the board's sunken borders: a dark desktop theme
+        // changes nothing inside a window painted in a scheme's colours.
+        painter.setPen(QColor(0x9f, 0x9f, 0x9f));
         painter.drawRect(border.adjusted(0, 0, -1, -1));
-        painter.setPen(palette().color(QPalette::Light));
+        painter.setPen(QColor(0xff, 0xff, 0xff));
         painter.drawRect(border.adjusted(1, 1, 0, 0));
         const QRect caption(6, 0, metrics.horizontalAdvance(title()) + 4, metrics.height());
         painter.fillRect(caption, palette().color(QPalette::Window));

@@ -24,12 +24,14 @@ struct BoardStyle {
     QColor text = Qt::black;         // the star's lines, the tiles' words, a selected tile's border
     QColor letters = Qt::black;      // the cells' letters
     QColor markers = Qt::black;      // the markers' "O"
-    QColor idleMarkers = Qt::gray;   // the markers while the board takes no clicks
-    QColor light = Qt::white;        // the lit edges of a sunken border (bottom, right)
-    QColor shadow = Qt::darkGray;    // the shaded edges of a sunken border (top, left)
-    QFont letterFont;                // cell letters (the board font, bold)
-    QFont tileFont;                  // tile words
-    QFont markerFont;                // the markers
+    // The greyed markers and the sunken borders' edges are fixed, not the desktop's 3D colours,
+    // so the board looks the same on a light and a dark desktop theme.
+    QColor idleMarkers = QColor(0xbe, 0xbe, 0xbe); // the markers while the board takes no clicks
+    QColor light = QColor(0xff, 0xff, 0xff);  // the lit edges of a sunken border (bottom, right)
+    QColor shadow = QColor(0x9f, 0x9f, 0x9f); // the shaded edges (top, left)
+    QFont letterFont;                         // cell letters (the board font, bold)
+    QFont tileFont;                           // tile words
+    QFont markerFont;                         // the markers
 
     bool showGround = true;  // fill the board's area with `ground` first
     bool showMarkers = true; // the ten markers

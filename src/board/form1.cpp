@@ -307,16 +307,12 @@ void Form1::SetCol() {
 
     // The board: star area and cells in the background colour, tiles in the button colour,
     // lines and tile words in the text colour; cell letters in the board font, bold.
-    const QPalette& palette = m_boardView->palette();
     BoardStyle style;
     style.ground = background;
     style.tileFace = button;
     style.text = text;
     style.letters = Qt::black;
     style.markers = Qt::black;
-    style.idleMarkers = palette.color(QPalette::Disabled, QPalette::WindowText);
-    style.light = palette.color(QPalette::Light);
-    style.shadow = palette.color(QPalette::Dark);
     style.letterFont = boardFont(m_settings.BoardFontName, m_settings.BoardFontSize, true);
     style.tileFont = boardFont(m_settings.BoardFontName, 12, false);
     style.markerFont = boardFont(QStringLiteral("Arial"), 12, true);

@@ -89,14 +89,15 @@ TEST_F(Form1Test, SetColPaintsSchemeColoursAndFontsAndFixedTextColoursOnADarkDes
     };
     const BoardStyle& style = form.boardView().boardStyle();
     // Scheme colours 2, 3 and 4 where they belong; text colours fixed, whatever the desktop's.
-    EXPECT_EQ(
-        (QList<QColor>{background(form.centralWidget()), style.ground, style.tileFace,
-                       OleTranslateColor(form.cmdcreate()->BackColor()),
-                       OleTranslateColor(m_msgForm.ButtonColor()), background(form.menuBar()),
-                       style.text, style.letters, style.markers, text(form.statusLine()),
-                       text(form.menuBar()), text(form.menu().fileMenu)}),
-        (QList<QColor>{colour(2), colour(2), colour(4), colour(4), colour(4), colour(3),
-                       QColor(28, 28, 28), Qt::black, Qt::black, Qt::black, Qt::black, Qt::black}));
+    EXPECT_EQ((QList<QColor>{background(form.centralWidget()), style.ground, style.tileFace,
+                             OleTranslateColor(form.cmdcreate()->BackColor()),
+                             OleTranslateColor(m_msgForm.ButtonColor()), background(form.menuBar()),
+                             style.text, style.letters, style.markers, text(form.statusLine()),
+                             text(form.menuBar()), text(form.menu().fileMenu), style.idleMarkers,
+                             style.light, style.shadow}),
+              (QList<QColor>{colour(2), colour(2), colour(4), colour(4), colour(4), colour(3),
+                             QColor(28, 28, 28), Qt::black, Qt::black, Qt::black, Qt::black,
+                             Qt::black, QColor(190, 190, 190), Qt::white, QColor(159, 159, 159)}));
     EXPECT_EQ(style.letterFont, QFont(QStringLiteral("Arial"), 18, QFont::Bold));
     EXPECT_EQ(std::pair(style.tileFont.pointSize(), style.tileFont.bold()), std::pair(12, false));
     QApplication::setPalette(desktop);
