@@ -66,15 +66,16 @@ TEST_F(KeyboardWindowTest, AGameWithKeysAlone) {
     tabTo(FocusItem::button(BoardButton::ShowSolution));
     EXPECT_FALSE(form.boardView().focusRingVisible());
     ASSERT_EQ(QApplication::focusWidget(), form.cmdshowsol());
-    QTest::keyPress(form.cmdshowsol(), Qt::Key_Space);
-    QTest::keyPress(form.cmdshowsol(), Qt::Key_Space, {}, -1); // auto-repeat changes nothing
+    QTest::keyPress(form.cmdshowsol(), Qt::Key_Space, Qt::ControlModifier); // Ctrl too
     EXPECT_TRUE(board().solutionShown);
+    QTest::keyPress(form.cmdshowsol(), Qt::Key_Space); // a second press while held: no change
     QTest::keyRelease(form.cmdshowsol(), Qt::Key_Space);
     EXPECT_FALSE(board().solutionShown);
 
     type(Qt::Key_Tab, Qt::ShiftModifier);
     type(Qt::Key_Right);
     type(Qt::Key_Right);
+    type(Qt::Key_K, Qt::ControlModifier); // with Ctrl held, no letter jump to "keep"
     ASSERT_EQ(focus(), FocusItem::button(BoardButton::Reset));
     m_notifier.queueAnswer(AnswerYes);
     type(Qt::Key_Return);
