@@ -19,6 +19,8 @@ for target in "$build"/fuzz/fuzz_*; do
     work="$build/corpus/$name"
     log="$build/logs/$name.log"
     mkdir -p "$work"
+    # The shipped help page seeds its target from data/ itself, so the seed never goes stale.
+    [ "$name" = fuzz_helppage ] && cp "$root/data/pentalink.htm" "$work/shipped.htm"
     started=$(date +%s)
     "$target" -max_total_time="$seconds" -malloc_limit_mb=100 -timeout=10 -print_final_stats=1 \
         -artifact_prefix="$build/crashes/$name-" "$work" "$root/fuzz/corpus/${name#fuzz_}" \
