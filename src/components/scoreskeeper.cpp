@@ -5,6 +5,7 @@
 #include "core/appfolder.h"
 #include "core/atomicwrite.h"
 #include "core/notifier.h"
+#include "core/regularfile.h"
 #include "core/textdecoding.h"
 
 #include <QCoreApplication>
@@ -46,8 +47,10 @@ void ScoresKeeper::start() {
         ShowScores(record);
         return;
     }
+    // Opened only as a regular file and without waiting, should the name have changed into a
+    // FIFO since the look above.
     QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly))
+    if (openRegularFile(file, m_path))
         bytes = file.read(kMaxLineBytes);
     const QStringList lines = splitTextLines(decodeText(bytes));
     QString record = UnscrambleScores(lines.isEmpty() ? QString() : lines.first());
