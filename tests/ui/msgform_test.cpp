@@ -64,6 +64,7 @@ TEST_F(MsgFormTest, AnyMouseButtonTabAndSpaceAnswerAndEnterOnlyAnOkFirstButton) 
         {"", typed({Qt::Key_Enter}), 1}, // keypad Enter
         {"vbcancel+vbok", typed({Qt::Key_Return, Qt::Key_Enter}, 0), 2},
         {"vbyesno", typed({Qt::Key_Return, Qt::Key_Escape, Qt::Key_Y, Qt::Key_Space}, 0), 6},
+        {"vbokcancel", typed({Qt::Key_Escape, Qt::Key_O, Qt::Key_Space}, 1), 2}, // only Enter: Ok
         {"vbabortretryignore", [](MsgForm& f) { click(f, 2, Qt::MiddleButton); }, 5},
         // Tab moves the focus round the buttons; Space answers with it, Enter keeps its rule.
         {"vbQuestion + vbYesNo", typed({Qt::Key_Backtab, Qt::Key_Space}), 7},
