@@ -170,7 +170,7 @@ TEST_F(PentalinkGenTest, BookletsHoldTheJsonPuzzlesOnTheLocalesPaper) {
             if (json.contains(token))
                 words << token;
         EXPECT_EQ(words, json + json);
-        EXPECT_TRUE(text.contains(QStringLiteral("Seed 7. Made with: pentalink-gen ")));
+        EXPECT_TRUE(text.contains(u'\n' + row.pages + "\nSeed 7. Made with: pentalink-gen "));
 
         const QString info = runGen({pdf}, QStringLiteral("pdfinfo")).out;
         EXPECT_TRUE(info.contains(QRegularExpression("\\nPages: +" + row.pages + "\\n")));
