@@ -1,4 +1,5 @@
 // The kit's rules that need no display: message styles and layout, button faces, help.
+#include "core/twips.h"
 #include "ui/boxgeometry.h"
 #include "ui/helprules.h"
 #include "ui/msgstyle.h"
@@ -82,6 +83,8 @@ TEST(BoxGeometry, EdgesPictureCornerAndCaptionOfAFaceLandOnWholePixels) {
                                            {30, 2}, {865, 57},  {2985, 199}, {-0.5, -1}};
     for (const auto& [twips, pixel] : rows)
         EXPECT_EQ(BoxGeometry::toPixel(twips), pixel) << twips;
+    // Window layouts round to the nearest pixel instead, from 8 of the 15 twips on.
+    EXPECT_EQ(Twips::toPixels(QRect(788, 7, 8, -8)), QRect(53, 0, 1, -1));
 }
 
 TEST(HelpRules, BackAndForwardActOnlyOnAnAddressWithAnAnchor) {
