@@ -159,8 +159,8 @@ TEST_F(ClockTest, DigitWidthAndTheFaceGeometry) {
         EXPECT_EQ(clock->lineWidth(32), drawn);
         EXPECT_EQ(clock->lineWidth(kLowerDot), drawn);
     }
-    EXPECT_EQ(segmentLine(0, 1), QLine(135, 285, 255, 285));
-    EXPECT_EQ(segmentLine(1, 1), QLine(510, 285, 630, 285));
+    for (const auto& [p, x] : {std::pair{0, 135}, {1, 510}, {2, 975}, {3, 1350}}) // 0, 2: 15 left
+        EXPECT_EQ(segmentLine(p, 1), QLine(x, 285, x + 120, 285)) << p;
 }
 
 } // namespace
