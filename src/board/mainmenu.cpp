@@ -49,10 +49,11 @@ MainMenu::MainMenu(QMenuBar* bar) {
     copyMenu = puzzleMenu->addMenu(QStringLiteral("Copy to Clipboard"));
     copyMenu->setObjectName(QStringLiteral("mnucopy2clip"));
     copyMenu->menuAction()->setObjectName(QStringLiteral("mnucopy2clip"));
-    copyEntries[0] = addEntry(copyMenu, "mnu2clip0", QStringLiteral("Puzzle"));
-    copyEntries[1] = addEntry(copyMenu, "mnu2clip1", QStringLiteral("Solution"));
-    copyEntries[2] = addSeparator(copyMenu, "mnu2clip2");
-    copyEntries[3] = addEntry(copyMenu, "mnu2clip3", QStringLiteral("Cancel"));
+    // A braced list runs its calls in order, so the entries appear as listed.
+    copyEntries = {addEntry(copyMenu, "mnu2clip0", QStringLiteral("Puzzle")),
+                   addEntry(copyMenu, "mnu2clip1", QStringLiteral("Solution")),
+                   addSeparator(copyMenu, "mnu2clip2"),
+                   addEntry(copyMenu, "mnu2clip3", QStringLiteral("Cancel"))};
     addSeparator(puzzleMenu, "dash5");
     puzzleCancel = addEntry(puzzleMenu, "can6", QStringLiteral("Cancel"));
 
