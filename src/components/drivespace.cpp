@@ -11,14 +11,12 @@
 #include <sys/statvfs.h>
 #include <sys/sysmacros.h>
 
-namespace {
-
-bool isRemovableDevice(const QString& path) {
+bool isRemovableDevice(const QString& path, const QString& sysBlock) {
     struct stat info {};
     if (::stat(QFile::encodeName(path).constData(), &info) != 0)
         return false;
     const QString device =
-        QStringLiteral("/sys/dev/block/%1:%2/").arg(major(info.st_dev)).arg(minor(info.st_dev));
+        sysBlock + QStringLiteral("%1:%2/").arg(major(info.st_dev)).arg(minor(info.st_dev));
     // A partition carries no flag of its own; its parent disk does.
     for (const QString& candidate :
          {device + QStringLiteral("removable"), device + QStringLiteral("../removable")}) {
@@ -28,8 +26,6 @@ bool isRemovableDevice(const QString& path) {
     }
     return false;
 }
-
-} // namespace
 
 QString existingAncestor(const QString& path) {
     QFileInfo info(QDir::current().absoluteFilePath(path));

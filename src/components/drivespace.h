@@ -29,6 +29,12 @@ QString existingAncestor(const QString& path);
 // empty (callers answer -1 for that before asking).
 DriveSpace querySpace(const QString& path);
 
+// What the kernel says of the block device holding `path`: its "removable" flag under
+// `sysBlock` (one folder per device number), the device's own or, for a partition, which has
+// none, its parent disk's. False when neither says "1".
+bool isRemovableDevice(const QString& path,
+                       const QString& sysBlock = QStringLiteral("/sys/dev/block/"));
+
 // The kind of the file system holding existingAncestor(path), by statfs; DriveUnknown for
 // an empty path or a failed query.
 qint16 driveTypeOf(const QString& path);

@@ -1,5 +1,6 @@
 // The compressed-file container: layout, round trips, refusals, limits, free space, memory.
 #include "components/clszip.h"
+#include "components/drivespace.h"
 #include "components/ziperror.h"
 #include "components/zipformat.h"
 
@@ -17,6 +18,8 @@
 
 #include <zlib.h>
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -111,6 +114,21 @@ TEST_F(ZipTest, LevelConversionsRoundHalfToEvenAndClamp) {
     }
     EXPECT_EQ(zipformat::bufferBound(50), 62);   // 62.5
     EXPECT_EQ(zipformat::bufferBound(150), 164); // 163.5
+}
+
+// The removable flag: the device's own, else (a partition's) its parent disk's. Files are
+// written one after another under a folder standing in for the system's device list.
+TEST_F(ZipTest, RemovableDrivesByTheDevicesOwnFlagOrElseItsDisks) {
+    struct stat info {};
+    ASSERT_EQ(::stat(QFile::encodeName(folder.path()).constData(), &info), 0);
+    const QString own = QStringLiteral("%1:%2/").arg(major(info.st_dev)).arg(minor(info.st_dev));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(own));
+    for (const auto& [name, flag, removable] : {std::tuple(QString("none"), "1", false),
+                                                {"removable", "1\n", true},
+                                                {own + "removable", "0", false}}) {
+        write(name, flag);
+        EXPECT_EQ(isRemovableDevice(folder.path(), folder.path()), removable) << name.toStdString();
+    }
 }
 
 TEST_F(ZipTest, ForeignFileIsRefusedWithTheNoticeAndNothingAppears) {
