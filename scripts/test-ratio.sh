@@ -12,7 +12,7 @@ count() { # non-blank lines of the given files; grep -I skips binary files
 }
 tests=$(find tests -type f -print0 | count)
 src=$(find src -type f \( -name '*.cpp' -o -name '*.h' \) -print0 | count)
-ratio=$(awk -v t="$tests" -v s="$src" 'BEGIN { printf "%.3f", (s ? t / s : 0) }')
+ratio=$(awk -v t="$tests" -v s="$src" 'BEGIN { printf "%.4f", (s ? t / s : 0) }')
 echo "test lines $tests, source lines $src: ratio $ratio (limit $limit)"
 if awk -v r="$ratio" -v l="$limit" 'BEGIN { exit !(r > l) }'; then
     echo "the tests have grown past $limit of the code: make new cases rows in existing tables" >&2
