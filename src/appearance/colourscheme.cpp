@@ -1,6 +1,7 @@
 // The colour-scheme table and the operations on the collection; see colourscheme.h.
 #include "appearance/colourscheme.h"
 
+#include "core/atomicwrite.h"
 #include "core/notifier.h"
 
 #include <QFileInfo>
@@ -52,10 +53,10 @@ QStringList listedNames(const QStringList& lines) {
 
 ColourScheme::ColourScheme(Settings& settings)
     : m_settings(settings)
-    , m_writer(SchemeFile::writeAtomically) {}
+    , m_writer(writeFileAtomically) {}
 
 void ColourScheme::setWriter(SchemeFile::Writer writer) {
-    m_writer = writer ? std::move(writer) : SchemeFile::Writer(SchemeFile::writeAtomically);
+    m_writer = writer ? std::move(writer) : SchemeFile::Writer(writeFileAtomically);
 }
 
 bool ColourScheme::LoadColourScheme(const QString& schemeFile) {

@@ -46,7 +46,7 @@ public:
 
     // Where failure messages go; none shows nothing.
     void setNotifier(Notifier* notifier) { m_notifier = notifier; }
-    // How whole files are written (default SchemeFile::writeAtomically); tests make it fail.
+    // How whole files are written (default writeFileAtomically); tests make it fail.
     void setWriter(SchemeFile::Writer writer);
 
     // The shipped "xp.col" as the main window's loader reads it. The table starts from it, so

@@ -1,7 +1,6 @@
 // The scheme collection file as lines; see schemefile.h.
 #include "appearance/schemefile.h"
 
-#include "core/atomicwrite.h"
 #include "core/regularfile.h"
 #include "core/textdecoding.h"
 
@@ -26,10 +25,6 @@ std::optional<QByteArray> toReadableBytes(const QStringList& lines) {
     if (bytes.size() > MaxBytes)
         return std::nullopt;
     return bytes;
-}
-
-bool writeAtomically(const QString& path, const QByteArray& bytes) {
-    return writeFileAtomically(path, bytes);
 }
 
 std::optional<QStringList> rewriteSections(const QStringList& lines, const QString& header,

@@ -34,10 +34,6 @@ QByteArray toBytes(const QStringList& lines);
 // a rewrite must never leave a collection the program can no longer read.
 std::optional<QByteArray> toReadableBytes(const QStringList& lines);
 
-// The default Writer: writeFileAtomically() (core/atomicwrite.h), so a failure leaves the old
-// file as it was and a power cut cannot bring it back after a success.
-bool writeAtomically(const QString& path, const QByteArray& bytes);
-
 // `lines` with every section headed exactly `header` (the header and the ColourLines lines
 // after it) dropped, and `replacement` written in the place of each. Empty when a matching
 // header has fewer than ColourLines lines after it (a section cut short).
