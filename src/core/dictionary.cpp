@@ -53,8 +53,6 @@ QStringView markedReverse(QStringView word, ReverseBuffer& buffer) {
     return QStringView(buffer.data(), word.size() + 1);
 }
 
-const QString kNoMemory = QStringLiteral("There is not enough memory for its words.");
-
 QString megabytes(qint64 bytes) {
     return QString::number((bytes + (1 << 20) - 1) >> 20) + QStringLiteral(" MB");
 }
@@ -210,7 +208,7 @@ bool DictionaryLoader::LoadDictionary(const QString& path) {
         try {
             filled = fill(contents);
         } catch (const std::bad_alloc&) {
-            m_error = kNoMemory;
+            m_error = notEnoughMemoryText();
         }
         if (!filled) {
             m_wordList.Clear(); // the old list is gone already
@@ -239,7 +237,7 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         return false;
     }
     if (!m_wordList.reserveForAppend(2 * count, units)) {
-        m_error = kNoMemory;
+        m_error = notEnoughMemoryText();
         return false;
     }
     int sinceLastPoll = 0;
@@ -264,7 +262,7 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
                 return false;
         }
         if (!appended)
-            m_error = kNoMemory;
+            m_error = notEnoughMemoryText();
         return appended;
     }
 
@@ -292,8 +290,8 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         std::vector<quint32>().swap(numbers);
 
     std::vector<RunEntry> run;
-    auto entryText = [&](const RunEntry& e) {
-        return e.reversed ? markedReverse(words.word(e.word), buffer) : words.word(e.word);
+    auto entryText = [&](const RunEntry& e, ReverseBuffer& into) {
+        return e.reversed ? markedReverse(words.word(e.word), into) : words.word(e.word);
     };
     // The words are visited in random order: their texts are fetched ahead of use.
     auto fetchAhead = [&](qsizetype k) {
@@ -317,7 +315,7 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
                 fetchAhead(i + kAhead);
                 for (const bool reversed : {false, true}) {
                     RunEntry e{0, order[i], reversed};
-                    const std::optional<quint64> key = asciiKey(entryText(e));
+                    const std::optional<quint64> key = asciiKey(entryText(e, buffer));
                     keyed = keyed && key.has_value();
                     e.key = key.value_or(0) | run.size();
                     run.push_back(e);
@@ -329,16 +327,12 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
             } else { // a text beyond ASCII: compared as texts, each in a buffer of its own
                 ReverseBuffer left;
                 ReverseBuffer right;
-                auto text = [&](const RunEntry& e, ReverseBuffer& into) {
-                    return e.reversed ? markedReverse(words.word(e.word), into)
-                                      : words.word(e.word);
-                };
                 std::stable_sort(run.begin(), run.end(), [&](const RunEntry& a, const RunEntry& b) {
-                    return compareIgnoringCase(text(a, left), text(b, right)) < 0;
+                    return compareIgnoringCase(entryText(a, left), entryText(b, right)) < 0;
                 });
             }
             for (const RunEntry& e : run)
-                append(entryText(e));
+                append(entryText(e, buffer));
         }
     };
     if (walkNumbers) {
@@ -360,6 +354,6 @@ bool DictionaryLoader::fill(const DictionaryFileContents& words) {
         }
     }
     if (!appended)
-        m_error = kNoMemory;
+        m_error = notEnoughMemoryText();
     return appended;
 }

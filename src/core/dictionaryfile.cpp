@@ -198,8 +198,6 @@ bool readChunks(QFile& file, EventPump* pump, QString& error, Decode decode) {
 
 namespace {
 
-const QString kNoMemory = QStringLiteral("There is not enough memory for its words.");
-
 // Room for the most text a file of `bytes` bytes can give: four code units per line of at
 // least five bytes. The pages are taken only as they are written.
 void reserveFor(std::vector<char16_t>& text, qint64 bytes) {
@@ -229,7 +227,7 @@ bool readLines(QFile& file, EventPump* pump, const MemoryCheck& mayTake,
         return false;
     }
     if (!lines.withinMemory()) {
-        result.error = kNoMemory;
+        result.error = notEnoughMemoryText();
         return false;
     }
     if (!valid)
@@ -239,6 +237,10 @@ bool readLines(QFile& file, EventPump* pump, const MemoryCheck& mayTake,
 }
 
 } // namespace
+
+QString notEnoughMemoryText() {
+    return QStringLiteral("There is not enough memory for its words.");
+}
 
 DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump,
                                           const MemoryCheck& mayTake) {
@@ -276,7 +278,7 @@ DictionaryFileContents readDictionaryFile(const QString& path, EventPump* pump,
     } catch (const std::bad_alloc&) {
         result.text = {};
         result.starts = {};
-        result.error = kNoMemory;
+        result.error = notEnoughMemoryText();
         return result;
     }
     result.ok = true;

@@ -40,6 +40,9 @@ struct DictionaryFileContents {
     }
 };
 
+// The reason a load gives when the words do not fit in the memory there is.
+QString notEnoughMemoryText();
+
 // Says whether `bytes` more may be taken; false stops the reading ("not enough memory").
 using MemoryCheck = std::function<bool(qint64 bytes)>;
 
