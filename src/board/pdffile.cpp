@@ -1,6 +1,8 @@
 // Writing a PDF file; see pdffile.h.
 #include "board/pdffile.h"
 
+#include "core/atomicwrite.h"
+
 #include <QDir>
 #include <QPainter>
 #include <QPdfWriter>
@@ -49,5 +51,6 @@ QString writePdf(const QString& path, const PdfDocument& document,
     }
     if (!file.commit())
         return cannot + QStringLiteral(": ") + file.errorString();
+    syncFolderOf(path); // as for every rename: a power cut cannot undo it
     return {};
 }
