@@ -181,12 +181,9 @@ QAccessibleInterface* boardFactory(const QString& className, QObject* object) {
 } // namespace
 
 void installBoardAccessibility() {
-    static bool installed = false;
-    if (!installed) {
-        installKitAccessibility();
-        QAccessible::installFactory(boardFactory);
-        installed = true;
-    }
+    installKitAccessibility();
+    [[maybe_unused]] static const bool installed =
+        (QAccessible::installFactory(boardFactory), true); // once, on the first call
 }
 
 namespace BoardAccessibility {

@@ -79,9 +79,6 @@ QAccessibleInterface* kitFactory(const QString& className, QObject* object) {
 } // namespace
 
 void installKitAccessibility() {
-    static bool installed = false;
-    if (!installed) {
-        QAccessible::installFactory(kitFactory);
-        installed = true;
-    }
+    // Once per process: a function-local static is initialised on the first call only.
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(kitFactory), true);
 }
