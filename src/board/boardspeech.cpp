@@ -71,12 +71,11 @@ QString tileName(const BoardState& board, int tile) {
 }
 
 QString markerName(const BoardState& board, int marker) {
-    static const StarGrid star;
     const int tile = board.placedTile[static_cast<size_t>(marker)];
     const QString holds = tile == BoardState::NoTile
                               ? QStringLiteral("empty")
                               : QStringLiteral("holds ") + tileOf(board, tile).word;
-    const std::array<int, 4> cells = star.cellsOf(marker);
+    const std::array<int, 4> cells = StarGrid::cellsOf(marker);
     QStringList numbers;
     QStringList letters;
     for (const int c : cells) {

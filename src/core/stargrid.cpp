@@ -45,7 +45,7 @@ StarGrid::StarGrid() {
     }
 }
 
-std::array<int, 4> StarGrid::cellsOf(int direction) const {
+std::array<int, 4> StarGrid::cellsOf(int direction) {
     if (!validDirection(direction))
         return {-1, -1, -1, -1};
     const Direction d = kDirections[direction - 1];

@@ -37,7 +37,7 @@ public:
 
     // The cells of direction k (1..10) in reading order, from the fixed tables (LineTable
     // spells the same digits). k outside 1..10 yields {-1,-1,-1,-1}.
-    std::array<int, 4> cellsOf(int direction) const;
+    static std::array<int, 4> cellsOf(int direction);
     // The cells of line 0..4, from one end to the other in drawing order.
     static std::array<int, 4> lineCells(int line);
     // The two lines (0..4, ascending) through cell 0..9.
