@@ -116,8 +116,7 @@ TEST_F(ZipTest, LevelConversionsRoundHalfToEvenAndClamp) {
     EXPECT_EQ(zipformat::bufferBound(150), 164); // 163.5
 }
 
-// The removable flag: the device's own, else (a partition's) its parent disk's. Files are
-// written one after another under a folder standing in for the system's device list.
+// The device's own removable flag, else (a partition's) its disk's, under a stand-in device list.
 TEST_F(ZipTest, RemovableDrivesByTheDevicesOwnFlagOrElseItsDisks) {
     struct stat info {};
     ASSERT_EQ(::stat(QFile::encodeName(folder.path()).constData(), &info), 0);

@@ -25,18 +25,12 @@ TEST(EventPump, RunsOnlyWhenTheIntervalHasPassed) {
     qint64 now = 1000;
     int runs = 0;
     EventPump pump([&runs] { ++runs; }, 5, [&now] { return now; });
-    pump.poll();
-    now += 4;
-    pump.poll();
-    EXPECT_EQ(runs, 0);
-    now += 1;
-    pump.poll();
-    EXPECT_EQ(runs, 1);
-    pump.poll();
-    EXPECT_EQ(runs, 1);
-    pump.runNow();
-    EXPECT_EQ(runs, 2);
-    now += 5;
-    pump.poll();
-    EXPECT_EQ(runs, 3);
+    // Milliseconds passed, then a poll ('p') or a run at once ('r'), and the runs so far.
+    const std::tuple<int, char, int> steps[] = {{0, 'p', 0}, {4, 'p', 0}, {1, 'p', 1},
+                                                {0, 'p', 1}, {0, 'r', 2}, {5, 'p', 3}};
+    for (const auto& [passed, how, expected] : steps) {
+        now += passed;
+        how == 'r' ? pump.runNow() : pump.poll();
+        EXPECT_EQ(runs, expected) << now;
+    }
 }
